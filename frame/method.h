@@ -146,25 +146,25 @@ struct Typed : ArgumentDraft {
 };
 
 template <class T>
-consteval Typed<T, 'i'> value(const char *type, const char *name) {
+constexpr Typed<T, 'i'> value(const char *type, const char *name) {
     static_assert(is_scalar<T> && sizeof(T) <= 4, "rows: a value argument is no scalar of 8, 16 or 32 bits");
     return {{type, name, ArgumentKind::value, {sizeof(T), is_signed<T>()}}};
 }
 
 template <class T>
-consteval Typed<element_of<T> *, 'A'> element_pointer(const char *type, const char *name) {
+constexpr Typed<element_of<T> *, 'A'> element_pointer(const char *type, const char *name) {
     using Element = element_of<T>;
     static_assert(is_scalar<Element> && sizeof(Element) <= 4, "rows: the elements are no scalars of 8, 16 or 32 bits");
     return {{type, name, ArgumentKind::element, {sizeof(Element), is_signed<Element>()}, sizeof(T)}};
 }
 
 template <class T>
-consteval Typed<T *, 'S'> udt_pointer(const char *type, const char *name, const Udt &udt) {
+constexpr Typed<T *, 'S'> udt_pointer(const char *type, const char *name, const Udt &udt) {
     return {{type, name, ArgumentKind::udt, {}, 0, &udt}};
 }
 
 // The block is taken by the byte, as for an unsigned char *, though pointers are stored in it: a decision of this system.
-consteval Typed<void *, 'A'> cookie(const char *name) { return {{"void", name, ArgumentKind::cookie, {1, false}, 1}}; }
+constexpr Typed<void *, 'A'> cookie(const char *name) { return {{"void", name, ArgumentKind::cookie, {1, false}, 1}}; }
 
 template <char... letters>
 inline constexpr char signature_text[] = {'i', ':', letters..., '\0'};
@@ -178,7 +178,7 @@ struct MethodDraft {
 };
 
 template <class R>
-consteval Returns returns() {
+constexpr Returns returns() {
     if constexpr (std::is_void_v<R>) return Returns::nothing;
     else if constexpr (std::is_same_v<R, vx_status_e>) return Returns::status;
     else if constexpr (std::is_same_v<R, vx_int32>) return Returns::int32;
@@ -204,14 +204,14 @@ template <class R, class... P>
 struct Prototype<R(P...)> {
     using result = R;
     template <class... A>
-    static consteval bool matches() {
+    static constexpr bool matches() {
         if constexpr (sizeof...(P) != sizeof...(A)) return false;
         else return (std::is_same_v<P, typename A::parameter> && ...);
     }
 };
 
 template <class F, class... A>
-consteval MethodDraft<sizeof...(A)> method(const char *api, const Help &help, const A &...arguments) {
+constexpr MethodDraft<sizeof...(A)> method(const char *api, const Help &help, const A &...arguments) {
     static_assert(sizeof...(A) <= most_arguments);
     static_assert(Prototype<F>::template matches<A...>(), "rows: number, order or type of the arguments differ from the prototype");
     return {api, signature_text<A::letter...>, help, returns<typename Prototype<F>::result>(), {arguments...}};
@@ -227,12 +227,12 @@ struct HelpText {
             if (to) to[size] = c;
             ++size;
         }
-        constexpr void put(std::string_view text) {
-            for (char c : text) put(c);
+        constexpr void put(std::string_view words) {
+            for (char c : words) put(c);
         }
-        constexpr void lines(std::string_view indent, std::string_view text) {
+        constexpr void lines(std::string_view indent, std::string_view words) {
             bool begin = true;
-            for (char c : text) {
+            for (char c : words) {
                 if (begin) put(indent);
                 put(c);
                 begin = c == '\n';
@@ -298,7 +298,7 @@ struct PackedMethod {
             const ArgumentDraft &argument = draft.arguments[i];
             result.arguments[i] = {result.strings.add(argument.name), result.strings.add(argument.type), argument.kind,
                                    argument.scalar, uint8_t(argument.unit), uint8_t(result.udt_count)};
-            if (argument.udt) result.udts[result.udt_count++] = argument.udt;
+            if (argument.kind == ArgumentKind::udt) result.udts[result.udt_count++] = argument.udt;
         }
         return result;
     }
@@ -308,13 +308,13 @@ struct PackedMethod {
 };
 
 template <const auto &draft>
-consteval const char *help_text() {
+constexpr const char *help_text() {
     if constexpr (draft.help.title == nullptr) return no_help_text;
     else return HelpText<draft>::text.data();
 }
 
 template <const auto &draft>
-consteval Method packed_method() {
+constexpr Method packed_method() {
     using P = PackedMethod<draft>;
     return {draft.signature, help_text<draft>(), P::strings.data(), P::arguments.data(), P::udts.data(), uint8_t(P::count), draft.returns};
 }

@@ -42,12 +42,12 @@ struct Encoder {
     }
 
     // The text up to its terminator, which may lie behind the member (see the decoder). The bytes there need not be
-    // UTF-8, which the library refuses with NULL and a fault: then the text ends before them, as no fault may follow a
-    // driver call.
+    // UTF-8, which the library refuses with a fault and no value: then the text ends before them, as no fault may follow
+    // a driver call.
     xmlrpc_value *string(const char *text) {
         size_t length = strlen(text);
         xmlrpc_value *value = xmlrpc_string_new(env, text);
-        while (!value && length > 0) {
+        while (env->fault_occurred && length > 0) {
             xmlrpc_env_clean(env);
             xmlrpc_env_init(env);
             value = xmlrpc_string_new_lp(env, --length, text);
