@@ -1,0 +1,207 @@
+// The heap calls of the built plug-in, counted one by one: those of a handler and those of the tracker. This program's
+// own malloc and its like note each call that comes from the plug-in, and pass all on to the C library's.
+#include <dlfcn.h>
+#include <link.h>
+
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "lmq/lmq.h"
+#include "lmq_xmlrpc.h"
+#include "tests/engine/values.h"
+
+extern "C" {
+void *__libc_malloc(size_t);
+void *__libc_calloc(size_t, size_t);
+void *__libc_realloc(void *, size_t);
+void __libc_free(void *);
+}
+
+namespace {
+
+struct HeapCall {
+    enum What { malloc, calloc, realloc, free } what;
+    size_t size; // bytes, or 0 for free
+    const void *block;
+};
+
+uintptr_t plugin_begin, plugin_end; // code of the plug-in
+std::vector<HeapCall> *heap_calls;  // NULL: nothing is noted
+
+void note(const void *from, HeapCall::What what, size_t size, const void *block) {
+    const auto at = reinterpret_cast<uintptr_t>(from);
+    if (!heap_calls || at < plugin_begin || at >= plugin_end) return;
+    auto *into = heap_calls;
+    heap_calls = nullptr; // the vector's own
+    into->push_back({what, size, block});
+    heap_calls = into;
+}
+
+} // namespace
+
+extern "C" {
+void *malloc(size_t size) {
+    void *block = __libc_malloc(size);
+    note(__builtin_return_address(0), HeapCall::malloc, size, block);
+    return block;
+}
+void *calloc(size_t count, size_t size) {
+    void *block = __libc_calloc(count, size);
+    note(__builtin_return_address(0), HeapCall::calloc, count * size, block);
+    return block;
+}
+void *realloc(void *old, size_t size) {
+    void *block = __libc_realloc(old, size);
+    note(__builtin_return_address(0), HeapCall::realloc, size, block);
+    return block;
+}
+void free(void *block) {
+    note(__builtin_return_address(0), HeapCall::free, 0, block);
+    __libc_free(block);
+}
+}
+
+namespace {
+
+using Handler = xmlrpc_value *(xmlrpc_env *, xmlrpc_value *, void *, void *);
+
+// Stands in for the library's registry, as the plug-in finds the program's function first: it keeps the handlers.
+std::vector<std::pair<std::string, Handler *>> registered;
+
+struct Plugin {
+    void *driver = dlopen(DRIVER, RTLD_NOW | RTLD_GLOBAL); // first, as a host does
+    void *library = dlopen(PLUGIN, RTLD_NOW | RTLD_LOCAL);
+    void (*initialize)() = symbol<void()>("__x_mm_initialize");
+    void (*add_ptr)(void *) = symbol<void(void *)>("__x_mm_add_ptr");
+    void (*free_all)() = symbol<void()>("__x_mm_free");
+
+    Plugin() {
+        dl_iterate_phdr(
+            [](dl_phdr_info *info, size_t, void *) {
+                if (std::string(info->dlpi_name) != PLUGIN) return 0;
+                for (int i = 0; i < info->dlpi_phnum; ++i) {
+                    const auto &segment = info->dlpi_phdr[i];
+                    if (segment.p_type != PT_LOAD || !(segment.p_flags & PF_X)) continue;
+                    plugin_begin = info->dlpi_addr + segment.p_vaddr;
+                    plugin_end = plugin_begin + segment.p_memsz;
+                }
+                return 1;
+            },
+            nullptr);
+        Env env;
+        symbol<int(xmlrpc_registry *, xmlrpc_env *)>("xrpc_init")(nullptr, env);
+    }
+
+    template <class F>
+    F *symbol(const char *name) {
+        if (!library) throw std::runtime_error(dlerror());
+        return reinterpret_cast<F *>(dlsym(library, name));
+    }
+
+    Handler *handler(const std::string &name) {
+        for (const auto &[known, handler] : registered)
+            if (known == name) return handler;
+        throw std::runtime_error("not registered: " + name);
+    }
+};
+
+Plugin &plugin() {
+    static Plugin loaded;
+    return loaded;
+}
+
+// The heap calls of an action, as "malloc 80 A, calloc 2 B, free B": blocks are lettered in order of appearance.
+template <class Action>
+std::string heap_calls_of(Action action) {
+    std::vector<HeapCall> calls;
+    heap_calls = &calls;
+    action();
+    heap_calls = nullptr;
+    std::vector<const void *> blocks;
+    std::string text;
+    for (const HeapCall &call : calls) {
+        static const char *const names[] = {"malloc", "calloc", "realloc", "free"};
+        size_t letter = 0;
+        while (letter < blocks.size() && blocks[letter] != call.block) ++letter;
+        if (letter == blocks.size()) blocks.push_back(call.block);
+        text += text.empty() ? "" : ", ";
+        text += names[call.what];
+        if (call.size) text += " " + std::to_string(call.size);
+        text += " ";
+        text += call.block ? std::string(1, static_cast<char>('A' + letter)) : "NULL";
+        if (call.what == HeapCall::free) blocks[letter] = reinterpret_cast<const void *>(1); // its address may come again
+    }
+    return text;
+}
+
+std::string heap_calls_of(const std::string &method, const std::string &parameters) {
+    Value array = from_json(parameters);
+    Handler *handler = plugin().handler(method);
+    return heap_calls_of([&] {
+        Env env;
+        Value(handler(env, array.get(), nullptr, nullptr));
+    });
+}
+
+const std::string list = std::to_string(10 * sizeof(void *));
+const std::string longer_list = std::to_string(20 * sizeof(void *));
+
+TEST(Heap, AHandlerTakesOneBlockForEachPointerArgument) {
+    const std::string watchdog = std::to_string(2 * sizeof(vx_watchdog_cfg_t));
+    EXPECT_EQ(heap_calls_of("lmq.vx_reset", "[0,0]"), "malloc " + list + " A, free A, malloc " + list + " B");
+    EXPECT_EQ(heap_calls_of("lmq.vx_watchdog_get", "[0,{}]"),
+              "malloc " + list + " A, calloc " + watchdog + " B, free B, free A, malloc " + list + " C");
+    EXPECT_EQ(heap_calls_of("lmq.vx_watchdog_get", "[0,[]]"), "malloc " + list + " A, free A, malloc " + list + " B");
+    EXPECT_EQ(heap_calls_of("lmq.vx_mac_addr_get", "[0,[0,0,0,0,0,0]]"), // seven units of six bytes
+              "malloc " + list + " A, calloc 42 B, free B, free A, malloc " + list + " C");
+}
+
+TEST(Heap, AFaultedCallGivesNothingBackAndARefusedCountTakesNothing) {
+    EXPECT_EQ(heap_calls_of("lmq.vx_watchdog_get", "[0]"), "");
+    EXPECT_EQ(heap_calls_of("lmq.vx_watchdog_get", "[true,{}]"), "malloc " + list + " A");
+    EXPECT_EQ(heap_calls_of("lmq.vx_mac_addr_get", "[0,{}]"), "malloc " + list + " A, calloc 12 B");
+    // The next call works on a list of its own.
+    EXPECT_EQ(heap_calls_of("lmq.vx_reset", "[0,0]"), "malloc " + list + " A, free A, malloc " + list + " B");
+}
+
+TEST(Heap, TheStringOfACallBelongsToTheTracker) {
+    const std::string config = std::to_string(2 * sizeof(lmq_dev_startup_cfg_s));
+    // The copy itself is the library's allocation; its release is the tracker's.
+    EXPECT_EQ(heap_calls_of("lmq.lmq_init_device", R"([0,{"dev_if_name":"eth0"}])"),
+              "malloc " + list + " A, calloc " + config + " B, free B, free C, free A, malloc " + list + " D");
+}
+
+TEST(Tracker, GrowsWhenOneSlotIsLeft) {
+    Plugin &p = plugin();
+    p.initialize();
+    const auto add = [&](int blocks) {
+        return heap_calls_of([&] {
+            for (int i = 0; i < blocks; ++i) p.add_ptr(nullptr);
+        });
+    };
+    EXPECT_EQ(add(8), "");
+    EXPECT_EQ(add(1).substr(0, 8 + longer_list.size()), "realloc " + longer_list);
+    EXPECT_EQ(add(9), "");
+    EXPECT_EQ(add(1).substr(0, 8), "realloc ");
+    EXPECT_EQ(heap_calls_of([&] { p.free_all(); }).substr(0, 20), "free NULL, free NULL");
+}
+
+TEST(Tracker, AlwaysArmsAndNeverFreesWhatItForgets) {
+    Plugin &p = plugin();
+    EXPECT_EQ(heap_calls_of([&] { p.initialize(); }), "malloc " + list + " A");
+    EXPECT_EQ(heap_calls_of([&] { p.initialize(); }), "malloc " + list + " A");
+    EXPECT_EQ(heap_calls_of([&] { p.free_all(), p.free_all(); }),
+              "free A, malloc " + list + " B, free B, malloc " + list + " C");
+}
+
+} // namespace
+
+extern "C" void xmlrpc_registry_add_method2(xmlrpc_env *, xmlrpc_registry *, const char *name, xmlrpc_method2 handler,
+                                            const char *, const char *, void *) {
+    registered.emplace_back(name, handler);
+}
