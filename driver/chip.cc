@@ -1,0 +1,106 @@
+/**
+ * @file
+ * @brief The chip's life cycle and messages. Operations stand in the file of their family.
+ */
+#include "driver/chip.h"
+
+#include <cstdarg>
+#include <cstdio>
+#include <exception>
+#include <new>
+#include <stdexcept>
+
+namespace lmq::sim {
+
+namespace {
+
+constexpr const char *kModuleNames[] = {
+#define xx(id, name) name,
+    VX_MODULES_DEFINES
+#undef xx
+};
+
+[[gnu::format(printf, 3, 0)]] void print_line(Clock::Time time, const char *topic, const char *format, va_list args) {
+    // One write a line, so that lines of other programs on the same terminal do not mix in.
+    char text[256];
+    std::vsnprintf(text, sizeof text, format, args);
+    const auto ms = static_cast<long long>(time.count());
+    std::fprintf(stderr, "lmq: [%lld.%03lld] %s: %s\n", ms / 1000, ms % 1000, topic, text);
+}
+
+}  // namespace
+
+Device::Device(System &owner, vx_dev_id_t dev_id, const lmq_dev_startup_cfg_s &cfg)
+    : system(owner), id(dev_id), config(cfg), lifecycle(dev_id, owner.config, cfg) {}
+
+System::System(const vx_startup_cfg_t &cfg, Clock started) : config(cfg), clock(started) {
+    log_level.fill(VX_LOG_LVL_MINOR);
+    for (vx_dev_id_t id = 0; id < config.num_dev; ++id) {
+        if (config.dev_cfg[id].enbl) start_device(id, config.dev_cfg[id]);
+    }
+}
+
+std::optional<Device> &System::slot(std::int64_t dev_id) {
+    refuse_if(dev_id < 0 || dev_id >= LMQ_NUM_DEVICES, VX_ERR_DEV_ID_INVALID);
+    return devices_[static_cast<std::size_t>(dev_id)];
+}
+
+Device &System::device(std::int64_t dev_id) {
+    std::optional<Device> &device = slot(dev_id);
+    refuse_if(!device, VX_ERR_DEV_UNINTIALIZED);
+    return *device;
+}
+
+void System::start_device(std::int64_t dev_id, const lmq_dev_startup_cfg_s &cfg) {
+    std::optional<Device> &device = slot(dev_id);
+    refuse_if(device.has_value(), VX_ERR_DEV_ALRDY_INITIALIZED);
+    device.emplace(*this, static_cast<vx_dev_id_t>(dev_id), cfg);
+    log(VX_MOD_DRVR_DEV, VX_LOG_LVL_INFO, "device %u is up", static_cast<unsigned>(device->id));
+}
+
+void System::log(vx_mod_id_e module, vx_log_lvl_e level, const char *format, ...) const {
+    if (level > log_level[static_cast<std::size_t>(module)]) return;
+    va_list args;
+    va_start(args, format);
+    print_line(clock.now(), kModuleNames[module], format, args);
+    va_end(args);
+}
+
+void System::print(const char *topic, const char *format, ...) const {
+    va_list args;
+    va_start(args, format);
+    print_line(clock.now(), topic, format, args);
+    va_end(args);
+}
+
+Chip &Chip::instance() {
+    static Chip chip;
+    return chip;
+}
+
+System &Chip::system() {
+    refuse_if(!power, VX_ERR_GLBL_SYS_UNINTIALIZED);
+    return *power;
+}
+
+vx_status_e status_of_exception(const char *function) noexcept {
+    try {
+        throw;
+    } catch (const Refusal &refusal) {
+        return refusal.status;
+    } catch (const std::bad_alloc &) {
+        std::fprintf(stderr, "lmq: %s: out of memory\n", function);
+        return VX_ERR_GLBL_MALLOC_FAIL;
+    } catch (const std::invalid_argument &setting) {
+        std::fprintf(stderr, "lmq: %s: %s\n", function, setting.what());
+        return VX_ERR_GLBL_INVALID_PARAMS;
+    } catch (const std::exception &error) {
+        std::fprintf(stderr, "lmq: %s: internal error: %s\n", function, error.what());
+        return VX_ERR_GLBL_SW_INTERNAL_ERR;
+    } catch (...) {
+        std::fprintf(stderr, "lmq: %s: internal error\n", function);
+        return VX_ERR_GLBL_SW_INTERNAL_ERR;
+    }
+}
+
+}  // namespace lmq::sim

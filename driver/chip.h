@@ -1,0 +1,161 @@
+/**
+ * @file
+ * @brief The simulated chip: its life cycle, the state that hangs on it, and the guards that every operation uses.
+ *
+ * The life cycle is what exists. Before lmq_init_system the chip has no System; a device in reset has no Device. To
+ * forget is to destroy, so a new family gets its life cycle right by one line: a struct of its state, constructed as
+ * the hardware comes out of reset, as a member of Device (or of System, when a device reset must not touch it).
+ */
+#ifndef LMQ_DRIVER_CHIP_H
+#define LMQ_DRIVER_CHIP_H
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <mutex>
+#include <optional>
+
+#include "driver/clock.h"
+#include "driver/lifecycle.h"
+#include "lmq/lmq.h"
+
+namespace lmq::sim {
+
+/** @brief Thrown by an operation that cannot do what it is asked; the caller of the driver gets the status. */
+struct Refusal {
+    vx_status_e status;
+};
+
+/** @brief Ends the operation with a status. Check everything before the first change: nothing is rolled back. */
+inline void refuse_if(bool wrong, vx_status_e status) {
+    if (wrong) throw Refusal{status};
+}
+
+/** @brief Ends the operation with VX_ERR_GLBL_RANGE_CHECK_FAIL unless first <= value <= last. */
+inline void check_range(std::int64_t value, std::int64_t first, std::int64_t last) {
+    refuse_if(value < first || value > last, VX_ERR_GLBL_RANGE_CHECK_FAIL);
+}
+
+/** @brief Modules that log: vx_mod_id_e counts from 0 to one less. */
+inline constexpr std::size_t kModules = 0
+#define xx(id, name) +1
+    VX_MODULES_DEFINES
+#undef xx
+    ;
+
+class System;
+
+/** @brief A device that is up, with the state of each family. */
+struct Device {
+    Device(System &owner, vx_dev_id_t dev_id, const lmq_dev_startup_cfg_s &cfg);
+
+    System &system;
+    const vx_dev_id_t id;
+    const lmq_dev_startup_cfg_s config; /**< What the device was started with. */
+
+    Lifecycle lifecycle;
+};
+
+/** @brief The driver between lmq_init_system and lmq_shutdown_system. */
+class System {
+  public:
+    /**
+     * @brief Starts the devices that are enabled; the others are in reset.
+     * @param cfg     A configuration that was checked.
+     * @param started A clock at 0.
+     */
+    System(const vx_startup_cfg_t &cfg, Clock started);
+    System(const System &) = delete;
+    System &operator=(const System &) = delete;
+
+    /** @brief A device by its id, of whichever integer type. Refuses an id that is none, and a device in reset. */
+    Device &device(std::int64_t dev_id);
+
+    /** @brief Where a device is, or would be. Refuses an id that is none. */
+    std::optional<Device> &slot(std::int64_t dev_id);
+
+    /** @brief Takes a device out of reset. Refuses one that is up. @param cfg A configuration that was checked. */
+    void start_device(std::int64_t dev_id, const lmq_dev_startup_cfg_s &cfg);
+
+    /** @brief Writes a line to standard error, stamped with the clock, if the module's log level asks for it. */
+    [[gnu::format(printf, 4, 5)]] void log(vx_mod_id_e module, vx_log_lvl_e level, const char *format, ...) const;
+
+    /** @brief Writes a line to standard error, stamped with the clock, in any case. */
+    [[gnu::format(printf, 3, 4)]] void print(const char *topic, const char *format, ...) const;
+
+    const vx_startup_cfg_t config;
+    Clock clock;
+    std::array<vx_log_lvl_e, kModules> log_level; /**< By vx_mod_id_e. */
+    bool print_register_access = false;
+
+  private:
+    std::array<std::optional<Device>, LMQ_NUM_DEVICES> devices_;
+};
+
+/** @brief The chip: there is one in the process. */
+class Chip {
+  public:
+    static Chip &instance();
+
+    /** @brief The system. Refuses while there is none. */
+    System &system();
+
+    std::optional<System> power; /**< Empty before lmq_init_system. */
+    std::mutex mutex;            /**< Held by guarded() for the whole of an operation. */
+};
+
+/** @brief The status of the exception being handled. What no operation throws on purpose is also reported. */
+vx_status_e status_of_exception(const char *function) noexcept;
+
+/** @brief Ends the operation with a status if any of the pointers is NULL. */
+inline void check_pointers(std::initializer_list<const void *> pointers, vx_status_e status) {
+    for (const void *pointer : pointers) refuse_if(pointer == nullptr, status);
+}
+
+/**
+ * @brief Runs an operation, one at a time, and lets no exception out. All driver functions go through here.
+ *
+ * An operation must not call a driver function: the lock is held.
+ *
+ * @param function The driver function's name, for messages: __func__.
+ * @param body     Gets the Chip, whatever its state.
+ * @return VX_SUCCESS when the body returns, or what it was refused with.
+ */
+template <typename Body>
+vx_status_e guarded(const char *function, Body body) noexcept {
+    try {
+        Chip &chip = Chip::instance();
+        const std::lock_guard lock(chip.mutex);
+        if (chip.power) chip.power->clock.begin_call();
+        body(chip);
+        return VX_SUCCESS;
+    } catch (...) {
+        return status_of_exception(function);
+    }
+}
+
+/** @brief Runs an operation on the system, which must be initialised. */
+template <typename Body>
+vx_status_e on_system(const char *function, Body body) noexcept {
+    return guarded(function, [&](Chip &chip) { body(chip.system()); });
+}
+
+/**
+ * @brief Runs an operation on a device. Checks, in this order: the system, the id, the device, the pointers.
+ * @param pointers Those of the operation's pointers that may not be NULL.
+ * @param body     Gets the Device.
+ */
+template <typename Body>
+vx_status_e on_device(const char *function, std::int64_t dev_id, std::initializer_list<const void *> pointers,
+                      Body body) noexcept {
+    return on_system(function, [&](System &system) {
+        Device &device = system.device(dev_id);
+        check_pointers(pointers, VX_ERR_DEV_NULL_PTR);
+        body(device);
+    });
+}
+
+}  // namespace lmq::sim
+
+#endif
