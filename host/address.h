@@ -1,0 +1,43 @@
+// The address that the host listens on: from the text of the option to a listening socket, and back to a text for
+// the operator. Addresses are numbers: a name could stand for several, and the host binds exactly one.
+#ifndef LMQ_HOST_ADDRESS_H
+#define LMQ_HOST_ADDRESS_H
+
+#include <sys/socket.h>
+
+#include <string>
+
+#include "file_descriptor.h"
+
+namespace lmq::host {
+
+class Address {
+  public:
+    /**
+     * Reads "ADDR:PORT": an IPv4 address or an IPv6 address in brackets, and a port of 0 to 65535, where 0 stands for
+     * any free port.
+     * @throws std::runtime_error with the text and what is wrong with it.
+     */
+    explicit Address(const std::string &text);
+
+    /**
+     * Binds the address and listens on it.
+     * @return The listening socket, which does not block. The address takes over the port that the system has picked.
+     * @throws std::runtime_error with the address and the system's reason.
+     */
+    FileDescriptor listen();
+
+    /** The address as it stands in a URL: "127.0.0.1:8080" or "[::1]:8080". */
+    std::string text() const;
+
+  private:
+    sockaddr *generic() { return reinterpret_cast<sockaddr *>(&storage_); }
+    const sockaddr *generic() const { return reinterpret_cast<const sockaddr *>(&storage_); }
+
+    sockaddr_storage storage_{};
+    socklen_t length_ = 0;
+};
+
+}  // namespace lmq::host
+
+#endif

@@ -1,0 +1,61 @@
+// Ownership of the XML-RPC library's objects, and its fault carrier turned into exceptions.
+#include "registry.h"
+
+#include <stdexcept>
+
+namespace lmq::host {
+namespace {
+
+/** A fault carrier of the XML-RPC library. */
+class Fault {
+  public:
+    Fault() { xmlrpc_env_init(&env_); }
+    ~Fault() { xmlrpc_env_clean(&env_); }
+    Fault(const Fault &) = delete;
+    Fault &operator=(const Fault &) = delete;
+
+    xmlrpc_env *env() { return &env_; }
+
+    /** Throws what the carrier holds, if it holds anything. */
+    void check() const {
+        if (env_.fault_occurred) throw std::runtime_error(env_.fault_string);
+    }
+
+  private:
+    xmlrpc_env env_;
+};
+
+}  // namespace
+
+XmlrpcLibrary::XmlrpcLibrary() {
+    Fault fault;
+    xmlrpc_init(fault.env());
+    fault.check();
+}
+
+XmlrpcLibrary::~XmlrpcLibrary() { xmlrpc_term(); }
+
+Registry::Registry(std::size_t document_limit) {
+    xmlrpc_limit_set(XMLRPC_XML_SIZE_LIMIT_ID, document_limit);
+    Fault fault;
+    registry_.reset(xmlrpc_registry_new(fault.env()));
+    fault.check();
+}
+
+void Registry::fill(Init *init) {
+    Fault fault;
+    init(registry_.get(), fault.env());
+    fault.check();
+}
+
+std::string Registry::call(std::string_view document) {
+    Fault fault;
+    xmlrpc_mem_block *answer = nullptr;
+    xmlrpc_registry_process_call2(fault.env(), registry_.get(), document.data(), document.size(), nullptr, &answer);
+    fault.check();
+    const std::unique_ptr<xmlrpc_mem_block, void (*)(xmlrpc_mem_block *)> owner(
+        answer, [](xmlrpc_mem_block *block) { XMLRPC_MEMBLOCK_FREE(char, block); });
+    return {XMLRPC_MEMBLOCK_CONTENTS(char, answer), XMLRPC_MEMBLOCK_SIZE(char, answer)};
+}
+
+}  // namespace lmq::host

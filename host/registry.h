@@ -1,0 +1,64 @@
+// The XML-RPC side of the host: a method registry that a plug-in fills, and that turns the document of a call into the
+// document of its answer. Nothing here knows HTTP.
+#ifndef LMQ_HOST_REGISTRY_H
+#define LMQ_HOST_REGISTRY_H
+
+#include <xmlrpc-c/base.h>
+#include <xmlrpc-c/server.h>
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace lmq::host {
+
+/** The process-wide set-up of the XML-RPC library. */
+class XmlrpcLibrary {
+  public:
+    /** @throws std::runtime_error if the library cannot be set up. */
+    XmlrpcLibrary();
+    ~XmlrpcLibrary();
+    XmlrpcLibrary(const XmlrpcLibrary &) = delete;
+    XmlrpcLibrary &operator=(const XmlrpcLibrary &) = delete;
+};
+
+class Registry {
+  public:
+    /** What a plug-in exports to register its methods. */
+    using Init = int(xmlrpc_registry *registry, xmlrpc_env *env);
+
+    /**
+     * An empty registry.
+     * @param document_limit The longest call document in bytes; a longer one is answered with a fault. The XML-RPC
+     *                       library keeps one limit for the whole process.
+     * @throws std::runtime_error if there is no memory for it.
+     */
+    explicit Registry(std::size_t document_limit);
+
+    /**
+     * Lets a plug-in register its methods.
+     * @throws std::runtime_error with the fault's text if a method was refused.
+     */
+    void fill(Init *init);
+
+    /**
+     * Carries out a call. Handlers have no locks: one call at a time.
+     * @param document The call, in UTF-8. Whatever is wrong with it comes back as a fault in the answer.
+     * @return The answer.
+     * @throws std::runtime_error if the result of the method cannot be written as XML.
+     */
+    std::string call(std::string_view document);
+
+  private:
+    struct Free {
+        void operator()(xmlrpc_registry *registry) const { xmlrpc_registry_free(registry); }
+    };
+
+    XmlrpcLibrary library_;
+    std::unique_ptr<xmlrpc_registry, Free> registry_;
+};
+
+}  // namespace lmq::host
+
+#endif
