@@ -170,14 +170,13 @@ class Oracle:
             for value in self.alone(key.inner) if key.kind == "group" else self.samples(key)[:1]:
                 yield {key.name: value}
 
-    def together(self, keys, place):
-        """A struct of all keys that have a sample at that place of their list."""
+    def together(self, keys, turn):
+        """A struct of all keys, each at another of its samples than its neighbours: what lies over another member and is
+        shorter must leave the rest of it alone. Four turns show every sample."""
         value = {}
-        for key in keys:
-            if key.kind == "group":
-                value[key.name] = self.together(key.inner, place)
-            elif len(self.samples(key)) > place:
-                value[key.name] = self.samples(key)[place]
+        for i, key in enumerate(keys, turn):
+            samples = [self.together(key.inner, turn)] if key.kind == "group" else self.samples(key)
+            value[key.name] = samples[i % len(samples)]
         return value
 
     def sample(self, udt, number=7):

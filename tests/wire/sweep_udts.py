@@ -94,7 +94,7 @@ class Udts(harness.WireTest):
         """An empty struct, an unknown key, each member on its own, and all together in each way to write them."""
         keys = self.oracle.keys(udt)
         values = [{}, {"no_such_member": {"nor": [True]}}, *self.oracle.alone(keys)]
-        values += [self.oracle.together(keys, place) for place in range(4)]
+        values += [self.oracle.together(keys, turn) for turn in range(4)]
         self.check(function, parameter, [self.wrapped(path, value) for value in values])
 
     @for_each_udt
