@@ -30,7 +30,7 @@ TOKEN = re.compile(
 
 def tokens(path):
     """The tokens of a file with the ends of its lines, without comments."""
-    text, at, line, glued = path.read_text(), 0, 1, False
+    text, at, line, glued = path.read_text() + "\n", 0, 1, False
     while at < len(text):
         match = TOKEN.match(text, at)
         at = match.end()
@@ -170,7 +170,7 @@ class Member:
     name: str  # "" for an anonymous struct or union, whose members count as those of the record around it
     type: str  # "" for a struct or union declared in place
     inline: typing.Optional["Record"]
-    bounds: list
+    bounds: list  # of one Bound for an array, else empty
     bits: int | None
     where: str
 
@@ -234,7 +234,7 @@ class Headers:
         target, bounds = self.typedefs[name]
         if not bounds:
             return self.resolve(target)
-        if len(bounds) > 1 or not isinstance(self.resolve(target), Scalar):
+        if not isinstance(self.resolve(target), Scalar):
             raise Refused(f"the type {name} is no array of scalars")
         return self.resolve(target), bounds[0].value
 
@@ -263,8 +263,11 @@ class Headers:
         if typedef:
             self.take()
         what = self.specifier()
+        pointer = typedef and self.peek() == "*" and self.take().text
         name = self.take(kind="name")
-        if not typedef:
+        if pointer:
+            self.declare(self.typedefs, name, (f"{what} *", []))
+        elif not typedef:
             if not isinstance(what, str):
                 raise Refused(f"{name.where}: a struct, union or enum that is no typedef")
             self.declare(self.functions, name, Function(what, name.text, self.arguments()))
@@ -310,6 +313,8 @@ class Headers:
                 name = self.take(kind="name").text
                 bits = self.constant(self.until(",", ";")) if self.peek() == ":" and self.take() else None
                 members.append(Member(name, named, inline, self.bounds(), bits, where))
+                if inline and members[-1].bounds:
+                    raise Refused(f"{where}: an array of a struct or union that has no name")
                 if self.peek() != ";":
                     self.take(",")
             self.take(";")
@@ -359,6 +364,8 @@ class Headers:
             run = self.until("]")
             self.take("]")
             bounds.append(Bound(spell(run), self.constant(run)))
+        if len(bounds) > 1:
+            raise Refused(f"{self.run[self.at].where}: an array of arrays")
         return bounds
 
     def until(self, *ends):

@@ -59,7 +59,7 @@ def rows_declared(record, group=""):
         if member.bits is not None:
             yield path, "a flag", ""
         elif member.name:
-            yield path, member.type, "][".join(bound.text for bound in member.bounds)
+            yield path, member.type, "".join(bound.text for bound in member.bounds)
         if member.inline:
             yield from rows_declared(member.inline, path)
 

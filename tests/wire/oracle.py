@@ -61,10 +61,7 @@ class Oracle:
 
     def key_of(self, udt, declared, path, offset, place):
         what = self.interface.resolve(declared.type)
-        count = 1
-        for bound in declared.bounds:
-            count *= bound.value
-        is_array = bool(declared.bounds)
+        count, is_array = (declared.bounds[0].value, True) if declared.bounds else (1, False)
         if isinstance(what, tuple):
             what, inner = what
             count, is_array = count * inner, True
