@@ -275,6 +275,8 @@ class Headers:
             self.declare(self.records, name, what)
         elif isinstance(what, dict):
             self.declare(self.enums, name, what)
+        elif what in self.records: # another name for a structure is a UDT of its own
+            self.declare(self.records, name, self.records[what])
         else:
             self.declare(self.typedefs, name, (what, self.bounds()))
         self.take(";")
@@ -376,9 +378,15 @@ class Headers:
         return self.run[begin:self.at]
 
     def constant(self, run):
-        """The value of a constant expression."""
+        """The value of a constant expression. A cast to a scalar type, as in ((vx_uint8)8), is taken to keep the value."""
         text = ""
-        for token in self.preprocessor.expand(run):
+        tokens = list(self.preprocessor.expand(run))
+        scalars = [typed for typed in tokens if typed.text.startswith(("vx_", "lmq_")) and typed.text not in self.constants]
+        for typed in scalars:
+            at = tokens.index(typed)
+            if [token.text for token in tokens[at - 1:at + 2:2]] == ["(", ")"]:
+                del tokens[at - 1:at + 2]
+        for token in tokens:
             if token.kind == "number":
                 text += str(int(token.text.rstrip("uUlL"), 0))
             elif token.text in self.constants:

@@ -150,7 +150,7 @@ class Oracle:
         if key.kind == "string":
             return ["ab", "c" * (key.count - 1)]
         if key.kind == "elements":
-            full = [0x11223344 + 0x01010101 * i for i in range(key.count)]
+            full = [wrapped(0x11223344 + 0x01010101 * i) for i in range(key.count)]
             return [full, full[:1], 511, []]
         if key.kind == "nested":
             return [self.sample(key.inner)]
