@@ -138,7 +138,8 @@ class WireTest(unittest.TestCase):
         line = cls.host.stdout.readline()
         if not line.startswith("Listening on "):
             cls.gone()
-        cls.proxy = xmlrpc.client.ServerProxy(line.split()[-1], allow_none=True)
+        cls.url = line.split()[-1]
+        cls.proxy = xmlrpc.client.ServerProxy(cls.url, allow_none=True)
         cls.addClassCleanup(cls.proxy("close"))
 
     @classmethod
