@@ -1,5 +1,5 @@
-// Events: the UDTs of their data, one for each kind, then those of status, holdover and throttling, then the methods with
-// their help texts.
+// Events: the UDTs of their data, one for each kind, then those of status, holdover and throttling, then the methods
+// with their help texts.
 #include "families/udts.h"
 #include "frame/method.h"
 #include "lmq/event.h"
@@ -175,7 +175,7 @@ constexpr Help help_vx_event_status_clear{
               "             is used depends on the event type. Only events specific to a sub-port\n"
               "             require it. It is ignored for events of a device or physical port.\n"
               "p_status   : Reserved for future use\n",
-    .outputs = "none\n",
+    .outputs = "p_status : Reserved for future use\n",
     .returns = returns_status,
 };
 METHOD(vx_event_status_clear, help_vx_event_status_clear,

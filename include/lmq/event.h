@@ -23,8 +23,8 @@ typedef enum vx_duplex_t LMQ_ENUM_INT {
 } vx_duplex_t;
 
 /**
- * @brief An event. Each kind begins at a base of its own and counts on from there, as a C enum does. (The type dictionary
- * answers other numbers for the events behind a base: see introspect/.)
+ * @brief An event. Each kind begins at a base of its own and counts on from there, as a C enum does. (The type
+ * dictionary answers other numbers for the events behind a base: see introspect/.)
  */
 typedef enum vx_event_type_e LMQ_ENUM_INT {
     VX_EVENT_MIN = 0,
@@ -315,7 +315,7 @@ typedef struct {
 
 /** @brief Data of VX_EVENT_EEE_QUEUE_STATUS_CHNG. */
 typedef struct {
-    vx_uint16 low_thresh; /**< Bit n: queue n is below its low threshold. */
+    vx_uint16 low_thresh;  /**< Bit n: queue n is below its low threshold. */
     vx_uint16 high_thresh; /**< Bit n: queue n is above its high threshold. */
 } lmq_eee_queue_status_event_data_s;
 
@@ -353,15 +353,15 @@ typedef struct {
 /** @brief Holdover of an event: how long it must persist before it is notified. */
 typedef struct {
     vx_boolean enable;
-    vx_uint16 port_num; /**< The port, for an event of a port. */
-    vx_uint16 sub_port; /**< Logical port within it; VX_INVALID_PORT_ID on the SNI means all of them. */
+    vx_uint16 port_num;      /**< The port, for an event of a port. */
+    vx_uint16 sub_port;      /**< Logical port within it; VX_INVALID_PORT_ID on the SNI means all of them. */
     vx_uint16 holdover_time; /**< In LMQ_EVENT_HOLDOVER_TIME_UNIT. */
 } vx_event_holdover_cfg_s;
 
 /** @brief Throttle over all events together. */
 typedef struct {
     vx_boolean enable;
-    vx_uint32 count; /**< Occurrences in an interval at which interrupts are disabled for its rest. */
+    vx_uint32 count;    /**< Occurrences in an interval at which interrupts are disabled for its rest. */
     vx_uint32 interval; /**< In LMQ_EVENT_THROTTLE_TIME_UNIT. */
 } vx_event_throttle_cfg_s;
 
@@ -369,8 +369,8 @@ typedef struct {
 typedef struct {
     vx_boolean enable;
     vx_boolean per_port; /**< Count each port by itself. */
-    vx_uint32 count; /**< Occurrences in an interval at which interrupts are disabled for its rest. */
-    vx_uint32 interval; /**< In LMQ_EVENT_THROTTLE_TIME_UNIT. */
+    vx_uint32 count;     /**< Occurrences in an interval at which interrupts are disabled for its rest. */
+    vx_uint32 interval;  /**< In LMQ_EVENT_THROTTLE_TIME_UNIT. */
 } vx_intr_throttle_cfg_s;
 
 /** @brief A handler of debug events. */
@@ -380,7 +380,7 @@ typedef struct {
     vx_uint8 context_id; /**< Which of several contexts of that kind. */
     vx_uint8 priority;
     vx_uint32 port_type_bitmap; /**< Types of port: bits of vx_port_type_t. */
-    vx_boolean all_ports; /**< All ports of those types; port_num and gem_port_id are not read. */
+    vx_boolean all_ports;       /**< All ports of those types; port_num and gem_port_id are not read. */
     vx_uint16 port_num;
     vx_uint16 gem_port_id;
 } lmq_dbg_event_cfg_s;
@@ -406,8 +406,8 @@ vx_status_e vx_event_status_poll(vx_dev_id_t dev_id, vx_event_type_e event_type,
  * @param p_status   Where to write status and data.
  * @return VX_SUCCESS or a status.
  */
-vx_status_e vx_pending_events_get(vx_dev_id_t dev_id, vx_event_type_e event_type, vx_uint16 port_num, vx_uint16 sub_port,
-                                  vx_event_status_s *p_status);
+vx_status_e vx_pending_events_get(vx_dev_id_t dev_id, vx_event_type_e event_type, vx_uint16 port_num,
+                                  vx_uint16 sub_port, vx_event_status_s *p_status);
 
 /**
  * @brief Removes a pending event, and clears the hardware status where that can be cleared.
@@ -418,8 +418,8 @@ vx_status_e vx_pending_events_get(vx_dev_id_t dev_id, vx_event_type_e event_type
  * @param p_status   Reserved.
  * @return VX_SUCCESS or a status.
  */
-vx_status_e vx_event_status_clear(vx_dev_id_t dev_id, vx_event_type_e event_type, vx_uint16 port_num, vx_uint16 sub_port,
-                                  vx_event_status_s *p_status);
+vx_status_e vx_event_status_clear(vx_dev_id_t dev_id, vx_event_type_e event_type, vx_uint16 port_num,
+                                  vx_uint16 sub_port, vx_event_status_s *p_status);
 
 /**
  * @brief Sets the holdover of an event.
@@ -439,8 +439,8 @@ vx_status_e vx_event_holdover_set(vx_dev_id_t dev_id, vx_event_type_e event_type
  * @param p_cfg      Where to write it.
  * @return VX_SUCCESS or a status.
  */
-vx_status_e vx_event_holdover_get(vx_dev_id_t dev_id, vx_event_type_e event_type, vx_uint16 port_num, vx_uint16 sub_port,
-                                  vx_event_holdover_cfg_s *p_cfg);
+vx_status_e vx_event_holdover_get(vx_dev_id_t dev_id, vx_event_type_e event_type, vx_uint16 port_num,
+                                  vx_uint16 sub_port, vx_event_holdover_cfg_s *p_cfg);
 
 /**
  * @brief Sets the throttle over all events, timers excepted. It takes precedence over those of single events.
@@ -497,7 +497,8 @@ vx_status_e vx_event_count_get(vx_dev_id_t dev_id, vx_event_type_e event_type, v
  * @param sub_port   Logical port within it, for an event of one.
  * @return VX_SUCCESS or a status.
  */
-vx_status_e vx_event_count_clear(vx_dev_id_t dev_id, vx_event_type_e event_type, vx_uint16 port_num, vx_uint16 sub_port);
+vx_status_e vx_event_count_clear(vx_dev_id_t dev_id, vx_event_type_e event_type, vx_uint16 port_num,
+                                 vx_uint16 sub_port);
 
 /**
  * @brief Clears the counts of all events.

@@ -15,12 +15,12 @@ extern "C" {
 
 /** @name Device addresses */
 /** @{ */
-#define LMQ_MAX_IP_ADDR 8       /**< Addresses of a device. */
-#define LMQ_MAX_IP_GATEWAY 1    /**< Gateways of a device. */
-#define LMQ_MAX_NUM_NET_IFS 8   /**< Network interfaces of a device. */
-#define LMQ_INVALID_IF_ID 0xFF  /**< No network interface. */
-#define LMQ_DEV_IF_NAME_LEN 16  /**< Bytes of an interface's name. */
-#define APP_CFG_MAX_IPHOST 4    /**< IP hosts that the applications' start configuration holds. */
+#define LMQ_MAX_IP_ADDR 8      /**< Addresses of a device. */
+#define LMQ_MAX_IP_GATEWAY 1   /**< Gateways of a device. */
+#define LMQ_MAX_NUM_NET_IFS 8  /**< Network interfaces of a device. */
+#define LMQ_INVALID_IF_ID 0xFF /**< No network interface. */
+#define LMQ_DEV_IF_NAME_LEN 16 /**< Bytes of an interface's name. */
+#define APP_CFG_MAX_IPHOST 4   /**< IP hosts that the applications' start configuration holds. */
 /** @} */
 
 /** @name IP protocol numbers (IANA), as vx_nat_entry_t.protocol takes them */
@@ -52,8 +52,8 @@ typedef struct {
 
 /** @brief All addresses and gateways of the device. */
 typedef struct {
-    vx_uint8 num_ip_addr; /**< Entries of ip_cfg that count. */
-    vx_uint8 num_ip_gw;   /**< Entries of gw_cfg that count. */
+    vx_uint8 num_ip_addr;            /**< Entries of ip_cfg that count. */
+    vx_uint8 num_ip_gw;              /**< Entries of gw_cfg that count. */
     lmq_dev_ip_addr_cfg_s ip_cfg[8]; /**< LMQ_MAX_IP_ADDR of them. */
     lmq_dev_gateway_cfg_s gw_cfg[1]; /**< LMQ_MAX_IP_GATEWAY of them. */
 } lmq_dev_ip_cfg_s;
@@ -62,7 +62,7 @@ typedef struct {
 typedef struct {
     vx_ip_addr_t ip_addr;
     vx_ip_addr_t ip_mask;
-    vx_ip_addr_t gw_ip;   /**< Used if enable_gw says so. */
+    vx_ip_addr_t gw_ip; /**< Used if enable_gw says so. */
     vx_boolean enable_gw;
 } vx_ip_host_if_cfg_t;
 
