@@ -304,7 +304,7 @@ typedef struct {
     vx_uint32 grp_pol_bitmap;          /**< Group policers in use. */
     vx_uint32 flow_pol_bitmap;         /**< Flow policers in use, of the first 32. */
     vx_uint32 grp_pol_mem_bitmap[4];   /**< For each group policer its flow policers, of the first 32. */
-    vx_uint32 flow_pol_mem_bitmap[64]; /**< For each flow policer its flows. */
+    vx_uint32 flow_pol_mem_bitmap[64]; /**< For each flow policer the groups it is in. */
 } lmq_flow_policer_info_s;
 
 /** @brief The rate limit of a bucket. */
