@@ -25,7 +25,7 @@ install_packages() {
     local package missing=() as_root=()
     command -v apt-get dpkg-query >/dev/null || die "this is no Debian: install what CONTRIBUTING.md names, then use the presets"
     for package; do
-        [[ $(dpkg-query -W -f '${db:Status-Status} ' "$package" 2>/dev/null) == *installed\ * ]] || missing+=("$package")
+        dpkg-query -W -f '${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed || missing+=("$package")
     done
     [[ ${#missing[@]} -gt 0 ]] || return 0
 
