@@ -16,8 +16,25 @@
 #include <mutex>
 #include <optional>
 
+#include "driver/acl.h"
+#include "driver/cfm.h"
+#include "driver/classifier.h"
 #include "driver/clock.h"
+#include "driver/cosq.h"
+#include "driver/cpu_packet.h"
+#include "driver/eth_port.h"
+#include "driver/event.h"
+#include "driver/flow.h"
+#include "driver/gpon.h"
+#include "driver/gpon_tm.h"
+#include "driver/l2.h"
 #include "driver/lifecycle.h"
+#include "driver/management.h"
+#include "driver/mcast.h"
+#include "driver/peripheral.h"
+#include "driver/policer.h"
+#include "driver/time.h"
+#include "driver/vlan_bridge.h"
 #include "lmq/lmq.h"
 
 namespace lmq::sim {
@@ -55,6 +72,23 @@ struct Device {
     const lmq_dev_startup_cfg_s config; /**< What the device was started with. */
 
     Lifecycle lifecycle;
+    Management management;
+    Events event;
+    CpuPackets cpu_packet;
+    Peripherals peripheral;
+    TimeDistribution time;
+    EthPorts eth_port;
+    Layer2 l2;
+    VlanBridge vlan_bridge;
+    Classifier classifier;
+    Acl acl;
+    Multicast mcast;
+    Flows flow;
+    CosQueues cosq;
+    Policers policer;
+    Gpon gpon;
+    GponTm gpon_tm;
+    Cfm cfm;
 };
 
 /** @brief The driver between lmq_init_system and lmq_shutdown_system. */

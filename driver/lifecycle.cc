@@ -23,7 +23,7 @@ constexpr vx_uint32 kRegisterSpace = 0x100000;
 constexpr vx_uint32 kRegisterSize = 4;
 
 /* Every bit that lmq_asic_mod_id_e names. */
-constexpr vx_uint32 kResettableModules = 0xE03F0015;
+constexpr vx_uint32 kResettableModules = static_cast<vx_uint32>(LMQ_ASIC_MOD_ID_ALL);
 
 void check(const vx_eth_port_init_cfg_t &port) {
     if (!port.add_port) return;

@@ -40,7 +40,8 @@
 #define NESTED(T, m) ::lmq::describe::nested<decltype(S::m), T>(#m, #T, udt_##T, offsetof(S, m))
 
 // UDT_ARRAY(T, m, bound): an array of UDTs, which a client may also send as a single struct.
-#define UDT_ARRAY(T, m, bound) UDT_ARRAY_SPELLED(T, #T, m, bound)
+#define UDT_ARRAY(T, m, bound) \
+    ::lmq::describe::udt_array<decltype(S::m), T, (bound)>(#m, #T, #bound, udt_##T, offsetof(S, m), ::lmq::Kind::udt_array)
 
 // UDT_ARRAY_SPELLED(T, spelling, m, bound): the same where member lists and fault texts spell the type otherwise.
 #define UDT_ARRAY_SPELLED(T, spelling, m, bound) \

@@ -13,6 +13,10 @@
 extern "C" {
 #endif
 
+#define LMQ_WD_STROBE_PERIOD 20 /**< Seconds between two strobes of the watchdog by the driver. */
+#define VX_APP_DEV_NAME_LEN 16  /**< Bytes of app_lvl_cfg_s.device_name. */
+#define VX_APP_ONU_PSWD_LEN 16  /**< Bytes of app_lvl_cfg_s.onu_password. */
+
 /** @brief Whether a port is administratively up. */
 typedef enum vx_admin_status_t LMQ_ENUM_INT {
     VX_ADMIN_STATUS_DOWN = 0,
@@ -142,6 +146,41 @@ typedef enum vx_mod_id_e LMQ_ENUM_INT {
 } vx_mod_id_e;
 
 #define VX_MOD_ID_MIN VX_MOD_DRVR_GEN
+
+/** @brief Modules of the chip: bits. The last two have the top bit set. */
+typedef enum lmq_asic_mod_id_e LMQ_ENUM_INT {
+    LMQ_ASIC_MOD_ID_PON0 = 1,
+    LMQ_ASIC_MOD_ID_PON_SDS0 = 4,
+    LMQ_ASIC_MOD_ID_UNI = 16,
+    LMQ_ASIC_MOD_ID_MA = 65536,
+    LMQ_ASIC_MOD_ID_FE = 131072,
+    LMQ_ASIC_MOD_ID_TM = 262144,
+    LMQ_ASIC_MOD_ID_BM = 524288,
+    LMQ_ASIC_MOD_ID_PCM = 1048576,
+    LMQ_ASIC_MOD_ID_PER = 2097152,
+    LMQ_ASIC_MOD_ID_DDR_PLL = 536870912,
+    LMQ_ASIC_MOD_ID_SDRAM = 1073741824,
+    LMQ_ASIC_MOD_ID_CPU = -2147483647 - 1,
+    LMQ_ASIC_MOD_ID_ALL = -532742123,
+} lmq_asic_mod_id_e;
+
+/** @brief Ports of a device. Ethernet ports count on from VX_PORT_ETH0. */
+typedef enum vx_port_num_t LMQ_ENUM_INT {
+    VX_PORT_SNI0 = 0,
+    VX_PORT_ETH0 = 3,
+    VX_PORT_VOIP0 = 5,
+    VX_PORT_CPU = 1,
+    VX_PORT_MGMT = 2,
+} vx_port_num_t;
+
+/** @brief Which chip a device is. */
+typedef enum vx_chip_type_t LMQ_ENUM_INT {
+    VX_CHIP_UNKNOWN = 0,
+    VX_CHIP_QUENTA = 1,
+    VX_CHIP_BRELLIN = 2,
+    VX_CHIP_FOLMARK = 3,
+    VX_CHIP_PALVEN_RODA = 4,
+} vx_chip_type_t;
 
 /** @brief Amount of logging: everything up to the level is logged. */
 typedef enum vx_log_lvl_e LMQ_ENUM_INT {

@@ -1,0 +1,154 @@
+// Ethernet ports: UDTs, inner ones first, then the methods.
+#include "families/udts.h"
+#include "frame/method.h"
+#include "lmq/eth_port.h"
+
+namespace lmq {
+
+UDT(vx_eth_port_cfg_t,
+    SCALAR(vx_admin_status_t, admin_status),
+    SCALAR(vx_eth_cap_t,      port_type),
+    SCALAR(vx_eth_phy_mode_t, phy_mode),
+    SCALAR(vx_eth_phy_type_t, phy_type),
+    SCALAR(vx_uint8,          tx_ipg),
+    SCALAR(vx_uint8,          rx_ipg),
+    SCALAR(vx_boolean,        tx_enable),
+    SCALAR(vx_boolean,        rx_enable),
+    SCALAR(vx_boolean,        crc_bypass),
+    SCALAR(vx_boolean,        drop_under_sized_pkt),
+    SCALAR(vx_mdi_mode_t,     mdix_mode),
+    FLAGS(valid, admin_status, tx_ipg, rx_ipg, tx_enable, rx_enable, crc_bypass, drop_under_sized_pkt, mdix_mode))
+
+UDT(vx_eth_port_eee_cfg_t,
+    SCALAR(vx_boolean, enbl_eee),
+    SCALAR(vx_uint8,   min_tx_sleep_time),
+    SCALAR(vx_uint16,  pre_tx_sleep_timeout_delay),
+    SCALAR(vx_uint8,   min_tx_wake_time),
+    SCALAR(vx_uint16,  pre_tx_wake_timeout_delay),
+    FLAGS(valid, enbl_eee, min_tx_sleep_time, pre_tx_sleep_timeout_delay, min_tx_wake_time, pre_tx_wake_timeout_delay))
+
+UDT(vx_eth_port_eee_sleep_ctrl_t,
+    SCALAR(vx_eth_eee_cmd_t, sleep_cmd))
+
+UDT(vx_eth_port_eee_tx_q_thresh_cfg_t,
+    ELEMENTS(vx_uint16, low_thresh, (0x3)),
+    ELEMENTS(vx_uint16, high_thresh, (0x3)),
+    ELEMENTS(vx_uint8,  queue_low_thresh_sel, ((vx_uint8)8)),
+    ELEMENTS(vx_uint8,  queue_high_thresh_sel, ((vx_uint8)8)),
+    FLAGS(valid, low_thresh, high_thresh, queue_low_thresh_sel, queue_high_thresh_sel))
+
+UDT(vx_eth_port_eee_tx_q_status_t,
+    SCALAR(vx_boolean, tx_fifo_empty),
+    SCALAR(vx_uint8,   queue_below_low_thresh_bitmap),
+    SCALAR(vx_uint8,   queue_above_high_thresh_bitmap))
+
+UDT(vx_eth_port_state_t,
+    SCALAR(vx_eee_state_t,       eee_state),
+    SCALAR(vx_eee_hw_sm_state_t, hw_sm_state),
+    SCALAR(vx_boolean,           rx_in_pause),
+    SCALAR(vx_boolean,           tx_pause_state))
+
+UDT(vx_eth_port_status_t,
+    SCALAR(vx_link_status_t, link_status),
+    SCALAR(vx_speed_t,       speed),
+    SCALAR(vx_duplex_t,      duplex))
+
+UDT(vx_flow_control_cfg_t,
+    SCALAR(  vx_flow_ctl_mode_t, flow_control_mode),
+    SCALAR(  vx_uint8,           high_water_mark),
+    SCALAR(  vx_uint8,           low_water_mark),
+    SCALAR(  vx_uint8,           pause_time),
+    SCALAR(  vx_uint32,          traffic_rate),
+    ELEMENTS(vx_mac_addr_t,      mac_sa, 6),
+    FLAGS(valid, high_water_mark, low_water_mark, pause_time, traffic_rate, mac_sa))
+
+UDT(vx_eth_port_stats_t,
+    SCALAR(vx_uint64, rx_uc_pkt),
+    SCALAR(vx_uint64, rx_mc_pkt),
+    SCALAR(vx_uint64, rx_bc_pkt),
+    SCALAR(vx_uint64, rx_oam_frm),
+    SCALAR(vx_uint64, rx_pause_frm),
+    SCALAR(vx_uint64, rx_unknown_ctrl_op),
+    SCALAR(vx_uint64, rx_crc_frm),
+    SCALAR(vx_uint64, rx_short_frm),
+    SCALAR(vx_uint64, rx_runt_frm),
+    SCALAR(vx_uint64, rx_long_frm),
+    SCALAR(vx_uint64, rx_jabber_frm),
+    SCALAR(vx_uint64, rx_64_byte_pkt),
+    SCALAR(vx_uint64, rx_65_127_byte_pkt),
+    SCALAR(vx_uint64, rx_128_255_byte_pkt),
+    SCALAR(vx_uint64, rx_256_511_byte_pkt),
+    SCALAR(vx_uint64, rx_512_1023_byte_pkt),
+    SCALAR(vx_uint64, rx_1024_1518_byte_pkt),
+    SCALAR(vx_uint64, rx_1519_max_byte_pkt),
+    SCALAR(vx_uint64, rx_bytes),
+    SCALAR(vx_uint64, rx_pkts),
+    SCALAR(vx_uint64, rx_fifo_overflow_drop),
+    SCALAR(vx_uint64, rx_user_drop),
+    SCALAR(vx_uint64, rx_fifo_bytes),
+    SCALAR(vx_uint64, rx_fifo_pkt),
+    SCALAR(vx_uint64, tx_uc_pkt),
+    SCALAR(vx_uint64, tx_mc_pkt),
+    SCALAR(vx_uint64, tx_bc_pkt),
+    SCALAR(vx_uint64, tx_oam_frm),
+    SCALAR(vx_uint64, tx_pause_frm),
+    SCALAR(vx_uint64, tx_crc_frm),
+    SCALAR(vx_uint64, tx_long_frm),
+    SCALAR(vx_uint64, tx_64_byte_pkt),
+    SCALAR(vx_uint64, tx_65_127_byte_pkt),
+    SCALAR(vx_uint64, tx_128_255_byte_pkt),
+    SCALAR(vx_uint64, tx_256_511_byte_pkt),
+    SCALAR(vx_uint64, tx_512_1023_byte_pkt),
+    SCALAR(vx_uint64, tx_1024_1518_byte_pkt),
+    SCALAR(vx_uint64, tx_1519_max_byte_pkt),
+    SCALAR(vx_uint64, tx_bytes),
+    SCALAR(vx_uint64, tx_pkts))
+
+METHOD(vx_eth_port_eee_tx_q_threshold_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_eth_port_eee_tx_q_thresh_cfg_t, p_cfg))
+METHOD(eth_port_phy_mdio_write, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint8, phy_addr), VALUE(vx_uint8, reg_addr), VALUE(vx_uint16, phy_reg_val))
+METHOD(vx_eth_port_config_set, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_eth_port_cfg_t, p_cfg))
+METHOD(vx_eth_port_eee_cfg_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_eth_port_eee_cfg_t, p_cfg))
+METHOD(eth_port_phy_mdio_read, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint8, phy_addr), VALUE(vx_uint8, reg_addr), ELEMENT_PTR(vx_uint16, p_phy_reg_val))
+METHOD(vx_eth_port_loopback_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), ELEMENT_PTR(vx_eth_port_loopback_t, p_lpbk_mode))
+METHOD(vx_eth_port_eee_tx_q_status_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_eth_port_eee_tx_q_status_t, p_status))
+METHOD(vx_eth_port_eee_state_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_eth_port_state_t, p_state))
+METHOD(vx_eth_port_stats_clear, no_help, VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id))
+METHOD(vx_eth_port_status_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_eth_port_status_t, p_cfg))
+METHOD(vx_eth_port_eee_sleep_ctrl_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_eth_port_eee_sleep_ctrl_t, p_cfg))
+METHOD(vx_eth_port_eee_tx_q_threshold_set, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_eth_port_eee_tx_q_thresh_cfg_t, p_cfg))
+METHOD(vx_eth_port_stats_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_eth_port_stats_t, p_stats), VALUE(vx_boolean, clear))
+METHOD(vx_eth_port_flowctrl_config_set, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_flow_control_cfg_t, p_cfg))
+METHOD(vx_eth_port_auto_nego_restart, no_help, VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id))
+METHOD(vx_eth_port_mode_set, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), ELEMENT_PTR(vx_eth_port_mode_t, p_cfg))
+METHOD(vx_eth_port_mode_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), ELEMENT_PTR(vx_eth_port_mode_t, p_cfg))
+METHOD(vx_eth_port_eee_sleep_ctrl_set, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_eth_port_eee_sleep_ctrl_t, p_cfg))
+METHOD(vx_eth_port_loopback_set, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_eth_port_loopback_t, lpbk_mode))
+METHOD(vx_eth_port_flowctrl_enable_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), ELEMENT_PTR(vx_boolean, p_rx_pause), ELEMENT_PTR(vx_boolean, p_tx_pause))
+METHOD(vx_eth_port_flowctrl_config_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_flow_control_cfg_t, p_cfg))
+METHOD(vx_eth_port_eee_cfg_set, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_eth_port_eee_cfg_t, p_cfg))
+METHOD(vx_eth_port_config_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_eth_port_cfg_t, p_cfg))
+METHOD(vx_eth_port_flowctrl_enable_set, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_boolean, rx_pause), VALUE(vx_boolean, tx_pause))
+
+} // namespace lmq

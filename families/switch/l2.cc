@@ -1,0 +1,175 @@
+// Layer 2 forwarding: UDTs, inner ones first, then the methods.
+#include "families/udts.h"
+#include "frame/method.h"
+#include "lmq/l2.h"
+
+namespace lmq {
+
+UDT(vx_l2_learn_cfg_t,
+    SCALAR(vx_boolean,      dsbl_hw_lrn),
+    SCALAR(vx_boolean,      dsbl_hw_aging),
+    SCALAR(vx_stn_mv_act_t, stn_mv_act),
+    SCALAR(vx_lp_det_act_t, loop_det_act),
+    SCALAR(vx_uint16,       loop_det_timer),
+    MASK(valid, vx_uint32, dsbl_hw_lrn, dsbl_hw_aging, dsbl_stn_mv, stn_mv_act, loop_det_act, loop_det_timer, rsvd))
+
+UDT(vx_l2_learn_port_cfg_t,
+    SCALAR(vx_boolean,           enbl_pbit_lrn),
+    SCALAR(vx_boolean,           enbl_vid_lrn),
+    SCALAR(vx_lrn_vid_sel_t,     lrn_vid_sel),
+    SCALAR(vx_boolean,           enbl_mac_lrn),
+    SCALAR(vx_boolean,           dsbl_drp_pkt_lrn),
+    SCALAR(vx_boolean,           dsbl_cpu_pkt_lrn),
+    SCALAR(vx_lrn_lmt_pkt_act_t, lrn_lmt_pkt_act),
+    SCALAR(vx_lrn_lmt_lrn_act_t, lrn_lmt_lrn_act),
+    SCALAR(vx_uint16,            lrn_lmt),
+    MASK(valid, vx_uint32, enbl_pbit_lrn, enbl_vid_lrn, lrn_vid_sel, enbl_mac_lrn, dsbl_drp_pkt_lrn, dsbl_cpu_pkt_lrn, lrn_lmt_pkt_act, lrn_lmt_lrn_act, lrn_lmt, rsvd))
+
+UDT(vx_l2_fdb_entry_t,
+    ELEMENTS(vx_mac_addr_t, mac_addr, 6),
+    SCALAR(  vx_uint8,      p_bit),
+    SCALAR(  vx_uint16,     vlan_id),
+    SCALAR(  vx_boolean,    mac_addr_valid),
+    SCALAR(  vx_boolean,    p_bit_valid),
+    SCALAR(  vx_boolean,    vid_valid),
+    SCALAR(  vx_uint16,     port_id))
+
+UDT(vx_l2_mac_tbl_entry_t,
+    ELEMENTS(vx_mac_addr_t, mac_addr, 6),
+    SCALAR(  vx_uint8,      p_bit),
+    SCALAR(  vx_uint16,     vlan_id),
+    SCALAR(  vx_boolean,    mac_addr_valid),
+    SCALAR(  vx_boolean,    p_bit_valid),
+    SCALAR(  vx_boolean,    vid_valid),
+    SCALAR(  vx_uint16,     port_id),
+    SCALAR(  vx_boolean,    is_static),
+    SCALAR(  vx_uint32,     aging_time))
+
+UDT(vx_l2_mtu_cfg_t,
+    SCALAR(vx_uint16,  max_pkt_size),
+    SCALAR(vx_boolean, exclude_tag),
+    MASK(valid, vx_uint32, max_pkt_size, exclude_tag))
+
+UDT(vx_l2_mac_addr_filter_cfg_t,
+    SCALAR(vx_l2_filter_type_t, filter_type))
+
+UDT(vx_l2_user_mac_addr_cfg_t,
+    ELEMENTS(vx_mac_addr_t, mac_addr, 6))
+
+UDT(vx_l2_tpid_cfg_t,
+    SCALAR(vx_l2_tpid_mode_t, mode),
+    SCALAR(vx_boolean,        admit_outer_tag),
+    SCALAR(vx_boolean,        admit_inner_tag))
+
+UDT(vx_l2_fe_tpid_cfg_t,
+    SCALAR(vx_uint16, ingr_outer_tpid1),
+    SCALAR(vx_uint16, ingr_outer_tpid2),
+    SCALAR(vx_uint16, ingr_outer_tpid3),
+    SCALAR(vx_uint16, ingr_outer_tpid4),
+    SCALAR(vx_uint16, ingr_inner_tpid1),
+    SCALAR(vx_uint16, ingr_inner_tpid2),
+    SCALAR(vx_uint16, ingr_inner_tpid3),
+    SCALAR(vx_uint8,  tpid_detection_enbl_bitmap),
+    SCALAR(vx_uint8,  tpid_deny_filter_bitmap),
+    MASK(valid, vx_uint8, ingr_outer_tpid1, ingr_outer_tpid2, ingr_outer_tpid3, ingr_outer_tpid4, ingr_inner_tpid1, ingr_inner_tpid2, ingr_inner_tpid3, tpid_detection_enbl_bitmap, tpid_deny_filter_bitmap))
+
+UDT(vx_l2_port_cfg_t,
+    SCALAR(vx_vid_t,               dft_pvid),
+    SCALAR(vx_uint8,               dft_pbit),
+    SCALAR(vx_uint16,              dft_tpid),
+    SCALAR(vx_uint8,               dft_dscp),
+    SCALAR(vx_uint8,               dft_cos),
+    SCALAR(vx_uint8,               bc_cos),
+    SCALAR(vx_uint8,               umc_cos),
+    SCALAR(vx_uint8,               uuc_cos),
+    SCALAR(vx_uint8,               ipv4_dscp_mask),
+    SCALAR(vx_uint8,               ipv6_tc_mask),
+    SCALAR(vx_egrs_pvid_vlan_op_t, egrs_pvid_vlan_op),
+    MASK(valid, vx_uint32, dft_pvid, dft_pbit, dft_tpid, dft_dscp, dft_cos, bc_cos, umc_cos, uuc_cos, ipv4_dscp_mask, ipv6_tc_mask, egrs_pvid_vlan_op))
+
+UDT(vx_l2_port_oam_lpbk_t,
+    SCALAR(vx_boolean, enbl_lpbk),
+    SCALAR(vx_boolean, enbl_da_sa_swap))
+
+UDT(vx_l2_static_pkt_fwd_cfg_t,
+    SCALAR(vx_boolean, enbl_bc_pkt_dpid),
+    SCALAR(vx_uint16,  bc_pkt_dpid),
+    SCALAR(vx_boolean, enbl_mc_pkt_dpid),
+    SCALAR(vx_uint16,  mc_pkt_dpid),
+    SCALAR(vx_uint16,  enbl_uuc_pkt_dpid),
+    SCALAR(vx_uint16,  uuc_pkt_dpid),
+    MASK(valid, vx_uint32, bc_pkt_dpid, mc_pkt_dpid, uuc_pkt_dpid))
+
+UDT(vx_l2_flood_ctrl_t,
+    SCALAR(vx_boolean, bcast_drop),
+    SCALAR(vx_boolean, unknown_unicast_drop),
+    SCALAR(vx_boolean, unknown_mcast_drop),
+    SCALAR(vx_uint8,   rsvd))
+
+METHOD(vx_l2_fdb_entry_get_next, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_l2_fdb_entry_handle_t, handle), VALUE(vx_l2_fdb_entry_op_type_t, mode), UDT_PTR(vx_l2_mac_tbl_entry_t, p_mac_entry), ELEMENT_PTR(vx_l2_fdb_entry_handle_t, p_handle))
+METHOD(vx_l2_learn_port_enable_set, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_id), VALUE(vx_boolean, enbl))
+METHOD(vx_l2_tpid_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint16, tpid), UDT_PTR(vx_l2_tpid_cfg_t, p_cfg))
+METHOD(vx_l2_port_stp_state_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), ELEMENT_PTR(vx_l2_stp_state_t, stp_state))
+METHOD(vx_l2_mtu_set, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_l2_mtu_cfg_t, p_cfg))
+METHOD(vx_l2_learn_get, no_help, VALUE(vx_dev_id_t, dev_id), UDT_PTR(vx_l2_learn_cfg_t, p_cfg))
+METHOD(vx_l2_port_oam_lpbk_set, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_num), UDT_PTR(vx_l2_port_oam_lpbk_t, p_cfg))
+METHOD(vx_l2_port_isolation_set, no_help, VALUE(vx_dev_id_t, dev_id), VALUE(vx_boolean, isolate))
+METHOD(vx_l2_port_flood_ctrl_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_l2_flood_ctrl_t, ctrl))
+METHOD(vx_l2_port_config_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_num), UDT_PTR(vx_l2_port_cfg_t, p_cfg))
+METHOD(vx_l2_mac_addr_filter_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint8, get_cnt), UDT_PTR(vx_l2_user_mac_addr_cfg_t, p_mac_addr_list), ELEMENT_PTR(vx_uint8, p_valid_cnt))
+METHOD(vx_l2_aging_timer_set, no_help, VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint32, aging_time))
+METHOD(vx_l2_mac_addr_filter_add, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint8, num_mac_addr), UDT_PTR(vx_l2_user_mac_addr_cfg_t, p_mac_addr_list))
+METHOD(vx_l2_port_stp_state_set, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_l2_stp_state_t, stp_state))
+METHOD(vx_l2_port_oam_lpbk_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_num), UDT_PTR(vx_l2_port_oam_lpbk_t, p_cfg))
+METHOD(vx_l2_learn_port_enable_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_id), ELEMENT_PTR(vx_boolean, p_enbl))
+METHOD(vx_l2_mac_addr_filter_delete, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_boolean, delete_all), VALUE(vx_uint8, num_mac_addr), UDT_PTR(vx_l2_user_mac_addr_cfg_t, p_mac_addr_list))
+METHOD(vx_l2_port_static_pkt_fwd_config_set, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, src_port_num), UDT_PTR(vx_l2_static_pkt_fwd_cfg_t, p_cfg))
+METHOD(vx_l2_fdb_entry_port_clear, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_l2_fdb_entry_op_type_t, type))
+METHOD(vx_l2_learn_port_set, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_l2_learn_port_cfg_t, p_cfg))
+METHOD(vx_l2_port_isolation_get, no_help, VALUE(vx_dev_id_t, dev_id), ELEMENT_PTR(vx_boolean, isolate))
+METHOD(vx_l2_port_tpid_set, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_num), UDT_PTR(vx_l2_fe_tpid_cfg_t, p_cfg))
+METHOD(vx_l2_learn_port_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_l2_learn_port_cfg_t, p_cfg))
+METHOD(vx_l2_fdb_entry_add, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_l2_fdb_entry_op_type_t, type), UDT_PTR(vx_l2_fdb_entry_t, p_mac_entry), ELEMENT_PTR(vx_l2_fdb_entry_handle_t, p_handle))
+METHOD(vx_l2_mtu_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_l2_mtu_cfg_t, p_cfg))
+METHOD(vx_l2_fdb_entry_clear, no_help, VALUE(vx_dev_id_t, dev_id), VALUE(vx_l2_fdb_entry_op_type_t, type))
+METHOD(vx_l2_port_static_pkt_fwd_config_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, src_port_num), UDT_PTR(vx_l2_static_pkt_fwd_cfg_t, p_cfg))
+METHOD(vx_l2_port_config_set, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_num), UDT_PTR(vx_l2_port_cfg_t, p_cfg))
+METHOD(vx_l2_mac_addr_filter_config_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_l2_mac_addr_filter_cfg_t, p_cfg))
+METHOD(vx_l2_tpid_set, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint16, tpid), UDT_PTR(vx_l2_tpid_cfg_t, p_cfg))
+METHOD(vx_l2_mac_addr_filter_config_set, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_l2_mac_addr_filter_cfg_t, p_cfg))
+METHOD(vx_l2_aging_timer_get, no_help, VALUE(vx_dev_id_t, dev_id), ELEMENT_PTR(vx_uint32, p_aging_time))
+METHOD(vx_l2_learn_set, no_help, VALUE(vx_dev_id_t, dev_id), UDT_PTR(vx_l2_learn_cfg_t, p_cfg))
+METHOD(vx_l2_port_flood_ctrl_set, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_l2_flood_ctrl_t, ctrl))
+METHOD(vx_l2_port_tpid_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_num), UDT_PTR(vx_l2_fe_tpid_cfg_t, p_cfg))
+METHOD(vx_l2_fdb_entry_delete, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_l2_fdb_entry_op_type_t, type), VALUE(vx_l2_fdb_entry_handle_t, handle), UDT_PTR(vx_l2_fdb_entry_t, p_mac_entry))
+
+} // namespace lmq
