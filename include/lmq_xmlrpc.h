@@ -1,6 +1,7 @@
 /**
  * @file
- * @brief What the plug-in exports: its entry point for a host, and the operations of the call memory tracker.
+ * @brief What the plug-in exports: its entry point for a host, the operations of the call memory tracker, and the builders
+ *        of the records with which it describes itself.
  */
 #ifndef LMQ_XMLRPC_H
 #define LMQ_XMLRPC_H
@@ -42,6 +43,39 @@ LMQ_EXPORT void __x_mm_add_ptr(void *block);
 
 /** @brief Frees all registered blocks and the list, and arms a fresh one. */
 LMQ_EXPORT void __x_mm_free(void);
+
+/**
+ * @name Description records
+ *
+ * Each builder makes an XML-RPC struct with the keys that its parameters name, in their order, and `doc` last. The text
+ * "No help available" stands in `doc` wherever nothing is documented. Strings are zero-terminated and copied. None tests
+ * the fault carrier: a failure of the XML-RPC library shows there.
+ *
+ * @param env The fault carrier.
+ * @param doc Documentation text.
+ * @return A new value, which the caller owns.
+ */
+/** @{ */
+
+/** @brief A macro: its name and its replacement text, as the header spells it. */
+LMQ_EXPORT xmlrpc_value *x_dvr_dvar(xmlrpc_env *env, const char *name, const char *value, const char *doc);
+
+/** @brief A member of a UDT: its type, and its name with the array bound if it has one. */
+LMQ_EXPORT xmlrpc_value *x_dvr_svar(xmlrpc_env *env, const char *type, const char *name, const char *doc);
+
+/** @brief An enumerator: its name and its value, an int of 32 bits. */
+LMQ_EXPORT xmlrpc_value *x_dvr_evar(xmlrpc_env *env, const char *name, int value, const char *doc);
+
+/**
+ * @brief A parameter or the result of a function.
+ * @param application_type The type as the application sees it.
+ * @param primative_type   The same behind the typedef chain. (The spelling is part of the interface.)
+ * @param declaration_name The parameter's name; NULL makes a nil, and an empty string an empty string.
+ * @param isUDT            Whether the type is a pointer to a UDT: 1 or 0, told as a boolean.
+ */
+LMQ_EXPORT xmlrpc_value *x_dvr_var(xmlrpc_env *env, const char *application_type, const char *primative_type,
+                                   const char *declaration_name, int isUDT, const char *doc);
+/** @} */
 
 #ifdef __cplusplus
 }

@@ -1,13 +1,14 @@
 """Checks what the built plug-in shows and needs: exports.py PLUGIN.
 
-It exports its entry point, the tracker and nothing else, needs the C library, the XML-RPC libraries and the driver, and
+It exports its entry point, the tracker, the record builders and nothing else, needs the C library, the XML-RPC libraries and the driver, and
 does no work when it is loaded.
 """
 import re
 import subprocess
 import sys
 
-EXPORTS = {"xrpc_init", "__x_mm_initialize", "__x_mm_add_ptr", "__x_mm_free"}
+EXPORTS = {"xrpc_init", "__x_mm_initialize", "__x_mm_add_ptr", "__x_mm_free",
+           "x_dvr_dvar", "x_dvr_svar", "x_dvr_evar", "x_dvr_var"}
 NEEDS = {"libc.so.6", "libxmlrpc.so.3", "libxmlrpc_util.so.3", "libxmlrpc_server.so.3", "liblmq.so"}
 
 

@@ -1,0 +1,80 @@
+// lmq.methodSignature: what a method returns and takes, and its help text, told from the rows that its handler reads.
+#include <cstring>
+
+#include "frame/method.h"
+#include "introspect/dictionary.h"
+#include "introspect/lookup.h"
+#include "lmq_xmlrpc.h"
+
+namespace lmq {
+
+#define API(api) extern const Method method_##api;
+#include "frame/order.def"
+#undef API
+
+namespace {
+
+// The API methods; the order shows nowhere. The introspection methods have no row here.
+constexpr const Method *methods[] = {
+#define API(api) &method_##api,
+#include "frame/order.def"
+#undef API
+};
+
+const char *primitive_return_type(Returns returns) {
+    switch (returns) {
+    case Returns::status:
+    case Returns::int32: return "int";
+    case Returns::uint32: return "unsigned int";
+    case Returns::nothing: return "void";
+    }
+    __builtin_unreachable();
+}
+
+// "TYPE *".
+struct Pointer {
+    char text[128];
+    explicit Pointer(const char *type) {
+        strcpy(text, type);
+        strcat(text, " *");
+    }
+};
+
+xmlrpc_value *parameter(xmlrpc_env *env, const Method &method, const Argument &argument) {
+    const char *name = method.text(argument.name);
+    const char *type = method.text(argument.type);
+    switch (argument.kind) {
+    case ArgumentKind::value: return x_dvr_var(env, type, c_name(argument.scalar), name, 0, no_help_text);
+    // A pointer to scalars is told by its resolved type in both places, unlike the prototype: so that a client sees the
+    // width of what it sends.
+    case ArgumentKind::element: {
+        const Pointer pointer(c_name(argument.scalar));
+        return x_dvr_var(env, pointer.text, pointer.text, name, 0, no_help_text);
+    }
+    case ArgumentKind::udt: return x_dvr_var(env, Pointer(type).text, Pointer(behind_typedefs(type)).text, name, 1, no_help_text);
+    case ArgumentKind::cookie: return x_dvr_var(env, Pointer(type).text, Pointer(type).text, name, 0, no_help_text);
+    }
+    __builtin_unreachable();
+}
+
+xmlrpc_value *signature(xmlrpc_env *env, const Method &method) {
+    xmlrpc_value *list = xmlrpc_array_new(env);
+    append_record(env, list,
+                  x_dvr_var(env, describe::return_type(method.returns), primitive_return_type(method.returns), nullptr, 0, method.help));
+    for (unsigned i = 0; i < method.count; ++i) append_record(env, list, parameter(env, method, method.arguments[i]));
+    return list;
+}
+
+xmlrpc_value *answer(xmlrpc_env *env, const char *name) {
+    for (const Method *method : methods)
+        if (is_full_name(name, method->strings)) return signature(env, *method);
+    return nullptr;
+}
+
+} // namespace
+
+extern "C" xmlrpc_value *x_rpc_methodSignature(xmlrpc_env *env, xmlrpc_value *parameters, void *, void *) {
+    return look_up(env, parameters, answer, "Function not found");
+}
+
+} // namespace lmq
