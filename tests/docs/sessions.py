@@ -1,8 +1,9 @@
-"""Runs what README.md tells a newcomer to paste, against the host and the simulated chip: sessions.py HOST DOCUMENT...
+"""Installs the build and runs what the documents tell a newcomer to paste, against the installed host and the simulated
+chip: sessions.py CMAKE BUILD DOCUMENT...
 
 A fenced block of `sh` or `python` is a session if a block of `text` comes next, which is what it must print. A block of
-`xml` before another one is a document to post and its answer. Sessions of a document run in their order against one host.
-Links to files are followed too.
+`xml` before another one is a document to post and its answer. All sessions run in their order against one host. Links to
+files are followed too.
 """
 
 import contextlib
@@ -13,6 +14,7 @@ import pathlib
 import re
 import subprocess
 import sys
+import tempfile
 
 WRITTEN = "127.0.0.1:8080"  # the address in the documents, which gives way to the host's
 FENCE = re.compile(r"^```(\w*)\n(.*?)^```$", re.MULTILINE | re.DOTALL)
@@ -48,24 +50,30 @@ def lines(language, text):
 def check(document, address):
     """Returns the number of sessions and a list of complaints."""
     text = document.read_text()
-    complaints = [f"{document.name}: there is no {link}" for link in LINK.findall(text)
+    complaints = [f"{document.name}: there is no {link}" for link in LINK.findall(FENCE.sub("", text))
                   if not (document.parent / link).exists()]
     runners = {("sh", "text"): shell, ("python", "text"): python, ("xml", "xml"): post}
     count, blocks = 0, list(FENCE.finditer(text))
     for block, answer in zip(blocks, blocks[1:]):
         language, expected = block[1], answer[2]
-        run = runners.get((language, answer[1]))
-        if run is None:
+        session = runners.get((language, answer[1]))
+        if session is None:
             continue
         count += 1
         line = text.count("\n", 0, answer.start()) + 1
-        got = run(block[2], address)
+        got = session(block[2], address)
         complaints += difflib.unified_diff(lines(language, expected), lines(language, got),
                                            f"{document.name}:{line}", "what came", lineterm="")
     return count, complaints
 
 
-def main(host, *documents):
+def main(cmake, build, *documents):
+    with tempfile.TemporaryDirectory() as prefix:
+        subprocess.run([cmake, "--install", build, "--prefix", prefix], check=True, stdout=subprocess.DEVNULL)
+        return run(pathlib.Path(prefix, "bin", "lmq-host"), documents)
+
+
+def run(host, documents):
     process = subprocess.Popen([host, "--listen", "127.0.0.1:0"], stdout=subprocess.PIPE, text=True)
     try:
         address = re.fullmatch(r"Listening on http://(.*)/RPC2\n", process.stdout.readline())[1]
