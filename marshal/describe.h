@@ -72,10 +72,12 @@
 // reached through `mask_s` alone.
 #define MASK(m, T, ...) INLINE(m, FLAGS(m.mask_s, __VA_ARGS__), SCALAR(T, m.mask))
 
-// UDT(T, rows...): describes T and defines udt_T. Stands in namespace lmq.
+// UDT(T, rows...): describes T and defines udt_T. Stands in namespace lmq. Does not compile before T is named in
+// families/udts.def, or clients would not be told of it.
 #define UDT(T, ...)                                                                                   \
     namespace rows_of_##T {                                                                           \
         using S = T;                                                                                  \
+        using declared_by_udts_def = decltype(::lmq::udt_##T);                                        \
         constexpr auto drafts = ::lmq::describe::join(__VA_ARGS__);                                   \
         static_assert(::lmq::describe::covers<S>(drafts),                                             \
                       "rows of " #T ": a member has no row, or the rows are not in the header's order"); \
