@@ -1,4 +1,4 @@
-"""Checks what the built plug-in shows and needs: exports.py PLUGIN.
+"""Checks what the built plug-in shows and needs: exports.py NM READELF PLUGIN.
 
 It exports its entry point, the tracker, the record builders and nothing else, needs the C library, the XML-RPC libraries and the driver, and
 does no work when it is loaded.
@@ -12,15 +12,15 @@ EXPORTS = {"xrpc_init", "__x_mm_initialize", "__x_mm_add_ptr", "__x_mm_free",
 NEEDS = {"libc.so.6", "libxmlrpc.so.3", "libxmlrpc_util.so.3", "libxmlrpc_server.so.3", "liblmq.so"}
 
 
-def main(plugin):
-    nm = subprocess.run(["nm", "-D", "--defined-only", plugin], check=True, capture_output=True, text=True).stdout
+def main(nm_tool, readelf, plugin):
+    nm = subprocess.run([nm_tool, "-D", "--defined-only", plugin], check=True, capture_output=True, text=True).stdout
     exports = {line.split()[-1] for line in nm.splitlines()}
-    dynamic = subprocess.run(["readelf", "-dW", plugin], check=True, capture_output=True, text=True).stdout
+    dynamic = subprocess.run([readelf, "-dW", plugin], check=True, capture_output=True, text=True).stdout
     needs = set(re.findall(r"\(NEEDED\).*\[(.*)\]", dynamic))
-    sections = subprocess.run(["readelf", "-SW", plugin], check=True, capture_output=True, text=True).stdout
+    sections = subprocess.run([readelf, "-SW", plugin], check=True, capture_output=True, text=True).stdout
     constructors = re.search(r"\.init_array\s+\S+\s+\S+\s+\S+\s+(\S+)", sections)
     # The compiler's own start code brings one entry, frame_dummy.
-    entries = int(constructors.group(1), 16) // (8 if "ELF64" in header(plugin) else 4) if constructors else 0
+    entries = int(constructors.group(1), 16) // (8 if "ELF64" in header(readelf, plugin) else 4) if constructors else 0
 
     wrong = []
     if exports != EXPORTS:
@@ -34,9 +34,9 @@ def main(plugin):
     return 1 if wrong else 0
 
 
-def header(path):
-    return subprocess.run(["readelf", "-h", path], check=True, capture_output=True, text=True).stdout
+def header(readelf, path):
+    return subprocess.run([readelf, "-h", path], check=True, capture_output=True, text=True).stdout
 
 
 if __name__ == "__main__":
-    sys.exit(main(sys.argv[1]))
+    sys.exit(main(*sys.argv[1:]))
