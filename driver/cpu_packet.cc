@@ -1,44 +1,295 @@
-// The packet path to the CPU.
+/**
+ * @file
+ * @brief The CPU packet family: traps, special packets, traffic block, filters, and sending.
+ *
+ * Choices:
+ * - No function registers a trap, so a device comes up with a trap of each special packet type, as an application on
+ * the ONU would register them: enabled, without ports, its handle the number of the type. A handle that was
+ * deregistered is gone until the device starts again.
+ * - No packet arrives, so that nothing is trapped by itself, and the statistics are 0.
+ * - Port types go with ports: GPON, AE, AE_CASCADE and GEM with the SNI, ETH with the Ethernet ports and the management
+ *   port. A trap has up to 64 ports.
+ * - A special packet is permitted and learned from at first; the members that one flag selects together are flow_enbl
+ *   with flow_id and mirror_enbl with mirror_before_pe.
+ * - Ingress filters are for the SNI and Ethernet ports. Removing types of which none is in the filter is refused.
+ * - vx_cpu_packet_tx sends 14 to 2000 bytes, does not read them, and counts them on the port; OMCI and OAM messages may
+ * be shorter, and go to the SNI alone. The management port sends while its interface is enabled.
+ */
 #include "driver/cpu_packet.h"
 
-#include "driver/not_modelled.h"
-#include "lmq/lmq.h"
+#include "driver/chip.h"
+
+namespace lmq::sim {
+
+namespace {
+
+constexpr std::size_t kMaxTrapPorts = VX_MAX_GEM_PORTS;
+constexpr vx_uint16 kMinFrame = 14;   /* The Ethernet header. */
+constexpr vx_uint16 kMaxFrame = 2000; /* IEEE 802.3: an envelope frame. */
+
+bool is_eth_port(vx_uint16 port) { return port >= VX_PORT_ETH0 && port < VX_PORT_ETH0 + LMQ_PORT_ETH_NUM; }
+
+void check_port(vx_uint16 port) { refuse_if(port > VX_PORT_VOIP0, VX_ERR_PORT_NUM_OUT_OF_RANGE); }
+
+/* A port of the network or of a user. */
+void check_sni_or_uni(vx_uint16 port) {
+    check_port(port);
+    refuse_if(port != VX_PORT_SNI0 && !is_eth_port(port), VX_ERR_PORT_TYPE_MISMATCH);
+}
+
+void check_port(vx_port_type_t type, vx_uint16 port) {
+    check_port(port);
+    switch (type) {
+        case VX_PORT_TYPE_GPON:
+        case VX_PORT_TYPE_AE:
+        case VX_PORT_TYPE_AE_CASCADE:
+        case VX_PORT_TYPE_GEM: return refuse_if(port != VX_PORT_SNI0, VX_ERR_PORT_TYPE_MISMATCH);
+        case VX_PORT_TYPE_ETH: return refuse_if(!is_eth_port(port) && port != VX_PORT_MGMT, VX_ERR_PORT_TYPE_MISMATCH);
+        case VX_PORT_TYPE_INVALID: break;
+    }
+    throw Refusal{VX_ERR_GLBL_RANGE_CHECK_FAIL};
+}
+
+/* The numbers between START and END that no type has. */
+bool is_gap(int type) { return type == 10 || type == 11 || type == 17 || type == 18; }
+
+bool is_special(int type) {
+    return type >= VX_L2_SPCL_PKT_TYPE_START && type <= VX_L2_SPCL_PKT_TYPE_END && !is_gap(type);
+}
+
+void check_type(vx_l2_spcl_pkt_type_t type) {
+    refuse_if(type < VX_L2_SPCL_PKT_TYPE_BASE || type >= VX_L2_SPCL_PKT_TYPE_MAX || is_gap(type),
+              VX_ERR_GLBL_RANGE_CHECK_FAIL);
+}
+
+CpuTrap &trap(Device &device, vx_uint32 handle) {
+    const auto found = device.cpu_packet.traps.find(handle);
+    refuse_if(found == device.cpu_packet.traps.end(), VX_ERR_GLBL_ENTRY_NOT_FOUND);
+    return found->second;
+}
+
+lmq_fe_spcl_pkt_ctrl_t initial_control() {
+    lmq_fe_spcl_pkt_ctrl_t control{};
+    control.permit = TRUE;
+    control.lrn_enbl = TRUE;
+    control.valid.mask_s = {.pri = 1,
+                            .permit = 1,
+                            .fwd_op = 1,
+                            .lrn_enbl = 1,
+                            .lmt_fwd = 1,
+                            .cos = 1,
+                            .bypass_plcy = 1,
+                            .flow_enbl = 1,
+                            .mirror_enbl = 1,
+                            .rsvd = 0};
+    return control;
+}
+
+lmq_fe_spcl_pkt_ctrl_t &control(Device &device, vx_uint16 port, vx_l2_spcl_pkt_type_t type) {
+    check_port(port);
+    refuse_if(!is_special(type), VX_ERR_GLBL_RANGE_CHECK_FAIL);
+    return device.cpu_packet.control.try_emplace({port, type}, initial_control()).first->second;
+}
+
+/* A switch of a port, by the setting that keeps it. */
+using PortSwitch = Setting<vx_port_id_t, vx_boolean> CpuPackets::*;
+
+vx_status_e set_switch(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id, vx_boolean enbl,
+                       PortSwitch which) {
+    return on_device(function, dev_id, {}, [&](Device &device) {
+        check_port(port_id);
+        (device.cpu_packet.*which).set(port_id, enbl ? TRUE : FALSE);
+    });
+}
+
+vx_status_e get_switch(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id, vx_boolean *enbl,
+                       PortSwitch which) {
+    return on_device(function, dev_id, {enbl}, [&](Device &device) {
+        check_port(port_id);
+        *enbl = (device.cpu_packet.*which).get(port_id);
+    });
+}
+
+void check_filter(vx_port_id_t port_id, vx_l2_spcl_pkt_type_bitmap_t types) {
+    check_sni_or_uni(port_id);
+    refuse_if(types == LMQ_PKT_TYPE_BITMAP_NONE, VX_ERR_GLBL_INVALID_PARAMS);
+    refuse_if((types & ~vx_uint32{LMQ_PKT_TYPE_BITMAP_ALL}) != 0, VX_ERR_GLBL_RANGE_CHECK_FAIL);
+}
+
+}  // namespace
+
+CpuPackets::CpuPackets() {
+    for (int type = VX_L2_SPCL_PKT_TYPE_START + 1; type <= VX_L2_SPCL_PKT_TYPE_END; ++type) {
+        if (is_special(type)) traps.emplace(static_cast<vx_uint32>(type), CpuTrap{});
+    }
+}
+
+}  // namespace lmq::sim
 
 using namespace lmq::sim;
 
-vx_status_e lmq_enable_cpu_pkt_trap(vx_dev_id_t, vx_uint32) { return kNotModelled; }
-vx_status_e vx_l2_spcl_pkt_cfg_set(vx_dev_id_t, vx_uint16, vx_l2_spcl_pkt_type_t, lmq_fe_spcl_pkt_ctrl_t *) {
-    return kNotModelled;
+extern "C" {
+
+vx_status_e lmq_enable_cpu_pkt_trap(vx_dev_id_t dev_id, vx_uint32 handle) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) { trap(device, handle).enabled = true; });
 }
-vx_status_e lmq_delete_pkt_type_filter(vx_dev_id_t, vx_port_id_t, vx_l2_spcl_pkt_type_bitmap_t) { return kNotModelled; }
-vx_status_e lmq_add_port_to_cpu_pkt_trap(vx_dev_id_t, vx_uint32, vx_port_type_t, vx_uint16, vx_uint16) {
-    return kNotModelled;
+
+vx_status_e lmq_disable_cpu_pkt_trap(vx_dev_id_t dev_id, vx_uint32 handle) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) { trap(device, handle).enabled = false; });
 }
-vx_status_e lmq_get_cpu_pkt_trap_stats(vx_dev_id_t, vx_l2_spcl_pkt_type_t, vx_port_type_t, vx_uint16, vx_uint32 *,
-                                       vx_boolean) {
-    return kNotModelled;
+
+vx_status_e lmq_deregister_cpu_pkt_trap(vx_dev_id_t dev_id, vx_uint32 handle) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        refuse_if(device.cpu_packet.traps.erase(handle) == 0, VX_ERR_GLBL_ENTRY_NOT_FOUND);
+    });
 }
-vx_status_e lmq_disable_cpu_pkt_trap(vx_dev_id_t, vx_uint32) { return kNotModelled; }
-vx_status_e vx_l2_spcl_pkt_cfg_get(vx_dev_id_t, vx_uint16, vx_l2_spcl_pkt_type_t, lmq_fe_spcl_pkt_ctrl_t *) {
-    return kNotModelled;
+
+vx_status_e lmq_add_port_to_cpu_pkt_trap(vx_dev_id_t dev_id, vx_uint32 handle, vx_port_type_t port_type,
+                                         vx_uint16 port_num, vx_uint16 sub_port_id) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        CpuTrap &kept = trap(device, handle);
+        check_port(port_type, port_num);
+        const CpuPort port{port_type, port_num, sub_port_id};
+        refuse_if(kept.ports.contains(port), VX_ERR_PORT_EXIST);
+        refuse_if(kept.ports.size() >= kMaxTrapPorts, VX_ERR_GLBL_SW_RESOURCE_UNAVAIL);
+        kept.ports.insert(port);
+    });
 }
-vx_status_e vx_cpu_packet_tx(vx_dev_id_t, vx_uint16, vx_uint8 *, vx_cpu_send_frame_cfg_t *) { return kNotModelled; }
-vx_status_e vx_l2_pppoe_filter_set(vx_dev_id_t, vx_port_id_t, vx_boolean) { return kNotModelled; }
-vx_status_e vx_l2_pppoe_filter_get(vx_dev_id_t, vx_port_id_t, vx_boolean *) { return kNotModelled; }
-vx_status_e lmq_deregister_cpu_pkt_trap(vx_dev_id_t, vx_uint32) { return kNotModelled; }
-vx_status_e lmq_add_pkt_type_filter(vx_dev_id_t, vx_port_id_t, vx_l2_spcl_pkt_type_bitmap_t) { return kNotModelled; }
+
+vx_status_e lmq_delete_port_from_cpu_pkt_trap(vx_dev_id_t dev_id, vx_uint32 handle, vx_port_type_t port_type,
+                                              vx_uint16 port_num, vx_uint16 sub_port_id) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        CpuTrap &kept = trap(device, handle);
+        check_port(port_type, port_num);
+        refuse_if(kept.ports.erase({port_type, port_num, sub_port_id}) == 0, VX_ERR_PORT_NOT_FOUND);
+    });
+}
+
+vx_status_e lmq_get_cpu_pkt_trap_stats(vx_dev_id_t dev_id, vx_l2_spcl_pkt_type_t pkt_type, vx_port_type_t port_type,
+                                       vx_uint16 port_num, vx_uint32 *p_stats, vx_boolean clear) {
+    return on_device(__func__, dev_id, {p_stats}, [&](Device &device) {
+        check_type(pkt_type);
+        check_port(port_type, port_num);
+        CpuPackets &state = device.cpu_packet;
+        refuse_if(!state.traps.contains(static_cast<vx_uint32>(pkt_type)), VX_ERR_FE_CPU_PKT_TRAP_NOT_ACTIVE);
+        *p_stats = state.trapped[{pkt_type, port_type, port_num}].read(clear != FALSE);
+    });
+}
+
+vx_status_e vx_l2_spcl_pkt_cfg_set(vx_dev_id_t dev_id, vx_uint16 port_num, vx_l2_spcl_pkt_type_t pkt_type,
+                                   lmq_fe_spcl_pkt_ctrl_t *cfg) {
+    return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
+        lmq_fe_spcl_pkt_ctrl_t &kept = control(device, port_num, pkt_type);
+        const auto flags = cfg->valid.mask_s;
+        if (flags.cos) check_range(cfg->cos, 0, LMQ_MAX_COS - 1);
+        if (flags.fwd_op && cfg->fwd_op.fwd_enbl) check_port(cfg->fwd_op.dpid);
+
+        merge(flags.pri, kept.pri, cfg->pri);
+        merge(flags.permit, kept.permit, cfg->permit);
+        merge(flags.fwd_op, kept.fwd_op, cfg->fwd_op);
+        merge(flags.lrn_enbl, kept.lrn_enbl, cfg->lrn_enbl);
+        merge(flags.lmt_fwd, kept.lmt_fwd, cfg->lmt_fwd);
+        merge(flags.cos, kept.cos, cfg->cos);
+        merge(flags.bypass_plcy, kept.bypass_plcy, cfg->bypass_plcy);
+        merge(flags.flow_enbl, kept.flow_enbl, cfg->flow_enbl);
+        merge(flags.flow_enbl, kept.flow_id, cfg->flow_id);
+        merge(flags.mirror_enbl, kept.mirror_enbl, cfg->mirror_enbl);
+        merge(flags.mirror_enbl, kept.mirror_before_pe, cfg->mirror_before_pe);
+        for (vx_boolean *flag : {&kept.permit, &kept.fwd_op.fwd_enbl, &kept.lrn_enbl, &kept.lmt_fwd, &kept.bypass_plcy,
+                                 &kept.flow_enbl, &kept.mirror_enbl, &kept.mirror_before_pe}) {
+            *flag = *flag ? TRUE : FALSE;
+        }
+    });
+}
+
+vx_status_e vx_l2_spcl_pkt_cfg_get(vx_dev_id_t dev_id, vx_uint16 port_num, vx_l2_spcl_pkt_type_t pkt_type,
+                                   lmq_fe_spcl_pkt_ctrl_t *cfg) {
+    return on_device(__func__, dev_id, {cfg}, [&](Device &device) { *cfg = control(device, port_num, pkt_type); });
+}
+
+vx_status_e vx_l2_spcl_pkt_behavior_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 sub_pid,
+                                        vx_l2_spcl_pkt_type_t pkt_type, vx_l2_spcl_pkt_action_t spcl_pkt_act) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        check_port(port_id);
+        check_type(pkt_type);
+        check_range(spcl_pkt_act, VX_L2_SPCL_PKT_ACT_FORWARDING, VX_L2_SPCL_PKT_ACT_MAX);
+        device.cpu_packet.behavior.set({port_id, sub_pid, pkt_type}, spcl_pkt_act);
+    });
+}
+
+vx_status_e vx_l2_spcl_pkt_behavior_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 sub_pid,
+                                        vx_l2_spcl_pkt_type_t pkt_type, vx_l2_spcl_pkt_action_t *spcl_pkt_act) {
+    return on_device(__func__, dev_id, {spcl_pkt_act}, [&](Device &device) {
+        check_port(port_id);
+        check_type(pkt_type);
+        *spcl_pkt_act = device.cpu_packet.behavior.get({port_id, sub_pid, pkt_type});
+    });
+}
+
+vx_status_e vx_l2_traffic_block_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_boolean enbl) {
+    return set_switch(__func__, dev_id, port_id, enbl, &CpuPackets::traffic_block);
+}
+
+vx_status_e vx_l2_traffic_block_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_boolean *enbl) {
+    return get_switch(__func__, dev_id, port_id, enbl, &CpuPackets::traffic_block);
+}
+
+vx_status_e vx_l2_pppoe_filter_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_boolean enbl) {
+    return set_switch(__func__, dev_id, port_id, enbl, &CpuPackets::pppoe_filter);
+}
+
+vx_status_e vx_l2_pppoe_filter_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_boolean *enbl) {
+    return get_switch(__func__, dev_id, port_id, enbl, &CpuPackets::pppoe_filter);
+}
+
+vx_status_e lmq_add_pkt_type_filter(vx_dev_id_t dev_id, vx_port_id_t port_id,
+                                    vx_l2_spcl_pkt_type_bitmap_t pkt_type_bitmap) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        check_filter(port_id, pkt_type_bitmap);
+        auto &filter = device.cpu_packet.filter;
+        filter.set(port_id, filter.get(port_id) | pkt_type_bitmap);
+    });
+}
+
+vx_status_e lmq_delete_pkt_type_filter(vx_dev_id_t dev_id, vx_port_id_t port_id,
+                                       vx_l2_spcl_pkt_type_bitmap_t pkt_type_bitmap) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        check_filter(port_id, pkt_type_bitmap);
+        auto &filter = device.cpu_packet.filter;
+        refuse_if((filter.get(port_id) & pkt_type_bitmap) == 0, VX_ERR_GLBL_ENTRY_NOT_FOUND);
+        filter.set(port_id, filter.get(port_id) & ~pkt_type_bitmap);
+    });
+}
+
+vx_status_e lmq_get_pkt_type_filter(vx_dev_id_t dev_id, vx_port_id_t port_id,
+                                    vx_l2_spcl_pkt_type_bitmap_t *p_pkt_type_bitmap) {
+    return on_device(__func__, dev_id, {p_pkt_type_bitmap}, [&](Device &device) {
+        check_sni_or_uni(port_id);
+        *p_pkt_type_bitmap = device.cpu_packet.filter.get(port_id);
+    });
+}
+
+vx_status_e vx_cpu_packet_tx(vx_dev_id_t dev_id, vx_uint16 pkt_len, vx_uint8 *p_pkt_buff,
+                             vx_cpu_send_frame_cfg_t *p_cfg) {
+    return on_device(__func__, dev_id, {p_pkt_buff, p_cfg}, [&](Device &device) {
+        const bool message = p_cfg->is_gpon_omci || p_cfg->is_epon_oam;
+        check_range(pkt_len, message ? 1 : kMinFrame, kMaxFrame);
+        check_range(p_cfg->pkt_priority, 0, LMQ_MAX_COS - 1);
+        check_port(p_cfg->port_type, p_cfg->port_num);
+        refuse_if(message && p_cfg->port_num != VX_PORT_SNI0, VX_ERR_PORT_TYPE_MISMATCH);
+        if (p_cfg->port_num == VX_PORT_MGMT) {
+            Management &interface = device.management;
+            refuse_if(!interface.enabled, VX_ERR_PORT_INVALID_OP);
+            interface.tx_packets.add(1);
+            interface.tx_bytes.add(pkt_len);
+        }
+        CpuSent &sent = device.cpu_packet.sent[p_cfg->port_num];
+        sent.packets.add(1);
+        sent.bytes.add(pkt_len);
+    });
+}
+
+// The simulator hands out no packets, so there is none to free.
 void lmq_pkt_free_fnc(void *) {}
-vx_status_e vx_l2_traffic_block_get(vx_dev_id_t, vx_port_id_t, vx_boolean *) { return kNotModelled; }
-vx_status_e lmq_get_pkt_type_filter(vx_dev_id_t, vx_port_id_t, vx_l2_spcl_pkt_type_bitmap_t *) { return kNotModelled; }
-vx_status_e vx_l2_spcl_pkt_behavior_get(vx_dev_id_t, vx_port_id_t, vx_uint16, vx_l2_spcl_pkt_type_t,
-                                        vx_l2_spcl_pkt_action_t *) {
-    return kNotModelled;
-}
-vx_status_e vx_l2_spcl_pkt_behavior_set(vx_dev_id_t, vx_port_id_t, vx_uint16, vx_l2_spcl_pkt_type_t,
-                                        vx_l2_spcl_pkt_action_t) {
-    return kNotModelled;
-}
-vx_status_e vx_l2_traffic_block_set(vx_dev_id_t, vx_port_id_t, vx_boolean) { return kNotModelled; }
-vx_status_e lmq_delete_port_from_cpu_pkt_trap(vx_dev_id_t, vx_uint32, vx_port_type_t, vx_uint16, vx_uint16) {
-    return kNotModelled;
-}
+
+}  // extern "C"
