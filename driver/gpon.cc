@@ -13,11 +13,11 @@
  * - The fibre is always plugged in: there is a signal as long as the port is active.
  * - A laser that is always off takes the ONU back to O2, and it does not get beyond O3. `dir` is not looked at.
  * - A forced state (O1 to O7) stays until another is forced, or the port is left or activated.
- * - The default T-CONT is the driver's own; tcont_id 0 to 7 are the others. Enabling one again gives it another
- * Alloc-Id. An Alloc-Id has 12 bits and belongs to one T-CONT. A T-CONT that GEM ports go through is not disabled:
- *   VX_ERR_DEV_BUSY.
+ * - T-CONT 0, the default one, carries management with the ONU-ID as its Alloc-Id whatever is set here. For GEM ports
+ * it is enabled as the others are. Enabling a T-CONT again gives it another Alloc-Id. An Alloc-Id has 12 bits and
+ * belongs to one T-CONT. A T-CONT that GEM ports go through is not disabled: VX_ERR_DEV_BUSY.
  * - GEM ports have 12 bits. An upstream one needs its T-CONT enabled. The index is the lowest that is free. Deleting
- * one asks nobody.
+ * one leaves what other families keep for its number.
  * - Lists are filled as far as the count given allows, and the count answers how many there are.
  * - The OLT sends Upstream_Overhead, Assign_ONU-ID and Ranging_Time once each, as the ONU leaves O2, O3 and O4. The
  * last 16 messages that nobody took are kept. Of what is sent upstream, which takes O3 or later, it answers nothing: a
@@ -145,7 +145,7 @@ vx_status_e on_port(const char *function, vx_dev_id_t dev_id, vx_uint16 port_id,
     });
 }
 
-void check_tcont(vx_uint16 tcont_id) { refuse_if(tcont_id >= VX_GPON_MAX_TCONTS, VX_ERR_GPON_INVALID_TCONT_NUMBER); }
+void check_tcont(vx_uint16 tcont_id) { refuse_if(tcont_id >= VX_GPON_MAX_TCONTS, VX_ERR_GPON_INVALID_TCONT); }
 
 bool upstream(const vx_gem_port_cfg_t &cfg) { return (cfg.direction & LMQ_DIR_US) != 0; }
 
@@ -154,10 +154,12 @@ bool goes_through(const Gpon::GemPort &gem, vx_uint16 tcont_id) {
     return upstream(gem.cfg) && gem.cfg.tcont_id == tcont_id;
 }
 
+void check_gem(vx_uint16 gem_port_id) { refuse_if(gem_port_id > kGreatestGemPort, VX_ERR_GPON_INVALID_GEM_PORT); }
+
 Gpon::GemPort &gem_port(Gpon &gpon, vx_uint16 gem_port_id) {
-    check_range(gem_port_id, 0, kGreatestGemPort);
+    check_gem(gem_port_id);
     Gpon::GemPort *gem = gpon.gem_ports.find(gem_port_id);
-    refuse_if(gem == nullptr, VX_ERR_GPON_INVALID_GEM_PORT);
+    refuse_if(gem == nullptr, VX_ERR_GLBL_ENTRY_NOT_FOUND);
     return *gem;
 }
 
@@ -321,7 +323,7 @@ vx_status_e vx_gpon_onu_gem_port_add(vx_dev_id_t dev_id, vx_port_id_t port_id, v
                                      vx_gem_port_cfg_t *p_cfg) {
     return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Device &device, Gpon::Port &) {
         Gpon &gpon = device.gpon;
-        check_range(gem_port_id, 0, kGreatestGemPort);
+        check_gem(gem_port_id);
         refuse_if(p_cfg->direction < LMQ_DIR_US || p_cfg->direction > LMQ_DIR_BOTH, VX_ERR_GLBL_INVALID_DIRECTION);
         refuse_if(gpon.gem_ports.find(gem_port_id) != nullptr, VX_ERR_GLBL_ENTRY_EXIST);
         refuse_if(gpon.gem_ports.size() == VX_MAX_GEM_PORTS, VX_ERR_DEV_HW_RESOURCE_UNAVAIL);
@@ -351,7 +353,7 @@ vx_status_e vx_gpon_onu_gem_port_id_get(vx_dev_id_t dev_id, vx_port_id_t port_id
         Gpon &gpon = device.gpon;
         const auto found = std::find_if(gpon.gem_ports.begin(), gpon.gem_ports.end(),
                                         [&](const auto &entry) { return entry.second.index == index; });
-        refuse_if(found == gpon.gem_ports.end(), VX_ERR_GPON_INVALID_GEM_PORT);
+        refuse_if(found == gpon.gem_ports.end(), VX_ERR_GLBL_ENTRY_NOT_FOUND);
         *p_gem_port_id = found->first;
     });
 }

@@ -329,7 +329,7 @@ vx_status_e vx_gpon_onu_gem_port_loopback_set(vx_dev_id_t dev_id, vx_port_id_t p
  * @param dev_id    The device.
  * @param port_num  The PON port.
  * @param p_message Where to write it.
- * @param p_num     Bytes that there is room for; where to write how many the message has, 0 for no message.
+ * @param p_num     Bytes that there is room for, at least 13; where to write how many it has, 0 for no message.
  * @return VX_SUCCESS or a status.
  */
 vx_status_e vx_gpon_onu_ploam_ds_get(vx_dev_id_t dev_id, vx_uint16 port_num, vx_uint8 *p_message, vx_uint8 *p_num);
