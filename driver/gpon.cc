@@ -1,36 +1,413 @@
-// The GPON port, T-CONTs and GEM ports.
+/**
+ * @file
+ * @brief The GPON port: activation, T-CONTs, GEM ports and the PLOAM channel, with an OLT at the other end.
+ *
+ * Choices, a line each:
+ * - The PON port is port 0, and only of a device in mode GPON: VX_ERR_PORT_TYPE_MISMATCH for the other ports and modes.
+ * - Configuration, T-CONTs and GEM ports are taken in every state of the ONU, and kept when the port is left.
+ * - vendor_id, serial_num, passwd and the laser times begin as the start configuration says, thresholds at 10 to the
+ *   -5 and -6 for signal fail, -9 and -10 for signal degrade. With auto_register activation begins at the first call
+ *   that looks at the port. Activating an active port changes nothing; leaving ends in O1.
+ * - An active port takes 100 ms of the simulator's clock for each state from O1 to O5. The OLT gives ONU-ID 1 on the
+ * way into O4, and GEM port 1 for management in O5; before that they are 255 and -1.
+ * - The fibre is always plugged in: there is a signal as long as the port is active.
+ * - A laser that is always off takes the ONU back to O2, and it does not get beyond O3. `dir` is not looked at.
+ * - A forced state (O1 to O7) stays until another is forced, or the port is left or activated.
+ * - T-CONT 0, the default one, carries management with the ONU-ID as its Alloc-Id whatever is set here. For GEM ports
+ * it is enabled as the others are. Enabling a T-CONT again gives it another Alloc-Id. An Alloc-Id has 12 bits and
+ * belongs to one T-CONT. A T-CONT that GEM ports go through is not disabled: VX_ERR_DEV_BUSY.
+ * - GEM ports have 12 bits. An upstream one needs its T-CONT enabled. The index is the lowest that is free. Deleting
+ * one leaves what other families keep for its number.
+ * - Lists are filled as far as the count given allows, and the count answers how many there are.
+ * - The OLT sends Upstream_Overhead, Assign_ONU-ID and Ranging_Time once each, as the ONU leaves O2, O3 and O4. The
+ * last 16 messages that nobody took are kept. Of what is sent upstream, which takes O3 or later, it answers nothing: a
+ *   message of module `gpon` at VX_LOG_LVL_INFO shows it.
+ */
 #include "driver/gpon.h"
 
-#include "driver/not_modelled.h"
-#include "lmq/lmq.h"
+#include <algorithm>
+#include <initializer_list>
+#include <iterator>
+
+#include "driver/chip.h"
+
+namespace lmq::sim {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr Clock::Time kStateTime = 100ms;
+constexpr vx_uint16 kGreatestGemPort = 4095;
+constexpr vx_uint16 kGreatestAllocId = 4095;
+constexpr vx_uint8 kOnuId = 1;
+constexpr vx_uint8 kNoOnuId = 255;
+constexpr vx_int16 kOmciPort = 1;
+constexpr std::size_t kMessagesKept = 16;
+
+/* Types of downstream messages (ITU-T G.984.3). */
+constexpr vx_uint8 kUpstreamOverhead = 1;
+constexpr vx_uint8 kAssignOnuId = 3;
+constexpr vx_uint8 kRangingTime = 4;
+
+vx_boolean truth(vx_boolean value) { return value ? TRUE : FALSE; }
+
+Gpon::Port initial_port(const lmq_gpon_startup_cfg_s &start, Clock::Time now) {
+    Gpon::Port port;
+    vx_gpon_port_cfg_t &cfg = port.cfg;
+    std::copy(std::begin(start.vendor_id), std::end(start.vendor_id), cfg.vendor_id);
+    cfg.serial_num = start.serial_num;
+    std::copy(std::begin(start.passwd), std::end(start.passwd), cfg.passwd);
+    cfg.dbru_blk_len = VX_GPON_DBA_BLK_LEN_48;
+    cfg.laser_on_time = start.laser_on_time;
+    cfg.laser_prebias_time = start.laser_prebias_time;
+    cfg.sf_threshold = VX_GPON_SIG_THRES_10_EXP_5;
+    cfg.sf_clear_threshold = VX_GPON_SIG_THRES_10_EXP_6;
+    cfg.sd_threshold = VX_GPON_SIG_THRES_10_EXP_9;
+    cfg.sd_clear_threshold = VX_GPON_SIG_THRES_10_EXP_10;
+    cfg.valid = {.vendor_id = 1,
+                 .serial_num = 1,
+                 .passwd = 1,
+                 .dbru_blk_len = 1,
+                 .laser_on_time = 1,
+                 .laser_prebias_time = 1,
+                 .fec_bypass_enbl = 1,
+                 .aes_enbl = 1,
+                 .sf_threshold = 1,
+                 .sf_clear_threshold = 1,
+                 .sd_threshold = 1,
+                 .sd_clear_threshold = 1};
+    port.enabled = port.walking = start.auto_register != FALSE;
+    port.since = now;
+    return port;
+}
+
+/* CRC-8 of ITU-T G.984.3: x^8 + x^2 + x + 1. */
+vx_uint8 crc(const Gpon::Ploam &message) {
+    unsigned sum = 0;
+    for (std::size_t i = 0; i + 1 < message.size(); ++i) {
+        sum ^= message[i];
+        for (int bit = 0; bit < 8; ++bit) sum = (sum & 0x80) ? (sum << 1) ^ 0x107 : sum << 1;
+    }
+    return static_cast<vx_uint8>(sum);
+}
+
+void receive(Gpon::Port &port, Gpon::Ploam message) {
+    const bool passes = port.overhead_passes && message[1] == kUpstreamOverhead;
+    if (port.masked && !passes) return;
+    message.back() = crc(message);
+    port.received.push_back(message);
+    if (port.received.size() > kMessagesKept) port.received.pop_front();
+}
+
+/* What makes the ONU leave a state. */
+void receive_in(Gpon::Port &port) {
+    switch (port.state) {
+        case VX_GPON_STATE_STANDBY: return receive(port, {kNoOnuId, kUpstreamOverhead});
+        case VX_GPON_STATE_SERIALNO: {
+            const auto &[v0, v1, v2, v3] = port.cfg.vendor_id;
+            const auto byte = [&](int shift) { return static_cast<vx_uint8>(port.cfg.serial_num >> shift); };
+            return receive(port,
+                           {kNoOnuId, kAssignOnuId, kOnuId, v0, v1, v2, v3, byte(24), byte(16), byte(8), byte(0)});
+        }
+        case VX_GPON_STATE_RANGING: return receive(port, {kOnuId, kRangingTime});
+        default: return;
+    }
+}
+
+/* The PON port, in the state that it has come to by now. */
+Gpon::Port &up_to_date(Device &device) {
+    const Clock::Time now = device.system.clock.now();
+    std::optional<Gpon::Port> &port = device.gpon.port;
+    if (!port) port = initial_port(device.config.gpon_cfg, now);
+    const auto last = port->laser == VX_PON_LASER_ALWAYS_OFF ? VX_GPON_STATE_SERIALNO : VX_GPON_STATE_OPERATION;
+    while (port->walking && port->state < last && now - port->since >= kStateTime) {
+        receive_in(*port);
+        port->state = static_cast<vx_gpon_onu_state_t>(port->state + 1);
+        port->since += kStateTime;
+    }
+    return *port;
+}
+
+void enter(Gpon::Port &port, vx_gpon_onu_state_t state, Clock::Time now) {
+    port.state = state;
+    port.since = now;
+}
+
+/* Runs an operation on the PON port. */
+template <typename Body>
+vx_status_e on_port(const char *function, vx_dev_id_t dev_id, vx_uint16 port_id,
+                    std::initializer_list<const void *> pointers, Body body) noexcept {
+    return on_device(function, dev_id, pointers, [&](Device &device) {
+        refuse_if(port_id > VX_PORT_VOIP0, VX_ERR_PORT_NUM_OUT_OF_RANGE);
+        refuse_if(port_id != VX_PORT_SNI0 || device.config.dev_mode != LMQ_DEV_MODE_GPON, VX_ERR_PORT_TYPE_MISMATCH);
+        body(device, up_to_date(device));
+    });
+}
+
+void check_tcont(vx_uint16 tcont_id) { refuse_if(tcont_id >= VX_GPON_MAX_TCONTS, VX_ERR_GPON_INVALID_TCONT); }
+
+bool upstream(const vx_gem_port_cfg_t &cfg) { return (cfg.direction & LMQ_DIR_US) != 0; }
+
+/* Whether a GEM port goes through a T-CONT. */
+bool goes_through(const Gpon::GemPort &gem, vx_uint16 tcont_id) {
+    return upstream(gem.cfg) && gem.cfg.tcont_id == tcont_id;
+}
+
+void check_gem(vx_uint16 gem_port_id) { refuse_if(gem_port_id > kGreatestGemPort, VX_ERR_GPON_INVALID_GEM_PORT); }
+
+Gpon::GemPort &gem_port(Gpon &gpon, vx_uint16 gem_port_id) {
+    check_gem(gem_port_id);
+    Gpon::GemPort *gem = gpon.gem_ports.find(gem_port_id);
+    refuse_if(gem == nullptr, VX_ERR_GLBL_ENTRY_NOT_FOUND);
+    return *gem;
+}
+
+vx_uint16 subport(vx_uint16 tcont_id) { return static_cast<vx_uint16>(LMQ_PORT_TCONT_BASE + tcont_id); }
+
+vx_gem_port_info_t info(Gpon &gpon, vx_uint16 id, const Gpon::GemPort &gem) {
+    const vx_uint16 *alloc_id = upstream(gem.cfg) ? gpon.tconts.find(gem.cfg.tcont_id) : nullptr;
+    return {.gem_port_id = id,
+            .gem_status = TRUE,
+            .direction = gem.cfg.direction,
+            .tcont_id = gem.cfg.tcont_id,
+            .alloc_id = alloc_id ? *alloc_id : LMQ_INVALID_ID16,
+            .gem_subport_id = static_cast<vx_uint16>(LMQ_PORT_GEM_BASE + gem.index),
+            .aes = gem.cfg.aes_enable,
+            .multicast = gem.cfg.multicast};
+}
+
+/* The lowest index in the GPON block that no GEM port has. There is one as long as the table is not full. */
+vx_uint16 free_index(Gpon &gpon) {
+    std::array<bool, VX_MAX_GEM_PORTS> used{};
+    for (const auto &[id, gem] : gpon.gem_ports) used[gem.index] = true;
+    return static_cast<vx_uint16>(std::find(used.begin(), used.end(), false) - used.begin());
+}
+
+/* Fills a list as far as the count allows, and answers how many entries there are. */
+template <typename Key, typename Value, typename Entry, typename Describe>
+void fill(Table<Key, Value> &table, Entry *list, vx_uint16 *count, Describe describe) {
+    const std::size_t room = std::min<std::size_t>(*count, table.size());
+    std::transform(table.begin(), std::next(table.begin(), static_cast<std::ptrdiff_t>(room)), list, describe);
+    *count = static_cast<vx_uint16>(table.size());
+}
+
+}  // namespace
+
+}  // namespace lmq::sim
 
 using namespace lmq::sim;
 
-vx_status_e vx_gpon_onu_port_enable_set(vx_dev_id_t, vx_port_id_t, vx_boolean) { return kNotModelled; }
-vx_status_e vx_gpon_onu_port_config_set(vx_dev_id_t, vx_port_id_t, vx_gpon_port_cfg_t *) { return kNotModelled; }
-vx_status_e vx_gpon_onu_port_config_get(vx_dev_id_t, vx_port_id_t, vx_gpon_port_cfg_t *) { return kNotModelled; }
-vx_status_e vx_gpon_onu_tcont_enable_set(vx_dev_id_t, vx_port_id_t, vx_uint16, vx_boolean, vx_tcont_cfg_t *) {
-    return kNotModelled;
+extern "C" {
+
+vx_status_e vx_gpon_onu_port_config_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_gpon_port_cfg_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Device &, Gpon::Port &port) {
+        const auto &flags = p_cfg->valid;
+        vx_gpon_port_cfg_t next = port.cfg;
+        merge(flags.vendor_id, next.vendor_id, p_cfg->vendor_id);
+        merge(flags.serial_num, next.serial_num, p_cfg->serial_num);
+        merge(flags.passwd, next.passwd, p_cfg->passwd);
+        merge(flags.dbru_blk_len, next.dbru_blk_len, p_cfg->dbru_blk_len);
+        merge(flags.laser_on_time, next.laser_on_time, p_cfg->laser_on_time);
+        merge(flags.laser_prebias_time, next.laser_prebias_time, p_cfg->laser_prebias_time);
+        merge(flags.fec_bypass_enbl, next.fec_bypass_enbl, truth(p_cfg->fec_bypass_enbl));
+        merge(flags.aes_enbl, next.aes_enbl, truth(p_cfg->aes_enbl));
+        merge(flags.sf_threshold, next.sf_threshold, p_cfg->sf_threshold);
+        merge(flags.sf_clear_threshold, next.sf_clear_threshold, p_cfg->sf_clear_threshold);
+        merge(flags.sd_threshold, next.sd_threshold, p_cfg->sd_threshold);
+        merge(flags.sd_clear_threshold, next.sd_clear_threshold, p_cfg->sd_clear_threshold);
+        check_range(next.dbru_blk_len, VX_GPON_DBA_BLK_LEN_32, VX_GPON_DBA_BLK_LEN_128);
+        for (vx_gpon_signal_thres_val_t threshold :
+             {next.sf_threshold, next.sf_clear_threshold, next.sd_threshold, next.sd_clear_threshold}) {
+            check_range(threshold, VX_GPON_SIG_THRES_10_EXP_3, VX_GPON_SIG_THRES_10_EXP_11);
+        }
+        port.cfg = next;
+    });
 }
-vx_status_e vx_gpon_onu_tcont_info_get(vx_dev_id_t, vx_port_id_t, vx_uint16, vx_tcont_info_t *) { return kNotModelled; }
-vx_status_e vx_gpon_onu_active_tcont_get(vx_dev_id_t, vx_port_id_t, vx_tcont_alloc_id_t *, vx_uint16 *) {
-    return kNotModelled;
+
+vx_status_e vx_gpon_onu_port_config_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_gpon_port_cfg_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Device &device, Gpon::Port &port) {
+        const vx_gpon_onu_state_t state = port.state;
+        const bool operates = state == VX_GPON_STATE_OPERATION;
+        *p_cfg = port.cfg;
+        p_cfg->onu_id = operates || state == VX_GPON_STATE_RANGING || state == VX_GPON_STATE_POPUP ? kOnuId : kNoOnuId;
+        p_cfg->onu_state = state;
+        p_cfg->omci_port = operates ? kOmciPort : vx_int16{-1};
+        p_cfg->num_tcont = static_cast<vx_uint16>(device.gpon.tconts.size());
+        p_cfg->num_gem = static_cast<vx_uint16>(device.gpon.gem_ports.size());
+    });
 }
-vx_status_e vx_gpon_onu_gem_port_add(vx_dev_id_t, vx_port_id_t, vx_uint16, vx_gem_port_cfg_t *) { return kNotModelled; }
-vx_status_e vx_gpon_onu_gem_port_delete(vx_dev_id_t, vx_port_id_t, vx_uint16) { return kNotModelled; }
-vx_status_e vx_gpon_onu_gem_port_id_get(vx_dev_id_t, vx_port_id_t, vx_uint16, vx_uint16 *) { return kNotModelled; }
-vx_status_e vx_gpon_onu_gem_port_info_get(vx_dev_id_t, vx_port_id_t, vx_uint16, vx_gem_port_info_t *) {
-    return kNotModelled;
+
+vx_status_e vx_gpon_onu_port_enable_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_boolean enable) {
+    return on_port(__func__, dev_id, port_id, {}, [&](Device &device, Gpon::Port &port) {
+        if (enable && port.walking) return;
+        port.enabled = port.walking = enable != FALSE;
+        port.received.clear();
+        enter(port, VX_GPON_STATE_INITIAL, device.system.clock.now());
+    });
 }
-vx_status_e vx_gpon_onu_active_gem_port_get(vx_dev_id_t, vx_port_id_t, vx_gem_port_info_t *, vx_uint16 *) {
-    return kNotModelled;
+
+vx_status_e vx_gpon_onu_state_set(vx_dev_id_t dev_id, vx_uint16 port_id, vx_gpon_onu_state_t onu_state) {
+    return on_port(__func__, dev_id, port_id, {}, [&](Device &device, Gpon::Port &port) {
+        check_range(onu_state, VX_GPON_STATE_INITIAL, VX_GPON_STATE_ESTOP);
+        port.walking = false;
+        enter(port, onu_state, device.system.clock.now());
+    });
 }
-vx_status_e vx_gpon_onu_gem_port_loopback_set(vx_dev_id_t, vx_port_id_t, vx_uint16, vx_boolean) { return kNotModelled; }
-vx_status_e vx_gpon_onu_ploam_ds_get(vx_dev_id_t, vx_uint16, vx_uint8 *, vx_uint8 *) { return kNotModelled; }
-vx_status_e vx_gpon_onu_ploam_us_set(vx_dev_id_t, vx_uint16, vx_uint8 *, vx_uint8) { return kNotModelled; }
-vx_status_e vx_gpon_onu_laser_mode_set(vx_dev_id_t, vx_uint16, vx_pon_laser_ctrl_mode_t, vx_uint8) {
-    return kNotModelled;
+
+vx_status_e vx_gpon_onu_laser_mode_set(vx_dev_id_t dev_id, vx_uint16 port_id, vx_pon_laser_ctrl_mode_t mode, vx_uint8) {
+    return on_port(__func__, dev_id, port_id, {}, [&](Device &device, Gpon::Port &port) {
+        check_range(mode, VX_PON_LASER_ALWAYS_OFF, VX_PON_LASER_ALWAYS_ON);
+        const bool was_off = port.laser == VX_PON_LASER_ALWAYS_OFF;
+        port.laser = mode;
+        if (was_off == (mode == VX_PON_LASER_ALWAYS_OFF) || !port.walking) return;
+        enter(port, std::min(port.state, VX_GPON_STATE_STANDBY), device.system.clock.now());
+    });
 }
-vx_status_e vx_gpon_onu_state_set(vx_dev_id_t, vx_uint16, vx_gpon_onu_state_t) { return kNotModelled; }
-vx_status_e vx_gpon_ploamd_mask_set(vx_dev_id_t, vx_uint16, vx_boolean, vx_boolean) { return kNotModelled; }
-vx_status_e vx_gpon_signal_status_get(vx_dev_id_t, vx_uint16, vx_boolean *) { return kNotModelled; }
+
+vx_status_e vx_gpon_signal_status_get(vx_dev_id_t dev_id, vx_uint16 port_id, vx_boolean *p_active) {
+    return on_port(__func__, dev_id, port_id, {p_active},
+                   [&](Device &, Gpon::Port &port) { *p_active = port.enabled ? TRUE : FALSE; });
+}
+
+vx_status_e vx_gpon_onu_tcont_enable_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 tcont_id,
+                                         vx_boolean enable, vx_tcont_cfg_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {}, [&](Device &device, Gpon::Port &) {
+        Gpon &gpon = device.gpon;
+        check_tcont(tcont_id);
+        if (!enable) {
+            refuse_if(gpon.tconts.find(tcont_id) == nullptr, VX_ERR_GPON_TCONT_NOT_ENABLED);
+            for (const auto &[id, gem] : gpon.gem_ports) refuse_if(goes_through(gem, tcont_id), VX_ERR_DEV_BUSY);
+            gpon.tconts.erase(tcont_id);
+            return;
+        }
+        check_pointers({p_cfg}, VX_ERR_DEV_NULL_PTR);
+        check_range(p_cfg->alloc_id, 0, kGreatestAllocId);
+        for (const auto &[id, alloc_id] : gpon.tconts) {
+            refuse_if(id != tcont_id && alloc_id == p_cfg->alloc_id, VX_ERR_GLBL_ENTRY_EXIST);
+        }
+        if (gpon.tconts.insert(tcont_id, p_cfg->alloc_id) == Insert::exists) {
+            *gpon.tconts.find(tcont_id) = p_cfg->alloc_id;
+        }
+    });
+}
+
+vx_status_e vx_gpon_onu_tcont_info_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 tcont_id,
+                                       vx_tcont_info_t *p_info) {
+    return on_port(__func__, dev_id, port_id, {p_info}, [&](Device &device, Gpon::Port &) {
+        check_tcont(tcont_id);
+        const vx_uint16 *alloc_id = device.gpon.tconts.find(tcont_id);
+        refuse_if(alloc_id == nullptr, VX_ERR_GPON_TCONT_NOT_ENABLED);
+        *p_info = {.enbl_status = TRUE,
+                   .alloc_id = *alloc_id,
+                   .tcont_subport_id = subport(tcont_id),
+                   .num_gem_ports = 0,
+                   .gem_ports = {}};
+        for (const auto &[id, gem] : device.gpon.gem_ports) {
+            if (goes_through(gem, tcont_id)) p_info->gem_ports[p_info->num_gem_ports++] = id;
+        }
+    });
+}
+
+vx_status_e vx_gpon_onu_active_tcont_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_tcont_alloc_id_t *p_tcont_id,
+                                         vx_uint16 *p_num_tconts) {
+    return on_port(__func__, dev_id, port_id, {p_tcont_id, p_num_tconts}, [&](Device &device, Gpon::Port &) {
+        fill(device.gpon.tconts, p_tcont_id, p_num_tconts, [](const auto &entry) {
+            return vx_tcont_alloc_id_t{
+                .tcont_id = entry.first, .alloc_id = entry.second, .tcont_subport_id = subport(entry.first)};
+        });
+    });
+}
+
+vx_status_e vx_gpon_onu_gem_port_add(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 gem_port_id,
+                                     vx_gem_port_cfg_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Device &device, Gpon::Port &) {
+        Gpon &gpon = device.gpon;
+        check_gem(gem_port_id);
+        refuse_if(p_cfg->direction < LMQ_DIR_US || p_cfg->direction > LMQ_DIR_BOTH, VX_ERR_GLBL_INVALID_DIRECTION);
+        refuse_if(gpon.gem_ports.find(gem_port_id) != nullptr, VX_ERR_GLBL_ENTRY_EXIST);
+        refuse_if(gpon.gem_ports.size() == VX_MAX_GEM_PORTS, VX_ERR_DEV_HW_RESOURCE_UNAVAIL);
+        if (upstream(*p_cfg)) {
+            check_tcont(p_cfg->tcont_id);
+            refuse_if(gpon.tconts.find(p_cfg->tcont_id) == nullptr, VX_ERR_GPON_TCONT_NOT_ENABLED);
+        }
+        const vx_gem_port_cfg_t cfg{.direction = p_cfg->direction,
+                                    .tcont_id = p_cfg->tcont_id,
+                                    .aes_enable = truth(p_cfg->aes_enable),
+                                    .multicast = truth(p_cfg->multicast)};
+        gpon.gem_ports.insert(gem_port_id, {.cfg = cfg, .index = free_index(gpon)});
+    });
+}
+
+vx_status_e vx_gpon_onu_gem_port_delete(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 gem_port_id) {
+    return on_port(__func__, dev_id, port_id, {}, [&](Device &device, Gpon::Port &) {
+        gem_port(device.gpon, gem_port_id);
+        device.gpon.gem_ports.erase(gem_port_id);
+    });
+}
+
+vx_status_e vx_gpon_onu_gem_port_id_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 index,
+                                        vx_uint16 *p_gem_port_id) {
+    return on_port(__func__, dev_id, port_id, {p_gem_port_id}, [&](Device &device, Gpon::Port &) {
+        check_range(index, 0, VX_MAX_GEM_PORTS - 1);
+        Gpon &gpon = device.gpon;
+        const auto found = std::find_if(gpon.gem_ports.begin(), gpon.gem_ports.end(),
+                                        [&](const auto &entry) { return entry.second.index == index; });
+        refuse_if(found == gpon.gem_ports.end(), VX_ERR_GLBL_ENTRY_NOT_FOUND);
+        *p_gem_port_id = found->first;
+    });
+}
+
+vx_status_e vx_gpon_onu_gem_port_info_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 gem_port_id,
+                                          vx_gem_port_info_t *p_info) {
+    return on_port(__func__, dev_id, port_id, {p_info}, [&](Device &device, Gpon::Port &) {
+        *p_info = info(device.gpon, gem_port_id, gem_port(device.gpon, gem_port_id));
+    });
+}
+
+vx_status_e vx_gpon_onu_active_gem_port_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_gem_port_info_t *p_info,
+                                            vx_uint16 *p_num_gem_ports) {
+    return on_port(__func__, dev_id, port_id, {p_info, p_num_gem_ports}, [&](Device &device, Gpon::Port &) {
+        fill(device.gpon.gem_ports, p_info, p_num_gem_ports,
+             [&](const auto &entry) { return info(device.gpon, entry.first, entry.second); });
+    });
+}
+
+vx_status_e vx_gpon_onu_gem_port_loopback_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 gem_port_id,
+                                              vx_boolean loopback_enbl) {
+    return on_port(__func__, dev_id, port_id, {}, [&](Device &device, Gpon::Port &) {
+        gem_port(device.gpon, gem_port_id).loopback = loopback_enbl != FALSE;
+    });
+}
+
+vx_status_e vx_gpon_onu_ploam_ds_get(vx_dev_id_t dev_id, vx_uint16 port_num, vx_uint8 *p_message, vx_uint8 *p_num) {
+    return on_port(__func__, dev_id, port_num, {p_message, p_num}, [&](Device &, Gpon::Port &port) {
+        check_range(*p_num, sizeof(Gpon::Ploam), UINT8_MAX);
+        *p_num = 0;
+        if (port.received.empty()) return;
+        std::copy(port.received.front().begin(), port.received.front().end(), p_message);
+        port.received.pop_front();
+        *p_num = sizeof(Gpon::Ploam);
+    });
+}
+
+vx_status_e vx_gpon_onu_ploam_us_set(vx_dev_id_t dev_id, vx_uint16 port_num, vx_uint8 *p_message, vx_uint8 num) {
+    return on_port(__func__, dev_id, port_num, {p_message}, [&](Device &device, Gpon::Port &port) {
+        check_range(num, sizeof(Gpon::Ploam), sizeof(Gpon::Ploam));
+        refuse_if(port.state < VX_GPON_STATE_SERIALNO || port.state == VX_GPON_STATE_ESTOP ||
+                      port.laser == VX_PON_LASER_ALWAYS_OFF,
+                  VX_ERR_GPON_ONU_NOT_RANGED);
+        device.system.log(VX_MOD_DRVR_GPON, VX_LOG_LVL_INFO, "device %u: PLOAM message of type %u sent",
+                          unsigned{device.id}, unsigned{p_message[1]});
+    });
+}
+
+vx_status_e vx_gpon_ploamd_mask_set(vx_dev_id_t dev_id, vx_uint16 port_num, vx_boolean overhead_enable,
+                                    vx_boolean mask_enable) {
+    return on_port(__func__, dev_id, port_num, {}, [&](Device &, Gpon::Port &port) {
+        port.masked = mask_enable != FALSE;
+        port.overhead_passes = overhead_enable != FALSE;
+    });
+}
+
+}  // extern "C"

@@ -134,7 +134,7 @@ typedef struct {
 /** @brief What a GEM port is added with. */
 typedef struct {
     lmq_dir_e direction;
-    vx_uint16 tcont_id;    /**< T-CONT that carries it upstream. */
+    vx_uint16 tcont_id;    /**< T-CONT that carries it upstream; not read in direction LMQ_DIR_DS. */
     vx_boolean aes_enable; /**< It is encrypted; vx_gem_port_info_t calls the same aes. */
     vx_boolean multicast;
 } vx_gem_port_cfg_t;
@@ -145,7 +145,7 @@ typedef struct {
     vx_boolean gem_status; /**< The port was added. */
     lmq_dir_e direction;
     vx_uint16 tcont_id;       /**< T-CONT that carries it upstream. */
-    vx_uint16 alloc_id;       /**< Of that T-CONT. */
+    vx_uint16 alloc_id;       /**< Of that T-CONT; LMQ_INVALID_ID16 when nothing carries it upstream. */
     vx_uint16 gem_subport_id; /**< Its number among the ports of the PON, from LMQ_PORT_GEM_BASE. */
     vx_boolean aes;
     vx_boolean multicast;
@@ -195,7 +195,7 @@ vx_status_e vx_gpon_onu_state_set(vx_dev_id_t dev_id, vx_uint16 port_id, vx_gpon
  * @param dev_id  The device.
  * @param port_id The PON port.
  * @param mode    When.
- * @param dir     Direction that the mode holds for: a number of 8 bits.
+ * @param dir     A number of 8 bits, whose meaning is the chip's.
  * @return VX_SUCCESS or a status.
  */
 vx_status_e vx_gpon_onu_laser_mode_set(vx_dev_id_t dev_id, vx_uint16 port_id, vx_pon_laser_ctrl_mode_t mode,
@@ -242,8 +242,8 @@ vx_status_e vx_gpon_onu_tcont_info_get(vx_dev_id_t dev_id, vx_port_id_t port_id,
  * @brief Reads all T-CONTs that are enabled.
  * @param dev_id       The device.
  * @param port_id      The PON port.
- * @param p_tcont_id   Where to write them: an array of VX_GPON_MAX_TCONTS.
- * @param p_num_tconts Where to write how many.
+ * @param p_tcont_id   Where to write them: an array; VX_GPON_MAX_TCONTS is enough.
+ * @param p_num_tconts How long the array is; where to write how many T-CONTs there are, which may be more.
  * @return VX_SUCCESS or a status.
  */
 vx_status_e vx_gpon_onu_active_tcont_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_tcont_alloc_id_t *p_tcont_id,
@@ -300,8 +300,8 @@ vx_status_e vx_gpon_onu_gem_port_info_get(vx_dev_id_t dev_id, vx_port_id_t port_
  * @brief Reads all GEM ports.
  * @param dev_id          The device.
  * @param port_id         The PON port.
- * @param p_info          Where to write them: an array of VX_MAX_GEM_PORTS.
- * @param p_num_gem_ports Where to write how many.
+ * @param p_info          Where to write them: an array; VX_MAX_GEM_PORTS is enough.
+ * @param p_num_gem_ports How long the array is; where to write how many GEM ports there are, which may be more.
  * @return VX_SUCCESS or a status.
  */
 vx_status_e vx_gpon_onu_active_gem_port_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_gem_port_info_t *p_info,
@@ -329,7 +329,7 @@ vx_status_e vx_gpon_onu_gem_port_loopback_set(vx_dev_id_t dev_id, vx_port_id_t p
  * @param dev_id    The device.
  * @param port_num  The PON port.
  * @param p_message Where to write it.
- * @param p_num     Bytes that there is room for; where to write how many the message has, 0 for no message.
+ * @param p_num     Bytes that there is room for, at least 13; where to write how many it has, 0 for no message.
  * @return VX_SUCCESS or a status.
  */
 vx_status_e vx_gpon_onu_ploam_ds_get(vx_dev_id_t dev_id, vx_uint16 port_num, vx_uint8 *p_message, vx_uint8 *p_num);
@@ -348,8 +348,8 @@ vx_status_e vx_gpon_onu_ploam_us_set(vx_dev_id_t dev_id, vx_uint16 port_num, vx_
  * @brief Switches the mask of downstream messages.
  * @param dev_id          The device.
  * @param port_num        The PON port.
- * @param overhead_enable Upstream_Overhead messages are handed on.
- * @param mask_enable     The mask is applied.
+ * @param overhead_enable Masked or not, Upstream_Overhead messages are handed on.
+ * @param mask_enable     TRUE to mask: downstream messages are dropped.
  * @return VX_SUCCESS or a status.
  */
 vx_status_e vx_gpon_ploamd_mask_set(vx_dev_id_t dev_id, vx_uint16 port_num, vx_boolean overhead_enable,
