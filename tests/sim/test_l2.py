@@ -2,7 +2,8 @@
 
 import unittest
 
-from harness import DEV_NULL_PTR, ENTRY_EXIST, ENTRY_NOT_FOUND, INVALID_PARAMS, RANGE_CHECK_FAIL, RESOURCE_UNAVAIL, SimTest
+from harness import (DEV_NULL_PTR, ENTRY_EXIST, ENTRY_NOT_FOUND, INVALID_PARAMS, RANGE_CHECK_FAIL, RESOURCE_UNAVAIL,
+                     SimTest)
 
 PORT_OUT_OF_RANGE, INVALID_VLAN_ID, FILTER_MODE_CONFLICT = 0x720A, 0x7501, 0x752C
 FDB_NOT_FOUND, FDB_FULL, FDB_TABLE_SIZE, FDB_VLAN_LEARNING = 0x750B, 0x750C, 0x750D, 0x750E
@@ -91,7 +92,8 @@ class Fdb(SimTest):
 
     def test_bad_entries(self):
         for status, kind, what in ((RANGE_CHECK_FAIL, BOTH, entry(1)), (RANGE_CHECK_FAIL, 0, entry(1)),
-                                   (PORT_OUT_OF_RANGE, STATIC, entry(1, 6)), (INVALID_PARAMS, STATIC, {"port_id": ETH0}),
+                                   (PORT_OUT_OF_RANGE, STATIC, entry(1, 6)),
+                                   (INVALID_PARAMS, STATIC, {"port_id": ETH0}),
                                    (INVALID_VLAN_ID, STATIC, entry(1, vid_valid=1, vlan_id=4096)),
                                    (RANGE_CHECK_FAIL, STATIC, entry(1, p_bit_valid=1, p_bit=8))):
             self.refused(status, "vx_l2_fdb_entry_add", 0, kind, what, 0)
