@@ -104,7 +104,7 @@ UDT(vx_lmq_ioctl_pkt_t,
     NESTED(  vx_pkt_t, pkt),
     ELEMENTS(vx_uint8, padding, 1500-1))
 
-// The texts of the vx_vlan_* methods name the statuses "vx_statue_e". Those of the tag policy name the bitmap
+// The texts of the vx_vlan_* methods name the statuses "vx_statue_e". That of the tag policy names the bitmap
 // vtag_type_bitmap, as the prototype does not.
 constexpr Help help_vx_vlan_tag_policy_set{
     .title = "CONFIGURE ADMISSION POLICY FOR VLAN TAG TYPES ON A PORT",
@@ -125,12 +125,12 @@ METHOD(vx_vlan_tag_policy_set, help_vx_vlan_tag_policy_set,
 constexpr Help help_vx_vlan_tag_policy_get{
     .title = "RETRIEVE ADMISSION POLICY FOR VLAN TAG TYPES ON A PORT",
     .text = "This API retrieves which VLAN tag types are admitted on a port.\n",
-    .inputs = "dev_id             : device id\n"
-              "port_id            : port id\n"
-              "p_vtag_type_bitmap : where to put the bitmap of VLAN tag types\n"
-              "p_admit            : where to put the admission\n",
-    .outputs = "p_vtag_type_bitmap : bitmap of VLAN tag types\n"
-               "p_admit            : TRUE to admit, FALSE to drop\n",
+    .inputs = "dev_id                 : device id\n"
+              "port_id                : port id\n"
+              "p_vlan_tag_type_bitmap : where to put the bitmap of VLAN tag types\n"
+              "p_admit                : where to put the admission\n",
+    .outputs = "p_vlan_tag_type_bitmap : bitmap of VLAN tag types\n"
+               "p_admit                : TRUE to admit, FALSE to drop\n",
     .returns = "VX_SUCCESS, or error code as defined in vx_statue_e\n",
 };
 METHOD(vx_vlan_tag_policy_get, help_vx_vlan_tag_policy_get,
