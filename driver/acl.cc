@@ -1,34 +1,210 @@
-// The access control lists.
+/**
+ * @file
+ * @brief The access control lists: unknown flows, custom packet fields and custom filters of each port.
+ *
+ * Choices:
+ * - Packets of unknown flows pass until they are blocked. No packet is ever looked at: filters are kept.
+ * - An added field takes all members, a changed one those that are flagged; deletion looks at neither.
+ * - A read of the field table fills one element, and one more behind each that came with `valid` TRUE, since nothing
+ *   else says how many there are. An index that is not in use reads as zeros.
+ * - A port holds 48 filters, as many as the classifier has entries. Filters are told apart by the whole key. The same
+ *   key with the same type is a duplicate, with the other type a conflict of modes.
+ * - A key that names custom fields needs all of them in use, and a field that a filter names is not deleted.
+ */
 #include "driver/acl.h"
 
-#include "driver/not_modelled.h"
-#include "lmq/lmq.h"
+#include <algorithm>
+#include <cstring>
+
+#include "driver/chip.h"
+
+namespace lmq::sim {
+
+namespace {
+
+using Field = vx_acl_custom_pkt_field_tbl_entry_t;
+using Filter = vx_acl_custom_pkt_filter_t;
+
+template <typename Body>
+vx_status_e on_port(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id,
+                    std::initializer_list<const void *> pointers, Body body) {
+    return on_device(function, dev_id, pointers, [&](Device &device) {
+        refuse_if(port_id > VX_PORT_VOIP0, VX_ERR_PORT_NUM_OUT_OF_RANGE);
+        body(device.acl.ports[port_id]);
+    });
+}
+
+void check(const Field &field, bool ref_point) {
+    if (ref_point) {
+        check_range(field.ref_point, VX_ACL_CUSTOM_FIELD_EXT_REF_POINT_L2_HDR,
+                    VX_ACL_CUSTOM_FIELD_EXT_REF_POINT_START_OF_PKT);
+    }
+}
+
+/* The custom fields that a key names, as bits. Both kinds of key have these alternatives, at the same place. */
+vx_uint32 fields_of(const vx_flow_key_t &key) {
+    switch (key.us.key_type) {
+        case VX_CL_KEY_MAC_IP_PROTO:
+            return key.us.key_s.mac_ip_proto.valid.mask_s.custom_pkt_fld_bitmap
+                       ? key.us.key_s.mac_ip_proto.custom_pkt_fld_bitmap
+                       : 0;
+        case VX_CL_KEY_IPV4_LONG:
+        case VX_CL_KEY_GEM_IPV4_LONG:
+            return key.us.key_s.ipv4_long.valid.mask_s.custom_pkt_fld_bitmap
+                       ? key.us.key_s.ipv4_long.custom_pkt_fld_bitmap
+                       : 0;
+        case VX_CL_KEY_IPV6_LONG:
+        case VX_CL_KEY_GEM_IPV6_LONG:
+            return key.us.key_s.ipv6_long.valid.mask_s.custom_pkt_fld_bitmap
+                       ? key.us.key_s.ipv6_long.custom_pkt_fld_bitmap
+                       : 0;
+        default: return 0;
+    }
+}
+
+auto find(Acl::Port &port, const vx_flow_key_t &key) {
+    return std::find_if(port.filters.begin(), port.filters.end(),
+                        [&](const Filter &filter) { return std::memcmp(&filter.flow_key, &key, sizeof key) == 0; });
+}
+
+void add(Acl::Port &port, const Filter &filter) {
+    const vx_uint32 fields = fields_of(filter.flow_key);
+    for (vx_uint32 index = 0; index < 32; ++index) {
+        if ((fields >> index & 1U) == 0) continue;
+        refuse_if(index >= Acl::kFields || !port.fields[index].valid, VX_ERR_FE_CLS_KEY_RESOURCE_UNAVAIL);
+    }
+    const auto kept = find(port, filter.flow_key);
+    if (kept != port.filters.end()) {
+        throw Refusal{kept->filter_type == filter.filter_type ? VX_ERR_FE_DUPLICATE_CUSTOM_FILTER
+                                                              : VX_ERR_FE_MAC_FILTER_MODE_CONFILCT};
+    }
+    refuse_if(port.filters.size() >= Acl::kFilters, VX_ERR_FE_CLS_ENTRY_UNAVAIL);
+    port.filters.push_back(filter);
+}
+
+void remove(Acl::Port &port, const vx_flow_key_t &key) {
+    const auto kept = find(port, key);
+    refuse_if(kept == port.filters.end(), VX_ERR_GLBL_ENTRY_NOT_FOUND);
+    port.filters.erase(kept);
+}
+
+void check_key_type(const Filter &filter) {
+    const vx_cl_key_type_t type = filter.flow_key.us.key_type;
+    refuse_if(type <= VX_CL_KEY_INVALID || type >= VX_CL_KEY_MAX, VX_ERR_FE_CLS_INVALID_KEY_TYPE);
+}
+
+vx_status_e set_unknown(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id, bool allow) {
+    return on_port(function, dev_id, port_id, {}, [&](Acl::Port &port) { port.allow_unknown_flows = allow; });
+}
+
+}  // namespace
+
+}  // namespace lmq::sim
 
 using namespace lmq::sim;
 
-vx_status_e vx_acl_custom_pkt_field_table_get(vx_dev_id_t, vx_port_id_t, vx_acl_custom_pkt_field_tbl_entry_t *) {
-    return kNotModelled;
+extern "C" {
+
+vx_status_e vx_acl_unknown_flow_allow(vx_dev_id_t dev_id, vx_port_id_t port_id) {
+    return set_unknown(__func__, dev_id, port_id, true);
 }
-vx_status_e vx_acl_custom_pkt_field_table_set(vx_dev_id_t, vx_port_id_t, vx_uint16, vx_acl_op_mode_t,
-                                              vx_acl_custom_pkt_field_tbl_entry_t *) {
-    return kNotModelled;
+
+vx_status_e vx_acl_unknown_flow_block(vx_dev_id_t dev_id, vx_port_id_t port_id) {
+    return set_unknown(__func__, dev_id, port_id, false);
 }
-vx_status_e vx_acl_custom_pkt_filter_delete(vx_dev_id_t, vx_port_id_t, vx_acl_custom_pkt_filter_t *) {
-    return kNotModelled;
+
+vx_status_e vx_acl_unknown_flow_status_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_boolean *p_allow) {
+    return on_port(__func__, dev_id, port_id, {p_allow},
+                   [&](Acl::Port &port) { *p_allow = port.allow_unknown_flows ? TRUE : FALSE; });
 }
-vx_status_e vx_acl_custom_field_parser_config_set(vx_dev_id_t, vx_port_id_t, vx_acl_custom_field_parser_cfg_t *) {
-    return kNotModelled;
+
+vx_status_e vx_acl_custom_field_parser_config_set(vx_dev_id_t dev_id, vx_port_id_t port_id,
+                                                  vx_acl_custom_field_parser_cfg_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Acl::Port &port) {
+        check_range(p_cfg->ext_mode, VX_ACL_CUSTOM_FIELD_EXT_MODE_STATIC, VX_CUSTOM_FIELD_EXT_MODE_DYNAMIC);
+        check_range(p_cfg->pkt_type_bitmap, 0, VX_ACL_CUSTOM_FIELD_PKT_TYPE_BITMAP_ALL);
+        port.parser = *p_cfg;
+    });
 }
-vx_status_e vx_acl_unknown_flow_status_get(vx_dev_id_t, vx_port_id_t, vx_boolean *) { return kNotModelled; }
-vx_status_e vx_acl_custom_pkt_filter_add(vx_dev_id_t, vx_port_id_t, vx_acl_custom_pkt_filter_t *) {
-    return kNotModelled;
+
+vx_status_e vx_acl_custom_field_parser_config_get(vx_dev_id_t dev_id, vx_port_id_t port_id,
+                                                  vx_acl_custom_field_parser_cfg_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Acl::Port &port) { *p_cfg = port.parser; });
 }
-vx_status_e vx_acl_custom_field_parser_config_get(vx_dev_id_t, vx_port_id_t, vx_acl_custom_field_parser_cfg_t *) {
-    return kNotModelled;
+
+vx_status_e vx_acl_custom_pkt_field_table_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 tbl_indx,
+                                              vx_acl_op_mode_t op_mode, vx_acl_custom_pkt_field_tbl_entry_t *p_entry) {
+    return on_port(__func__, dev_id, port_id, {p_entry}, [&](Acl::Port &port) {
+        check_range(tbl_indx, 0, Acl::kFields - 1);
+        Field &kept = port.fields[tbl_indx];
+        const auto &flags = p_entry->mask;
+        const vx_boolean half = p_entry->lsb_or_msb ? TRUE : FALSE;
+        switch (op_mode) {
+            case VX_ACL_OP_ADD:
+                refuse_if(kept.valid, VX_ERR_GLBL_ENTRY_EXIST);
+                check(*p_entry, true);
+                kept = *p_entry;
+                kept.valid = TRUE;
+                kept.lsb_or_msb = half;
+                kept.mask = {.ref_point = 1, .key = 1, .valid_bitmap = 1, .lsb_or_msb = 1};
+                return;
+            case VX_ACL_OP_DELETE:
+                refuse_if(!kept.valid, VX_ERR_GLBL_ENTRY_NOT_FOUND);
+                refuse_if(
+                    std::any_of(port.filters.begin(), port.filters.end(),
+                                [&](const Filter &filter) { return fields_of(filter.flow_key) >> tbl_indx & 1U; }),
+                    VX_ERR_GLBL_INVALID_OP);
+                kept = {};
+                return;
+            case VX_ACL_OP_MODIFY:
+                refuse_if(!kept.valid, VX_ERR_GLBL_ENTRY_NOT_FOUND);
+                check(*p_entry, flags.ref_point);
+                merge(flags.ref_point, kept.ref_point, p_entry->ref_point);
+                merge(flags.key, kept.key, p_entry->key);
+                merge(flags.valid_bitmap, kept.valid_bitmap, p_entry->valid_bitmap);
+                merge(flags.lsb_or_msb, kept.lsb_or_msb, half);
+                return;
+        }
+        throw Refusal{VX_ERR_GLBL_RANGE_CHECK_FAIL};
+    });
 }
-vx_status_e vx_acl_unknown_flow_allow(vx_dev_id_t, vx_port_id_t) { return kNotModelled; }
-vx_status_e vx_acl_custom_pkt_filter_get(vx_dev_id_t, vx_port_id_t, vx_uint16, vx_acl_custom_pkt_filter_t *,
-                                         vx_uint16 *) {
-    return kNotModelled;
+
+vx_status_e vx_acl_custom_pkt_field_table_get(vx_dev_id_t dev_id, vx_port_id_t port_id,
+                                              vx_acl_custom_pkt_field_tbl_entry_t *p_entry) {
+    return on_port(__func__, dev_id, port_id, {p_entry}, [&](Acl::Port &port) {
+        bool more = true;
+        for (std::size_t index = 0; index < Acl::kFields && more; ++index) {
+            more = p_entry[index].valid;
+            p_entry[index] = port.fields[index];
+        }
+    });
 }
-vx_status_e vx_acl_unknown_flow_block(vx_dev_id_t, vx_port_id_t) { return kNotModelled; }
+
+vx_status_e vx_acl_custom_pkt_filter_add(vx_dev_id_t dev_id, vx_port_id_t port_id,
+                                         vx_acl_custom_pkt_filter_t *p_entry) {
+    return on_port(__func__, dev_id, port_id, {p_entry}, [&](Acl::Port &port) {
+        check_range(p_entry->filter_type, LMQ_FILTER_DISABLE, LMQ_FILTER_NEGATIVE);
+        check_key_type(*p_entry);
+        if (p_entry->filter_type == LMQ_FILTER_DISABLE) return remove(port, p_entry->flow_key);
+        add(port, *p_entry);
+    });
+}
+
+vx_status_e vx_acl_custom_pkt_filter_delete(vx_dev_id_t dev_id, vx_port_id_t port_id,
+                                            vx_acl_custom_pkt_filter_t *p_entry) {
+    return on_port(__func__, dev_id, port_id, {p_entry}, [&](Acl::Port &port) {
+        check_key_type(*p_entry);
+        remove(port, p_entry->flow_key);
+    });
+}
+
+vx_status_e vx_acl_custom_pkt_filter_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 req_cnt,
+                                         vx_acl_custom_pkt_filter_t *p_entry, vx_uint16 *p_valid_cnt) {
+    return on_port(__func__, dev_id, port_id, {p_entry, p_valid_cnt}, [&](Acl::Port &port) {
+        const std::size_t count = std::min<std::size_t>(req_cnt, port.filters.size());
+        std::copy_n(port.filters.begin(), count, p_entry);
+        *p_valid_cnt = static_cast<vx_uint16>(count);
+    });
+}
+
+}  // extern "C"

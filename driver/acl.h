@@ -5,10 +5,27 @@
 #ifndef LMQ_DRIVER_ACL_H
 #define LMQ_DRIVER_ACL_H
 
+#include <array>
+#include <map>
+#include <vector>
+
+#include "lmq/lmq.h"
+
 namespace lmq::sim {
 
 /** @brief State of the family. */
-struct Acl {};
+struct Acl {
+    static constexpr std::size_t kFields = 8;
+    static constexpr std::size_t kFilters = LMQ_FE_CL_MAX_ENTRY;
+
+    struct Port {
+        bool allow_unknown_flows = true;
+        vx_acl_custom_field_parser_cfg_t parser{};
+        std::array<vx_acl_custom_pkt_field_tbl_entry_t, kFields> fields{}; /**< `valid` says which are in use. */
+        std::vector<vx_acl_custom_pkt_filter_t> filters;                   /**< In the order of their addition. */
+    };
+    std::map<vx_port_id_t, Port> ports;
+};
 
 }  // namespace lmq::sim
 

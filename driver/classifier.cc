@@ -1,53 +1,596 @@
-// The classifier.
+/**
+ * @file
+ * @brief The classifier: control, domains, rules and records of each port, mirroring and counters.
+ *
+ * Choices:
+ * - Each port has 48 entries, which its domains divide without overlap (VX_ERR_FE_CLS_ENTRY_UNAVAIL). An entry holds
+ *   one rule and eight records. A domain that has rules keeps its entries until they are cleared.
+ * - A rule or record behind the end of its domain is VX_ERR_FE_CLS_ENTRY_UNAVAIL. An entry that is not in use reads as
+ *   zeros. A rule is kept whole, whichever key counts; writing it with `entryvalid` FALSE deletes it.
+ * - MAC_VLAN_C, MAC_ETYPE_D and VLAN_E are read as MAC_VLAN, MAC_ETYPE and VLAN.
+ * - A record takes its first four members always, the others in the groups that the mask flags; a read flags all.
+ * - A filter with entry_dynamic ages max_limit seconds after it was set, while aging is enabled in the port's control.
+ * - Mirroring needs a port that exists and is not mirrored itself; with two empty maps it is off.
+ * - The state of an engine's entries lists the entries in use of its ports, in order: downstream of the SNI, CPU_MA of
+ *   the CPU and the management port, upstream of the others.
+ * - No packet is classified: hits and counters stay at what they were set or cleared to.
+ */
 #include "driver/classifier.h"
 
+#include <algorithm>
+#include <bit>
+#include <chrono>
+
+#include "driver/chip.h"
 #include "driver/not_modelled.h"
-#include "lmq/lmq.h"
+
+namespace lmq::sim {
+
+namespace {
+
+using Port = Classifier::Port;
+using Fib = vx_cls_fib_data_t;
+using Rule = vx_cls_rule_cfg_t;
+
+void check_port(vx_port_id_t port) { refuse_if(port > VX_PORT_VOIP0, VX_ERR_PORT_NUM_OUT_OF_RANGE); }
+
+vx_boolean boolean(vx_boolean value) { return value ? TRUE : FALSE; }
+
+template <typename Body>
+vx_status_e on_port(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id,
+                    std::initializer_list<const void *> pointers, Body body) {
+    return on_device(function, dev_id, pointers, [&](Device &device) {
+        check_port(port_id);
+        body(device.classifier.ports[port_id]);
+    });
+}
+
+/* An element of a table by an index of the interface. */
+template <typename T, std::size_t N>
+T &at(std::array<T, N> &table, std::int64_t index) {
+    check_range(index, 0, N - 1);
+    return table[static_cast<std::size_t>(index)];
+}
+
+/* Calls `visit` with each key that a rule's key type names. Returns false for a type that has none. */
+template <typename Visit>
+bool visit_keys(const Rule &rule, Visit visit) {
+    const auto all = [&](const auto &keys) {
+        for (const auto &key : keys) visit(key);
+    };
+    const auto &key = rule.cls_key;
+    switch (rule.key_type) {
+        case LMQ_FE_CLS_KEY_IPV4_LONG: visit(key.ipv4_long_key); return true;
+        case LMQ_FE_CLS_KEY_IPV4_SHORT: all(key.ipv4_short_key); return true;
+        case LMQ_FE_CLS_KEY_IPV6_LONG: visit(key.ipv6_long_key); return true;
+        case LMQ_FE_CLS_KEY_IPV6_SHORT: visit(key.ipv6_short_key); return true;
+        case LMQ_FE_CLS_KEY_MIRROR: all(key.mirror_key); return true;
+        case LMQ_FE_CLS_KEY_MAC_VLAN:
+        case LMQ_FE_CLS_KEY_MAC_VLAN_C: all(key.mac_vlan_key); return true;
+        case LMQ_FE_CLS_KEY_MAC_ETYPE:
+        case LMQ_FE_CLS_KEY_MAC_ETYPE_D: all(key.mac_etype_key); return true;
+        case LMQ_FE_CLS_KEY_CTRL_PKT: all(key.ctrl_pkt_key); return true;
+        case LMQ_FE_CLS_KEY_VLAN:
+        case LMQ_FE_CLS_KEY_VLAN_E: all(key.vlan_key); return true;
+        case LMQ_FE_CLS_KEY_VLAN_RANGE: all(key.vlan_range_key); return true;
+        case LMQ_FE_CLS_KEY_PROTO: all(key.proto_key); return true;
+        case LMQ_FE_CLS_KEY_MCAST: all(key.mcast_key); return true;
+        case LMQ_FE_CLS_KEY_EXT_VLAN: all(key.ext_vlan_key); return true;
+        case LMQ_FE_CLS_KEY_GEM_MCAST: all(key.gem_mcast_key); return true;
+        case LMQ_FE_CLS_KEY_GEM_CTRL_PKT: all(key.gem_ctrl_pkt_key); return true;
+        case LMQ_FE_CLS_KEY_IPV4_MCAST: all(key.ipv4_mcast_key); return true;
+    }
+    return false;
+}
+
+/* All key types that exist, as bits. */
+constexpr vx_uint32 kKeyTypes = 0xF7FFF;
+
+/* The keys of a rule that compare anything, as bits. */
+vx_uint8 keys_in_use(const Rule &rule) {
+    vx_uint32 keys = 0;
+    vx_uint32 bit = 1;
+    visit_keys(rule, [&](const auto &key) {
+        if (key.valid.mask != 0) keys |= bit;
+        bit <<= 1;
+    });
+    return static_cast<vx_uint8>(keys);
+}
+
+/* The flow key that comes nearest to a rule key. */
+vx_cl_key_type_t flow_key_type(lmq_fe_cls_key_type_e type) {
+    switch (type) {
+        case LMQ_FE_CLS_KEY_IPV4_LONG: return VX_CL_KEY_IPV4_LONG;
+        case LMQ_FE_CLS_KEY_IPV4_SHORT: return VX_CL_KEY_IPV4_SHORT;
+        case LMQ_FE_CLS_KEY_IPV6_LONG: return VX_CL_KEY_IPV6_LONG;
+        case LMQ_FE_CLS_KEY_IPV6_SHORT: return VX_CL_KEY_IPV6_SHORT;
+        case LMQ_FE_CLS_KEY_MAC_VLAN:
+        case LMQ_FE_CLS_KEY_MAC_VLAN_C: return VX_CL_KEY_MAC_VLAN;
+        case LMQ_FE_CLS_KEY_MAC_ETYPE:
+        case LMQ_FE_CLS_KEY_MAC_ETYPE_D: return VX_CL_KEY_MAC_DA_ETYPE;
+        case LMQ_FE_CLS_KEY_CTRL_PKT: return VX_CL_KEY_CTRL_PKT;
+        case LMQ_FE_CLS_KEY_VLAN:
+        case LMQ_FE_CLS_KEY_VLAN_E: return VX_CL_KEY_SPCL_MAC_VLAN;
+        case LMQ_FE_CLS_KEY_VLAN_RANGE: return VX_CL_KEY_VLAN_RANGE;
+        case LMQ_FE_CLS_KEY_PROTO: return VX_CL_KEY_MAC_IP_PROTO;
+        case LMQ_FE_CLS_KEY_EXT_VLAN: return VX_CL_KEY_EXT_VLAN;
+        case LMQ_FE_CLS_KEY_GEM_CTRL_PKT: return VX_CL_KEY_GEM_CTRL_PKT;
+        default: return VX_CL_KEY_INVALID;
+    }
+}
+
+/* The engine that the packets of a port come by. */
+lmq_fe_id_e engine_of(vx_port_id_t port) {
+    if (port == VX_PORT_SNI0) return LMQ_FE_DOWNSTREAM;
+    return port == VX_PORT_CPU || port == VX_PORT_MGMT ? LMQ_FE_CPU_MA : LMQ_FE_UPSTREAM;
+}
+
+void check_engine(lmq_fe_id_e engine) {
+    refuse_if(engine < LMQ_FE_UPSTREAM || engine > LMQ_FE_CPU_MA, VX_ERR_FE_INVALID_FE_ID);
+}
+
+bool has_rules(const Port &port, const vx_cls_domain_res_t &domain) {
+    const auto first = port.rules.begin() + domain.cl_entry_start;
+    return std::any_of(first, first + domain.cl_entry_length,
+                       [](const Rule &rule) { return rule.entryvalid != FALSE; });
+}
+
+void set_domain(Port &port, vx_uint8 domain_id, const vx_cls_domain_res_t &given) {
+    vx_cls_domain_res_t &kept = at(port.domains, domain_id);
+    const auto begin = [](const auto &domain) { return unsigned{domain.cl_entry_start}; };
+    const auto end = [](const auto &domain) { return unsigned{domain.cl_entry_start} + domain.cl_entry_length; };
+    check_range(end(given), 0, Classifier::kEntries);
+    for (const vx_cls_domain_res_t &other : port.domains) {
+        const bool share = given.cl_entry_length != 0 && other.cl_entry_length != 0 && begin(given) < end(other) &&
+                           begin(other) < end(given);
+        refuse_if(&other != &kept && share, VX_ERR_FE_CLS_ENTRY_UNAVAIL);
+    }
+    const bool moved = begin(given) != begin(kept) || end(given) != end(kept);
+    refuse_if(moved && has_rules(port, kept), VX_ERR_GLBL_INVALID_OP);
+    kept = given;
+}
+
+/* The place of a rule or record among those of the port; `each` of them belong to an entry. */
+std::size_t place(Port &port, vx_uint8 domain_id, vx_uint8 offset, std::size_t each) {
+    const vx_cls_domain_res_t &domain = at(port.domains, domain_id);
+    refuse_if(offset >= domain.cl_entry_length * each, VX_ERR_FE_CLS_ENTRY_UNAVAIL);
+    return domain.cl_entry_start * each + offset;
+}
+
+Rule &rule_at(Port &port, vx_uint8 domain_id, vx_uint8 offset) { return port.rules[place(port, domain_id, offset, 1)]; }
+
+Fib &fib_at(Port &port, vx_uint8 domain_id, vx_uint8 offset) {
+    return port.fibs[place(port, domain_id, offset, Classifier::kRecordsPerEntry)];
+}
+
+void clear_entry(Port &port, std::size_t entry) {
+    port.rules[entry] = {};
+    std::fill_n(port.fibs.begin() + static_cast<std::ptrdiff_t>(entry * Classifier::kRecordsPerEntry),
+                Classifier::kRecordsPerEntry, Fib{});
+}
+
+void check(const Fib &fib) {
+    const auto &flags = fib.valid.mask_s;
+    if (flags.dst_port_fields) {
+        check_port(fib.dst_port_num);
+        check_range(fib.gem_id_sel, LMQ_FE_CLS_GEM_SEL_CLS, LMQ_FE_CLS_GEM_SEL_INVALID_GEM);
+    }
+    if (flags.vlan_fields) {
+        check_range(fib.inner_vlan_cmd, LMQ_FE_CLS_VLAN_CMD_NOP, LMQ_FE_CLS_VLAN_CMD_SWAP);
+        check_range(fib.inner_tpid_sel, LMQ_FE_CLS_INNER_TPID_SEL_NOP, LMQ_FE_CLS_INNER_TPID_SEL_RX_PKT_OUTER_TPID);
+        check_range(fib.top_vlan_cmd, LMQ_FE_CLS_VLAN_CMD_NOP, LMQ_FE_CLS_VLAN_CMD_SWAP);
+        check_range(fib.top_tpid_sel, LMQ_FE_CLS_OUTER_TPID_SEL_NOP, LMQ_FE_CLS_OUTER_TPID_SEL_RX_PKT_OUTER_TPID);
+        check_range(fib.egr_chk_vlan_sel, LMQ_FE_CLS_EGR_CHK_VLAN_OUTER, LMQ_FE_CLS_EGR_CHK_VLAN_DONT_CARE);
+        refuse_if(fib.inner_vid > 4095 || fib.top_vid > 4095, VX_ERR_FE_INVALID_VLAN_ID);
+        check_range(fib.outer_de_value, 0, 1);
+        check_range(fib.inner_de_value, 0, 1);
+    }
+    if (flags.dscp_fields) {
+        check_range(fib.dscp_sel, LMQ_FE_CLS_DSCP_SEL_RX_PKT, LMQ_FE_CLS_DSCP_SEL_MAP_RX_DOT1P);
+        refuse_if(fib.dscp > 63, VX_ERR_FE_CLS_KEY_INVALID_DSCP_VALUE);
+    }
+    if (flags.dot1p_fields) {
+        check_range(fib.inner_dot1p_sel, LMQ_FE_CLS_DOT1P_SEL_RX_PKT, LMQ_FE_CLS_DOT1P_SEL_PORT_DEF);
+        check_range(fib.top_dot1p_sel, LMQ_FE_CLS_DOT1P_SEL_RX_PKT, LMQ_FE_CLS_DOT1P_SEL_PORT_DEF);
+        check_range(fib.inner_dot1p, 0, 7);
+        check_range(fib.top_dot1p, 0, 7);
+    }
+    if (flags.cos_fields) {
+        check_range(fib.cos_sel, LMQ_FE_CLS_COS_SEL_PORT_DEF, LMQ_FE_CLS_COS_SEL_MAP_RX_DSCP);
+        check_range(fib.cos, 0, 7);
+    }
+    if (flags.rate_limit_fields) {
+        check_range(fib.flow_id_sel, LMQ_FE_CLS_FLOW_ID_SEL_NO_RATE_LIMIT, LMQ_FE_CLS_FLOW_ID_SEL_MAP_TX_COS);
+    }
+}
+
+/* Takes the members of a record over that are not in a group, and the groups that are flagged. */
+void take(Fib &kept, const Fib &given) {
+    check(given);
+    const auto &flags = given.valid.mask_s;
+    kept.valid_flag = boolean(given.valid_flag);
+    kept.permit = boolean(given.permit);
+    kept.permit_filter_dis = boolean(given.permit_filter_dis);
+    kept.permit_priority = boolean(given.permit_priority);
+    if (flags.dst_port_fields) {
+        kept.dst_port_num = given.dst_port_num;
+        kept.mirror_enbl = boolean(given.mirror_enbl);
+        kept.mirror_pkt_src = boolean(given.mirror_pkt_src);
+        kept.gem_id_sel = given.gem_id_sel;
+        kept.gem_subpid = given.gem_subpid;
+    }
+    if (flags.vlan_fields) {
+        kept.inner_vlan_cmd = given.inner_vlan_cmd;
+        kept.inner_tpid_sel = given.inner_tpid_sel;
+        kept.inner_vid = given.inner_vid;
+        kept.top_vid_sel = boolean(given.top_vid_sel);
+        kept.top_vlan_cmd = given.top_vlan_cmd;
+        kept.top_tpid_sel = given.top_tpid_sel;
+        kept.top_vid = given.top_vid;
+        kept.egr_chk_vlan_sel = given.egr_chk_vlan_sel;
+        kept.outer_de_override_enbl = boolean(given.outer_de_override_enbl);
+        kept.outer_de_value = given.outer_de_value;
+        kept.inner_de_override_enbl = boolean(given.inner_de_override_enbl);
+        kept.inner_de_value = given.inner_de_value;
+    }
+    if (flags.dscp_fields) {
+        kept.dscp_sel = given.dscp_sel;
+        kept.dscp = given.dscp;
+    }
+    if (flags.dot1p_fields) {
+        kept.inner_dot1p_sel = given.inner_dot1p_sel;
+        kept.inner_dot1p = given.inner_dot1p;
+        kept.top_dot1p_sel = given.top_dot1p_sel;
+        kept.top_dot1p = given.top_dot1p;
+    }
+    if (flags.cos_fields) {
+        kept.cos_sel = given.cos_sel;
+        kept.cos = given.cos;
+    }
+    if (flags.learn_fields) {
+        kept.learn_dsbl = boolean(given.learn_dsbl);
+        kept.learn_limit_permit = boolean(given.learn_limit_permit);
+    }
+    if (flags.rate_limit_fields) {
+        kept.flow_id_sel = given.flow_id_sel;
+        kept.flow_id = given.flow_id;
+        kept.bypass_rate_limiter = boolean(given.bypass_rate_limiter);
+    }
+    if (flags.sw_id_fields) {
+        kept.sw_id_sel = boolean(given.sw_id_sel);
+        kept.sw_id = given.sw_id;
+    }
+}
+
+Fib flagged(const Fib &kept) {
+    Fib fib = kept;
+    fib.valid.mask_s = {.dst_port_fields = 1,
+                        .vlan_fields = 1,
+                        .dscp_fields = 1,
+                        .dot1p_fields = 1,
+                        .cos_fields = 1,
+                        .learn_fields = 1,
+                        .rate_limit_fields = 1,
+                        .sw_id_fields = 1};
+    return fib;
+}
+
+/* When a filter has aged or will have; nothing if it does not age. */
+std::optional<Clock::Time> aged_at(const Port &port, const Classifier::Aging &aging) {
+    if (!port.control.mac_filter_aging_en || !aging.cfg.entry_dynamic) return std::nullopt;
+    return aging.since + std::chrono::seconds(aging.cfg.max_limit);
+}
+
+/* The place of a range among those of its kind. */
+vx_cls_l4_port_range_t &range_at(Port &port, vx_cls_l4_port_type_t type, vx_uint8 index) {
+    return at(at(port.ranges, type), index);
+}
+
+void print_rule(const Device &device, vx_port_id_t port_id, const Port &port, std::size_t entry) {
+    const Rule &rule = port.rules[entry];
+    const auto first = entry * Classifier::kRecordsPerEntry;
+    device.system.print("cls", "port %u entry %zu: %s, key type %d, keys 0x%02x", unsigned{port_id}, entry,
+                        rule.entryvalid ? "in use" : "free", static_cast<int>(rule.key_type),
+                        unsigned{keys_in_use(rule)});
+    for (std::size_t i = 0; i < Classifier::kRecordsPerEntry; ++i) {
+        const Fib &fib = port.fibs[first + i];
+        if (!fib.valid_flag) continue;
+        device.system.print("cls", "  key %zu: %s, destination port %u, class of service %u", i,
+                            fib.permit ? "permit" : "deny", unsigned{fib.dst_port_num}, unsigned{fib.cos});
+    }
+}
+
+}  // namespace
+
+}  // namespace lmq::sim
 
 using namespace lmq::sim;
 
-vx_status_e vx_cls_spcl_ptn_entry_set(vx_dev_id_t, vx_port_id_t, vx_uint8, vx_cls_spcl_ptn_t *) { return kNotModelled; }
-vx_status_e lmq_dump_pkt_flow_all(vx_dev_id_t, vx_uint16) { return kNotModelled; }
-vx_status_e lmq_clear_fe_pkt_stats(vx_dev_id_t, lmq_fe_id_e) { return kNotModelled; }
-vx_status_e vx_cls_type_no_match_get(vx_dev_id_t, vx_port_id_t, vx_uint32, vx_uint32 *) { return kNotModelled; }
-vx_status_e vx_cls_spcl_ptn_ctrl_set(vx_dev_id_t, vx_port_id_t, vx_cls_spcl_ptn_control_t *) { return kNotModelled; }
-vx_status_e vx_cls_mac_filter_aging_vld_status_get(vx_dev_id_t, vx_port_id_t, vx_uint32 *, vx_uint32 *) {
-    return kNotModelled;
+extern "C" {
+
+vx_status_e vx_cls_init(vx_dev_id_t dev_id) {
+    return on_device(__func__, dev_id, {}, [](Device &device) { device.classifier.ports.clear(); });
 }
-vx_status_e vx_cls_spcl_ptn_ctrl_get(vx_dev_id_t, vx_port_id_t, vx_cls_spcl_ptn_control_t *) { return kNotModelled; }
-vx_status_e vx_cls_fib_set(vx_dev_id_t, vx_port_id_t, vx_uint8, vx_uint8, vx_cls_fib_data_t *) { return kNotModelled; }
-vx_status_e vx_cls_ctrl_get(vx_dev_id_t, vx_port_id_t, vx_cls_cl_ctrl_t *) { return kNotModelled; }
-vx_status_e vx_cls_aging_timer_set(vx_dev_id_t, vx_port_id_t, vx_uint8, vx_cls_mac_aging_t *) { return kNotModelled; }
-vx_status_e vx_port_mirror_set(vx_int32, vx_port_id_t, vx_uint32, vx_uint32) { return kNotModelled; }
-vx_status_e vx_cls_domain_get(vx_dev_id_t, vx_port_id_t, vx_uint8, vx_cls_domain_res_t *) { return kNotModelled; }
-vx_status_e vx_cls_debug_status_get(vx_dev_id_t, vx_port_id_t, vx_cls_debug_status_t *) { return kNotModelled; }
-vx_status_e vx_cls_aging_timer_get(vx_dev_id_t, vx_port_id_t, vx_uint8, vx_cls_mac_aging_t *) { return kNotModelled; }
-vx_status_e vx_cls_no_match_fib_set(vx_dev_id_t, vx_port_id_t, vx_cls_fib_data_t *) { return kNotModelled; }
-vx_status_e vx_cls_l4_port_range_get(vx_dev_id_t, vx_port_id_t, vx_cls_l4_port_type_t, vx_uint8,
-                                     vx_cls_l4_port_range_t *) {
-    return kNotModelled;
+
+vx_status_e vx_cls_ctrl_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_cls_cl_ctrl_t *cfg) {
+    return on_port(__func__, dev_id, port_id, {cfg}, [&](Port &port) {
+        const auto &flags = cfg->valid;
+        const bool reversed = std::lexicographical_compare(std::begin(cfg->mac_da_high), std::end(cfg->mac_da_high),
+                                                           std::begin(cfg->mac_da_low), std::end(cfg->mac_da_low));
+        refuse_if(flags.mac_da_range && reversed, VX_ERR_GLBL_INVALID_PARAMS);
+        vx_cls_cl_ctrl_t &kept = port.control;
+        merge(flags.mac_da_range, kept.mac_da_high, cfg->mac_da_high);
+        merge(flags.mac_da_range, kept.mac_da_low, cfg->mac_da_low);
+        merge(flags.mac_filter_aging_en, kept.mac_filter_aging_en, boolean(cfg->mac_filter_aging_en));
+        merge(flags.tos_ecn_msk_en, kept.tos_ecn_msk_en, boolean(cfg->tos_ecn_msk_en));
+        merge(flags.ce_msk_cfi_flg, kept.ce_msk_cfi_flg, boolean(cfg->ce_msk_cfi_flg));
+    });
 }
-vx_status_e vx_cls_domain_set(vx_dev_id_t, vx_port_id_t, vx_uint8, vx_cls_domain_res_t *) { return kNotModelled; }
-vx_status_e vx_cls_ctrl_set(vx_dev_id_t, vx_port_id_t, vx_cls_cl_ctrl_t *) { return kNotModelled; }
-vx_status_e vx_cls_rule_get(vx_dev_id_t, vx_port_id_t, vx_uint8, vx_uint8, vx_cls_rule_cfg_t *) { return kNotModelled; }
-vx_status_e vx_cls_l4_port_range_set(vx_dev_id_t, vx_port_id_t, vx_cls_l4_port_type_t, vx_uint8,
-                                     vx_cls_l4_port_range_t *) {
-    return kNotModelled;
+
+vx_status_e vx_cls_ctrl_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_cls_cl_ctrl_t *cfg) {
+    return on_port(__func__, dev_id, port_id, {cfg}, [&](Port &port) {
+        *cfg = port.control;
+        cfg->valid = {.mac_da_range = 1, .mac_filter_aging_en = 1, .tos_ecn_msk_en = 1, .ce_msk_cfi_flg = 1, .rsvd = 0};
+    });
 }
-vx_status_e lmq_get_fe_pkt_stats(vx_dev_id_t, lmq_fe_id_e, lmq_fe_pkt_stats_s *, vx_boolean) { return kNotModelled; }
-vx_status_e vx_cls_mac_filter_aged_latest_entry_get(vx_dev_id_t, vx_port_id_t, vx_uint8 *) { return kNotModelled; }
-vx_status_e vx_cls_no_match_fib_get(vx_dev_id_t, vx_port_id_t, vx_cls_fib_data_t *) { return kNotModelled; }
-vx_status_e vx_cls_fib_get(vx_dev_id_t, vx_port_id_t, vx_uint8, vx_uint8, vx_cls_fib_data_t *) { return kNotModelled; }
-vx_status_e vx_cls_rule_set(vx_dev_id_t, vx_port_id_t, vx_uint8, vx_uint8, vx_cls_rule_cfg_t *) { return kNotModelled; }
+
+vx_status_e vx_cls_domain_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 domain_id,
+                              vx_cls_domain_res_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) { set_domain(port, domain_id, *p_cfg); });
+}
+
+vx_status_e vx_cls_domain_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 domain_id,
+                              vx_cls_domain_res_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) { *p_cfg = at(port.domains, domain_id); });
+}
+
+vx_status_e vx_cls_domain_rule_clear(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 domain_id) {
+    return on_port(__func__, dev_id, port_id, {}, [&](Port &port) {
+        const vx_cls_domain_res_t &domain = at(port.domains, domain_id);
+        for (std::size_t i = 0; i < domain.cl_entry_length; ++i) clear_entry(port, domain.cl_entry_start + i);
+    });
+}
+
+vx_status_e vx_cls_rule_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 domain_id, vx_uint8 rule_offset,
+                            vx_cls_rule_cfg_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) {
+        Rule &kept = rule_at(port, domain_id, rule_offset);
+        refuse_if(!visit_keys(*p_cfg, [](const auto &) {}), VX_ERR_FE_CLS_INVALID_KEY_TYPE);
+        kept = p_cfg->entryvalid ? *p_cfg : Rule{};
+        kept.entryvalid = boolean(p_cfg->entryvalid);
+    });
+}
+
+vx_status_e vx_cls_rule_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 domain_id, vx_uint8 rule_offset,
+                            vx_cls_rule_cfg_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {p_cfg},
+                   [&](Port &port) { *p_cfg = rule_at(port, domain_id, rule_offset); });
+}
+
+vx_status_e vx_cls_fib_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 domain_id, vx_uint8 key_offset,
+                           vx_cls_fib_data_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {p_cfg},
+                   [&](Port &port) { take(fib_at(port, domain_id, key_offset), *p_cfg); });
+}
+
+vx_status_e vx_cls_fib_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 domain_id, vx_uint8 key_offset,
+                           vx_cls_fib_data_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {p_cfg},
+                   [&](Port &port) { *p_cfg = flagged(fib_at(port, domain_id, key_offset)); });
+}
+
+vx_status_e vx_cls_no_match_fib_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_cls_fib_data_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) { take(port.no_match, *p_cfg); });
+}
+
+vx_status_e vx_cls_no_match_fib_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_cls_fib_data_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) { *p_cfg = flagged(port.no_match); });
+}
+
+vx_status_e vx_cls_type_no_match_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint32 key_type_bitmap,
+                                     vx_uint32 deny_bitmap) {
+    return on_port(__func__, dev_id, port_id, {}, [&](Port &port) {
+        refuse_if((key_type_bitmap & ~kKeyTypes) != 0, VX_ERR_FE_CLS_INVALID_KEY_TYPE);
+        port.denied_types = (port.denied_types & ~key_type_bitmap) | (deny_bitmap & key_type_bitmap);
+    });
+}
+
+vx_status_e vx_cls_type_no_match_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint32 key_type_bitmap,
+                                     vx_uint32 *deny_bitmap) {
+    return on_port(__func__, dev_id, port_id, {deny_bitmap}, [&](Port &port) {
+        refuse_if((key_type_bitmap & ~kKeyTypes) != 0, VX_ERR_FE_CLS_INVALID_KEY_TYPE);
+        *deny_bitmap = port.denied_types & key_type_bitmap;
+    });
+}
+
+vx_status_e vx_cls_l4_port_range_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_cls_l4_port_type_t port_type,
+                                     vx_uint8 index, vx_cls_l4_port_range_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) {
+        vx_cls_l4_port_range_t &kept = range_at(port, port_type, index);
+        refuse_if(p_cfg->low_port > p_cfg->high_port, VX_ERR_FE_CLS_INVALID_PORT_RANGE_FOR_L4_PORT);
+        kept = *p_cfg;
+        kept.cmp_en = boolean(p_cfg->cmp_en);
+    });
+}
+
+vx_status_e vx_cls_l4_port_range_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_cls_l4_port_type_t port_type,
+                                     vx_uint8 index, vx_cls_l4_port_range_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) { *p_cfg = range_at(port, port_type, index); });
+}
+
+vx_status_e vx_cls_spcl_ptn_ctrl_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_cls_spcl_ptn_control_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) {
+        check_range(p_cfg->spcl_hdr_mode_sel, CLS_SPCL_MODE_STA, CLS_SPCL_MODE_DYN);
+        port.pattern_control = {.spcl_hdr_mode_sel = p_cfg->spcl_hdr_mode_sel,
+                                .spcl_hdr_after_l2hdr_en = boolean(p_cfg->spcl_hdr_after_l2hdr_en),
+                                .spcl_hdr_after_iphdr_en = boolean(p_cfg->spcl_hdr_after_iphdr_en),
+                                .spcl_hdr_after_l4hdr_en = boolean(p_cfg->spcl_hdr_after_l4hdr_en),
+                                .spcl_hdr_parsing_en = boolean(p_cfg->spcl_hdr_parsing_en),
+                                .spcl_glb_hdr_strt_idx = p_cfg->spcl_glb_hdr_strt_idx};
+    });
+}
+
+vx_status_e vx_cls_spcl_ptn_ctrl_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_cls_spcl_ptn_control_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) { *p_cfg = port.pattern_control; });
+}
+
+vx_status_e vx_cls_spcl_ptn_entry_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 index,
+                                      vx_cls_spcl_ptn_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) {
+        vx_cls_spcl_ptn_t &kept = at(port.patterns, index);
+        check_range(p_cfg->spcl_ptn_type, LMQ_CL_SPCL_PTN_TYPE_L2, LMQ_CL_SPCL_PTN_TYPE_STA);
+        check_range(p_cfg->spcl_ptn_cmp, LMQ_CL_SPCL_PTN_CMP_LO, LMQ_CL_SPCL_PTN_CMP_HI);
+        kept = *p_cfg;
+    });
+}
+
+vx_status_e vx_cls_spcl_ptn_entry_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 index,
+                                      vx_cls_spcl_ptn_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) { *p_cfg = at(port.patterns, index); });
+}
+
+vx_status_e vx_cls_aging_timer_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 index,
+                                   vx_cls_mac_aging_t *p_cfg) {
+    return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
+        check_port(port_id);
+        Classifier::Aging &kept = at(device.classifier.ports[port_id].aging, index);
+        kept = {.cfg = *p_cfg, .since = device.system.clock.now()};
+        kept.cfg.entry_dynamic = boolean(p_cfg->entry_dynamic);
+    });
+}
+
+vx_status_e vx_cls_aging_timer_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 index,
+                                   vx_cls_mac_aging_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) { *p_cfg = at(port.aging, index).cfg; });
+}
+
+vx_status_e vx_cls_mac_filter_aging_vld_status_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint32 *bitmap_high,
+                                                   vx_uint32 *bitmap_low) {
+    return on_device(__func__, dev_id, {bitmap_high, bitmap_low}, [&](Device &device) {
+        check_port(port_id);
+        const Port &port = device.classifier.ports[port_id];
+        std::uint64_t bits = 0;
+        for (std::size_t i = 0; i < port.aging.size(); ++i) {
+            const auto time = aged_at(port, port.aging[i]);
+            const bool aged = time && *time <= device.system.clock.now();
+            if (port.aging[i].cfg.entry_dynamic && !aged) bits |= std::uint64_t{1} << i;
+        }
+        *bitmap_high = static_cast<vx_uint32>(bits >> 32);
+        *bitmap_low = static_cast<vx_uint32>(bits);
+    });
+}
+
+vx_status_e vx_cls_mac_filter_aged_latest_entry_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 *entry_index) {
+    return on_device(__func__, dev_id, {entry_index}, [&](Device &device) {
+        check_port(port_id);
+        const Port &port = device.classifier.ports[port_id];
+        std::optional<Clock::Time> latest;
+        *entry_index = LMQ_INVALID_ID8;
+        for (std::size_t i = 0; i < port.aging.size(); ++i) {
+            const auto time = aged_at(port, port.aging[i]);
+            if (!time || *time > device.system.clock.now() || (latest && *time <= *latest)) continue;
+            latest = time;
+            *entry_index = static_cast<vx_uint8>(i);
+        }
+    });
+}
+
+vx_status_e vx_port_mirror_set(vx_int32 device_id, vx_port_id_t dst_port, vx_uint32 rx_port_bitmap,
+                               vx_uint32 tx_port_bitmap) {
+    return on_device(__func__, device_id, {}, [&](Device &device) {
+        const vx_uint32 mirrored = rx_port_bitmap | tx_port_bitmap;
+        refuse_if(mirrored >> (VX_PORT_VOIP0 + 1) != 0, VX_ERR_PORT_NUM_OUT_OF_RANGE);
+        if (mirrored == 0) {
+            device.classifier.mirror = {};
+            return;
+        }
+        check_port(dst_port);
+        refuse_if(mirrored >> dst_port & 1U, VX_ERR_PORT_INVALID_CFG);
+        device.classifier.mirror = {.to = dst_port, .rx = rx_port_bitmap, .tx = tx_port_bitmap};
+    });
+}
+
+vx_status_e vx_port_mirror_get(vx_int32 device_id, vx_port_id_t *dst_port, vx_uint32 *rx_port_bitmap,
+                               vx_uint32 *tx_port_bitmap) {
+    return on_device(__func__, device_id, {dst_port, rx_port_bitmap, tx_port_bitmap}, [&](Device &device) {
+        *dst_port = device.classifier.mirror.to;
+        *rx_port_bitmap = device.classifier.mirror.rx;
+        *tx_port_bitmap = device.classifier.mirror.tx;
+    });
+}
+
+vx_status_e vx_cls_debug_status_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_cls_debug_status_t *p_dbg_stat) {
+    return on_port(__func__, dev_id, port_id, {p_dbg_stat}, [&](Port &port) {
+        *p_dbg_stat = {};
+        p_dbg_stat->user_entry = port.counted.entry_addr;
+        p_dbg_stat->user_entry_hit_cnt = port.counted.hit_count;
+    });
+}
+
+vx_status_e vx_cls_debug_prog_count_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_cls_debug_prog_ent_cnt_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) {
+        check_range(p_cfg->entry_addr, 0, Classifier::kEntries - 1);
+        port.counted = *p_cfg;
+    });
+}
+
+vx_status_e lmq_get_fe_cl_entry_status(vx_dev_id_t dev_id, lmq_fe_id_e fe_inst, lmq_fe_cl_entry_status *p_status) {
+    return on_device(__func__, dev_id, {p_status}, [&](Device &device) {
+        check_engine(fe_inst);
+        *p_status = {};
+        for (const auto &[port_id, port] : device.classifier.ports) {
+            if (engine_of(port_id) != fe_inst) continue;
+            for (std::size_t entry = 0; entry < port.rules.size(); ++entry) {
+                if (!port.rules[entry].entryvalid || p_status->valid_cnt == LMQ_FE_CL_MAX_ENTRY) continue;
+                const vx_uint8 keys = keys_in_use(port.rules[entry]);
+                p_status->entry_status[p_status->valid_cnt++] = {
+                    .entry_id = static_cast<vx_uint8>(entry),
+                    .valid = TRUE,
+                    .key_type = flow_key_type(port.rules[entry].key_type),
+                    .key_cnt = static_cast<vx_uint8>(std::popcount(keys)),
+                    .valid_key_bitmap = keys,
+                    .entry_hit_cnt = port.counted.entry_addr == entry ? port.counted.hit_count : 0};
+            }
+        }
+    });
+}
+
+vx_status_e lmq_get_fe_pkt_stats(vx_dev_id_t dev_id, lmq_fe_id_e fe_id, lmq_fe_pkt_stats_s *p_stats, vx_boolean clear) {
+    return on_device(__func__, dev_id, {p_stats}, [&](Device &device) {
+        check_engine(fe_id);
+        lmq_fe_pkt_stats_s &kept = device.classifier.stats[static_cast<std::size_t>(fe_id)];
+        *p_stats = kept;
+        if (clear) kept = {};
+    });
+}
+
+vx_status_e lmq_clear_fe_pkt_stats(vx_dev_id_t dev_id, lmq_fe_id_e fe_id) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        check_engine(fe_id);
+        device.classifier.stats[static_cast<std::size_t>(fe_id)] = {};
+    });
+}
+
+vx_status_e lmq_dump_cls_key(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 entry_idx) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        check_port(port_id);
+        check_range(entry_idx, 0, Classifier::kEntries - 1);
+        print_rule(device, port_id, device.classifier.ports[port_id], entry_idx);
+    });
+}
+
+vx_status_e lmq_dump_cls_key_list(vx_dev_id_t dev_id, vx_port_id_t port_id) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        check_port(port_id);
+        const Port &port = device.classifier.ports[port_id];
+        for (std::size_t entry = 0; entry < port.rules.size(); ++entry) {
+            if (port.rules[entry].entryvalid) print_rule(device, port_id, port, entry);
+        }
+    });
+}
+
 vx_status_e lmq_dump_pkt_flow(vx_dev_id_t, vx_flow_id_t) { return kNotModelled; }
-vx_status_e vx_cls_type_no_match_set(vx_dev_id_t, vx_port_id_t, vx_uint32, vx_uint32) { return kNotModelled; }
-vx_status_e lmq_dump_cls_key(vx_dev_id_t, vx_port_id_t, vx_uint8) { return kNotModelled; }
-vx_status_e vx_cls_spcl_ptn_entry_get(vx_dev_id_t, vx_port_id_t, vx_uint8, vx_cls_spcl_ptn_t *) { return kNotModelled; }
-vx_status_e vx_port_mirror_get(vx_int32, vx_port_id_t *, vx_uint32 *, vx_uint32 *) { return kNotModelled; }
-vx_status_e lmq_dump_cls_key_list(vx_dev_id_t, vx_port_id_t) { return kNotModelled; }
-vx_status_e lmq_get_fe_cl_entry_status(vx_dev_id_t, lmq_fe_id_e, lmq_fe_cl_entry_status *) { return kNotModelled; }
-vx_status_e vx_cls_domain_rule_clear(vx_dev_id_t, vx_port_id_t, vx_uint8) { return kNotModelled; }
-vx_status_e vx_cls_init(vx_dev_id_t) { return kNotModelled; }
-vx_status_e vx_cls_debug_prog_count_set(vx_dev_id_t, vx_port_id_t, vx_cls_debug_prog_ent_cnt_t *) {
-    return kNotModelled;
-}
+
+vx_status_e lmq_dump_pkt_flow_all(vx_dev_id_t, vx_uint16) { return kNotModelled; }
+
+}  // extern "C"

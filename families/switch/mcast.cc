@@ -10,7 +10,7 @@ UDT(vx_acl_mcast_grp_addr_t,
     NESTED(  vx_ip_addr_t,         mc_ip_addr),
     ELEMENTS(vx_mac_addr_t,        mc_mac_addr, 6))
 
-// mcast_grp is declared with the tag of its struct, and so member list and fault texts spell it.
+// Member list and fault texts spell the type of mcast_grp with the tag of its struct.
 UDT(vx_mcast_acl_t,
     SCALAR(vx_uint16,    sub_port_id),
     SCALAR(vx_uint16,    mcast_vlan),

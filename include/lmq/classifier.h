@@ -563,7 +563,7 @@ vx_status_e vx_cls_spcl_ptn_entry_get(vx_dev_id_t dev_id, vx_port_id_t port_id, 
 /** @brief Aging of one MAC filter. */
 typedef struct {
     vx_boolean entry_dynamic; /**< The filter ages. */
-    vx_uint32 max_limit;      /**< When it has aged, in ticks of the aging timer. */
+    vx_uint32 max_limit;      /**< Seconds until it has aged. */
 } vx_cls_mac_aging_t;
 
 /**
