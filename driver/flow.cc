@@ -5,7 +5,7 @@
  * Choices of this family:
  * - Each direction has 64 flows. Ids are given out from 1, and none is used in both directions.
  * - An upstream key takes the key types up to EXT_VLAN_DSCP; a downstream key takes all types but that one.
- * - The same key on the same port is the same flow, whatever its priority: adding it again is refused.
+ * - A second flow with the key, the port and the priority of another is refused.
  * - An action that is not flagged leaves the packet alone. A get flags the actions that were set.
  * - A modify sets the flagged actions and the key; a key of type INVALID leaves the key as it is.
  * - An upstream flow leaves by the SNI or the CPU port. In a GPON device its sub-port is a GEM port of 12 bits.
@@ -139,11 +139,12 @@ auto &find(Device &device, vx_flow_id_t id) {
     return *flow;
 }
 
-/* Refuses a key that another flow of the port has. */
+/* Refuses a key that another flow of the port has at the same priority. */
 template <class Direction>
-void check_unique(Device &device, vx_port_id_t port, vx_flow_id_t self, const typename Direction::Key &key) {
+void check_unique(Device &device, vx_port_id_t port, vx_uint8 priority, vx_flow_id_t self,
+                  const typename Direction::Key &key) {
     for (auto &[id, flow] : Direction::table(device)) {
-        refuse_if(id != self && Direction::port(flow) == port &&
+        refuse_if(id != self && Direction::port(flow) == port && Direction::cfg(flow).pri == priority &&
                       std::memcmp(&Direction::cfg(flow).key, &key, sizeof key) == 0,
                   VX_ERR_FE_ACTION_ON_DUP_FLOW_NOT_SUPPORTED);
     }
@@ -155,7 +156,7 @@ void add(Device &device, vx_port_id_t port, const typename Direction::Key &key, 
     check_port(port);
     check(key);
     check(action, Direction::kQueues);
-    check_unique<Direction>(device, port, LMQ_INVALID_FLOW_ID, key);
+    check_unique<Direction>(device, port, priority, LMQ_INVALID_FLOW_ID, key);
     auto &table = Direction::table(device);
     refuse_if(table.size() >= Flows::kCapacity, VX_ERR_FE_CLS_ENTRY_UNAVAIL);
     const auto given = device.flow.ids.give();
@@ -185,7 +186,7 @@ void modify(Device &device, vx_flow_id_t id, const typename Direction::Key &key,
     const bool has_key = key.key_type != VX_CL_KEY_INVALID;
     if (has_key) {
         check(key);
-        check_unique<Direction>(device, Direction::port(flow), id, key);
+        check_unique<Direction>(device, Direction::port(flow), Direction::cfg(flow).pri, id, key);
     }
     check(action, Direction::kQueues);
     merge(has_key, Direction::cfg(flow).key, key);
