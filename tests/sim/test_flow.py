@@ -2,7 +2,7 @@
 
 import unittest
 
-from harness import SimTest
+from scenario import Scenario
 
 SNI, CPU, MGMT, ETH0, ETH1 = range(5)
 MAC_VLAN, EXT_VLAN_DSCP, GEM_CTRL_PKT = 3, 14, 16
@@ -13,17 +13,17 @@ def key(vid, key_type=MAC_VLAN):
     return {"key_type": key_type, "key_s": {"mac_vlan": {"o_vid": vid}}}
 
 
-class Flow(SimTest):
+class Flow(Scenario):
     def add(self, direction, port, vid, action=None, priority=0):
-        return self.ok(f"vx_flow_{direction}_add", 0, port, key(vid), action or {}, priority, 0)[5]
+        return self.echo(f"vx_flow_{direction}_add", 0, port, key(vid), action or {}, priority, 0)[5]
 
     def listed(self, direction, port, room):
-        cfgs, count = self.ok(f"vx_flow_{direction}_all_get", 0, port, room, [{}] * room, 0)[3:]
+        cfgs, count = self.echo(f"vx_flow_{direction}_all_get", 0, port, room, [{}] * room, 0)[3:]
         self.assertTrue(all(cfg["flow_id"] == 0 for cfg in cfgs[count:]), "a record past the count was written")
         return cfgs[:count]
 
     def action(self, flow):
-        return self.ok("vx_flow_us_get", 0, flow, {}, {})[3]
+        return self.echo("vx_flow_us_get", 0, flow, {}, {})[3]
 
     def test_life_of_flows(self):
         for direction in "us", "ds":
@@ -55,7 +55,7 @@ class Flow(SimTest):
         self.ok("vx_flow_us_modify", 0, flow, {}, {"queue_id": 9, "dsbl_mac_learn": 5, "valid": {"mask": 1 << 7}})
         kept = self.action(flow)
         self.assertEqual((kept["queue_id"], kept["dsbl_mac_learn"], kept["valid"]["mask"]), (3, 1, 1 | 3 << 6))
-        self.assertEqual(self.ok("vx_flow_us_get", 0, flow, {}, {})[2]["key_s"]["mac_vlan"]["o_vid"], 1)
+        self.assertEqual(self.echo("vx_flow_us_get", 0, flow, {}, {})[2]["key_s"]["mac_vlan"]["o_vid"], 1)
 
         for status, member, value in (("FE_INVALID_VLAN_ACTION", "o_vlan_act", {"vlan_tag_act": 6}),
                                       ("FE_INVALID_TPID_ACTION", "i_vlan_act", {"tpid_act": -1}),
