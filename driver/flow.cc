@@ -1,38 +1,302 @@
-// The flows.
+/**
+ * @file
+ * @brief The flows: add, delete, modify, map and list, in both directions.
+ *
+ * Choices of this family:
+ * - Each direction has 64 flows. Ids are given out from 1, and none is used in both directions.
+ * - An upstream key takes the key types up to EXT_VLAN_DSCP; a downstream key takes all types but that one.
+ * - A second flow with the key, the port and the priority of another is refused.
+ * - An action that is not flagged leaves the packet alone. A get flags the actions that were set.
+ * - A modify sets the flagged actions and the key; a key of type INVALID leaves the key as it is.
+ * - An upstream flow leaves by the SNI or the CPU port. In a GPON device its sub-port is a GEM port of 12 bits.
+ * - A mapping to the GEM port of another priority queue replaces a fixed queue. If the GEM port has no queue, the flow
+ *   has no fixed queue any more.
+ * - Deleting a flow takes it from its policer.
+ */
 #include "driver/flow.h"
 
-#include "driver/not_modelled.h"
-#include "lmq/lmq.h"
+#include <cstring>
+
+#include "driver/chip.h"
 
 using namespace lmq::sim;
 
-vx_status_e vx_flow_us_add(vx_dev_id_t, vx_port_id_t, vx_flow_us_key_t *, vx_flow_us_action_t *, vx_uint8,
-                           vx_flow_id_t *) {
-    return kNotModelled;
+namespace {
+
+using Action = vx_flow_us_action_t;  // of both directions
+
+constexpr vx_uint16 kLastGemPort = 0xfff;  // ITU-T G.984.3: 12 bits
+constexpr vx_vid_t kLastVid = 0xfff;       // IEEE 802.1Q: 12 bits
+
+void check_port(vx_uint16 port) { refuse_if(port > VX_PORT_VOIP0, VX_ERR_PORT_NUM_OUT_OF_RANGE); }
+
+void check(const vx_flow_us_key_t &key) {
+    refuse_if(key.key_type <= VX_CL_KEY_INVALID || key.key_type > VX_CL_KEY_EXT_VLAN_DSCP,
+              VX_ERR_FE_CLS_INVALID_KEY_TYPE);
 }
-vx_status_e vx_flow_us_delete(vx_dev_id_t, vx_flow_id_t) { return kNotModelled; }
-vx_status_e vx_flow_us_modify(vx_dev_id_t, vx_flow_id_t, vx_flow_us_key_t *, vx_flow_us_action_t *) {
-    return kNotModelled;
+
+void check(const vx_flow_ds_key_t &key) {
+    refuse_if(
+        key.key_type <= VX_CL_KEY_INVALID || key.key_type >= VX_CL_KEY_MAX || key.key_type == VX_CL_KEY_EXT_VLAN_DSCP,
+        VX_ERR_FE_CLS_INVALID_KEY_TYPE);
 }
-vx_status_e vx_flow_us_get(vx_dev_id_t, vx_flow_id_t, vx_flow_us_key_t *, vx_flow_us_action_t *) {
-    return kNotModelled;
+
+void check(const vx_flow_vlan_action_t &act) {
+    const auto none = [](int value, int end) { return value < 0 || value >= end; };
+    refuse_if(none(act.vlan_tag_act, VX_FLOW_VLAN_TAG_ACTION_MAX), VX_ERR_FE_INVALID_VLAN_ACTION);
+    refuse_if(none(act.tpid_act, VX_FLOW_TPID_ACTION_MAX), VX_ERR_FE_INVALID_TPID_ACTION);
+    refuse_if(none(act.pbit_act, VX_FLOW_PBIT_ACTION_MAX), VX_ERR_FE_INVALID_PBIT_ACTION);
+    check_range(act.de_act, 0, VX_FLOW_DE_ACTION_MAX - 1);
+    check_range(act.pbit, 0, LMQ_MAX_DOT1P - 1);
+    check_range(act.de, 0, 1);
+    refuse_if(act.vid > kLastVid, VX_ERR_FE_INVALID_VLAN_ID);
 }
-vx_status_e vx_flow_us_map(vx_dev_id_t, vx_flow_id_t, vx_uint16, vx_uint16) { return kNotModelled; }
-vx_status_e vx_flow_us_all_get(vx_dev_id_t, vx_port_id_t, vx_uint16, vx_flow_us_cfg_t *, vx_uint16 *) {
-    return kNotModelled;
+
+void check(const vx_flow_dot1p_action_t &act) {
+    refuse_if(act.pbit_act < 0 || act.pbit_act >= VX_FLOW_PBIT_ACTION_MAX, VX_ERR_FE_INVALID_PBIT_ACTION);
+    check_range(act.de_act, 0, VX_FLOW_DE_ACTION_MAX - 1);
+    check_range(act.pbit, 0, LMQ_MAX_DOT1P - 1);
+    check_range(act.de, 0, 1);
 }
-vx_status_e vx_flow_ds_add(vx_dev_id_t, vx_port_id_t, vx_flow_ds_key_t *, vx_flow_ds_action_t *, vx_uint8,
-                           vx_flow_id_t *) {
-    return kNotModelled;
+
+/* Looks at the flagged members alone. */
+void check(const Action &action, unsigned queues) {
+    const auto &flags = action.valid.mask_s;
+    if (flags.o_vlan_act) check(action.o_vlan_act);
+    if (flags.i_vlan_act) check(action.i_vlan_act);
+    if (flags.o_dot1p_act) check(action.o_dot1p_act);
+    if (flags.i_dot1p_act) check(action.i_dot1p_act);
+    if (flags.cos_act) {
+        check_range(action.cos_act.cos_act, 0, VX_FLOW_COS_ACTION_MAX - 1);
+        check_range(action.cos_act.cos_val, 0, LMQ_MAX_COS - 1);
+    }
+    if (flags.dscp_act) {
+        check_range(action.dscp_act.dscp_act, 0, VX_FLOW_DSCP_ACTION_MAX - 1);
+        check_range(action.dscp_act.dscp_val, 0, LMQ_MAX_DSCP - 1);
+    }
+    if (flags.queue_id) refuse_if(action.queue_id >= queues, VX_ERR_TM_INVALID_QUEUE_ID);
+    if (flags.egrs_vlan_chk_sel) check_range(action.egrs_vlan_chk_sel, 0, VX_FLOW_EGRS_VLAN_CHK_MAX - 1);
+    if (flags.dsbl_mac_learn) check_range(action.lrn_limit_act, VX_LRN_LMT_PKT_ACT_FWD, VX_LRN_LMT_PKT_ACT_DRP);
+    if (flags.enbl_pkt_mirror) {
+        check_port(action.mirror_port);
+        check_range(action.mirror_mode, 0, VX_FLOW_MIRROR_MODE_MAX - 1);
+    }
 }
-vx_status_e vx_flow_ds_delete(vx_dev_id_t, vx_flow_id_t) { return kNotModelled; }
-vx_status_e vx_flow_ds_modify(vx_dev_id_t, vx_flow_id_t, vx_flow_ds_key_t *, vx_flow_ds_action_t *) {
-    return kNotModelled;
+
+constexpr vx_boolean as_boolean(vx_boolean value) { return value ? TRUE : FALSE; }
+
+void take(Action &kept, const Action &given) {
+    const auto &flags = given.valid.mask_s;
+    merge(flags.o_vlan_act, kept.o_vlan_act, given.o_vlan_act);
+    merge(flags.i_vlan_act, kept.i_vlan_act, given.i_vlan_act);
+    merge(flags.o_dot1p_act, kept.o_dot1p_act, given.o_dot1p_act);
+    merge(flags.i_dot1p_act, kept.i_dot1p_act, given.i_dot1p_act);
+    merge(flags.cos_act, kept.cos_act, given.cos_act);
+    merge(flags.dscp_act, kept.dscp_act, given.dscp_act);
+    merge(flags.queue_id, kept.queue_id, given.queue_id);
+    merge(flags.dsbl_mac_learn, kept.dsbl_mac_learn, as_boolean(given.dsbl_mac_learn));
+    merge(flags.dsbl_mac_learn, kept.lrn_limit_act, given.lrn_limit_act);
+    merge(flags.egrs_vlan_chk_sel, kept.egrs_vlan_chk_sel, given.egrs_vlan_chk_sel);
+    merge(flags.enbl_pkt_mirror, kept.enbl_pkt_mirror, as_boolean(given.enbl_pkt_mirror));
+    merge(flags.enbl_pkt_mirror, kept.mirror_port, given.mirror_port);
+    merge(flags.enbl_pkt_mirror, kept.mirror_mode, given.mirror_mode);
+    kept.valid.mask |= given.valid.mask;
 }
-vx_status_e vx_flow_ds_get(vx_dev_id_t, vx_flow_id_t, vx_flow_ds_key_t *, vx_flow_ds_action_t *) {
-    return kNotModelled;
+
+/* The two directions, for what they do alike. */
+struct Upstream {
+    using Key = vx_flow_us_key_t;
+    static constexpr unsigned kQueues = GponTm::kUsQueues;
+    static auto &table(Device &device) { return device.flow.upstream; }
+    static vx_flow_us_cfg_t &cfg(vx_flow_us_cfg_t &flow) { return flow; }
+    static vx_port_id_t port(const vx_flow_us_cfg_t &flow) { return flow.port_num; }
+    static vx_flow_us_cfg_t make(vx_port_id_t port) {
+        vx_flow_us_cfg_t flow{};
+        flow.port_num = port;
+        flow.map_port = VX_INVALID_PORT_ID;
+        flow.map_sub_port = LMQ_INVALID_ID16;
+        return flow;
+    }
+};
+
+struct Downstream {
+    using Key = vx_flow_ds_key_t;
+    static constexpr unsigned kQueues = CosQueues::kPortQueues;
+    static auto &table(Device &device) { return device.flow.downstream; }
+    static vx_flow_ds_cfg_t &cfg(Flows::Downstream &flow) { return flow.cfg; }
+    static vx_port_id_t port(const Flows::Downstream &flow) { return flow.port; }
+    static Flows::Downstream make(vx_port_id_t port) {
+        Flows::Downstream flow{port, {}};
+        flow.cfg.map_port = VX_INVALID_PORT_ID;
+        return flow;
+    }
+};
+
+template <class Direction>
+auto &find(Device &device, vx_flow_id_t id) {
+    auto *flow = Direction::table(device).find(id);
+    refuse_if(flow == nullptr, VX_ERR_FE_INVALID_FLOW_ID);
+    return *flow;
 }
-vx_status_e vx_flow_ds_map(vx_dev_id_t, vx_flow_id_t, vx_port_id_t) { return kNotModelled; }
-vx_status_e vx_flow_ds_all_get(vx_dev_id_t, vx_port_id_t, vx_uint16, vx_flow_ds_cfg_t *, vx_uint16 *) {
-    return kNotModelled;
+
+/* Refuses a key that another flow of the port has at the same priority. */
+template <class Direction>
+void check_unique(Device &device, vx_port_id_t port, vx_uint8 priority, vx_flow_id_t self,
+                  const typename Direction::Key &key) {
+    for (auto &[id, flow] : Direction::table(device)) {
+        refuse_if(id != self && Direction::port(flow) == port && Direction::cfg(flow).pri == priority &&
+                      std::memcmp(&Direction::cfg(flow).key, &key, sizeof key) == 0,
+                  VX_ERR_FE_ACTION_ON_DUP_FLOW_NOT_SUPPORTED);
+    }
 }
+
+template <class Direction>
+void add(Device &device, vx_port_id_t port, const typename Direction::Key &key, const Action &action, vx_uint8 priority,
+         vx_flow_id_t *id) {
+    check_port(port);
+    check(key);
+    check(action, Direction::kQueues);
+    check_unique<Direction>(device, port, priority, LMQ_INVALID_FLOW_ID, key);
+    auto &table = Direction::table(device);
+    refuse_if(table.size() >= Flows::kCapacity, VX_ERR_FE_CLS_ENTRY_UNAVAIL);
+    const auto given = device.flow.ids.give();
+    refuse_if(!given, VX_ERR_FE_CLS_ENTRY_UNAVAIL);
+
+    auto flow = Direction::make(port);
+    auto &cfg = Direction::cfg(flow);
+    cfg.flow_id = *given;
+    cfg.pri = priority;
+    cfg.key = key;
+    take(cfg.action, action);
+    table.insert(*given, flow);
+    *id = *given;
+}
+
+template <class Direction>
+void remove(Device &device, vx_flow_id_t id) {
+    find<Direction>(device, id);
+    Direction::table(device).erase(id);
+    device.flow.ids.take_back(id);
+    device.policer.policing.erase(id);
+}
+
+template <class Direction>
+void modify(Device &device, vx_flow_id_t id, const typename Direction::Key &key, const Action &action) {
+    auto &flow = find<Direction>(device, id);
+    const bool has_key = key.key_type != VX_CL_KEY_INVALID;
+    if (has_key) {
+        check(key);
+        check_unique<Direction>(device, Direction::port(flow), Direction::cfg(flow).pri, id, key);
+    }
+    check(action, Direction::kQueues);
+    merge(has_key, Direction::cfg(flow).key, key);
+    take(Direction::cfg(flow).action, action);
+}
+
+template <class Direction, class Cfg>
+void list(Device &device, vx_port_id_t port, vx_uint16 room, Cfg *cfg, vx_uint16 *count) {
+    check_port(port);
+    *count = 0;
+    for (auto &[id, flow] : Direction::table(device)) {
+        if (*count == room) return;
+        if (Direction::port(flow) == port) cfg[(*count)++] = Direction::cfg(flow);
+    }
+}
+
+template <class Direction>
+void get(Device &device, vx_flow_id_t id, typename Direction::Key *key, Action *action) {
+    const auto &cfg = Direction::cfg(find<Direction>(device, id));
+    *key = cfg.key;
+    *action = cfg.action;
+}
+
+}  // namespace
+
+extern "C" {
+
+vx_status_e vx_flow_us_add(vx_dev_id_t device_id, vx_port_id_t port_id, vx_flow_us_key_t *p_key,
+                           vx_flow_us_action_t *p_action, vx_uint8 priority, vx_flow_id_t *p_flow_id) {
+    return on_device(__func__, device_id, {p_key, p_action, p_flow_id}, [&](Device &device) {
+        refuse_if(priority > LMQ_MAX_US_CL_PRI && priority != LMQ_DEF_US_CL_PRI, VX_ERR_FE_CLS_INVALID_PRIORITY);
+        add<Upstream>(device, port_id, *p_key, *p_action, priority, p_flow_id);
+    });
+}
+
+vx_status_e vx_flow_us_delete(vx_dev_id_t dev_id, vx_flow_id_t flow_id) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) { remove<Upstream>(device, flow_id); });
+}
+
+vx_status_e vx_flow_us_modify(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_flow_us_key_t *p_key,
+                              vx_flow_us_action_t *p_action) {
+    return on_device(__func__, dev_id, {p_key, p_action},
+                     [&](Device &device) { modify<Upstream>(device, flow_id, *p_key, *p_action); });
+}
+
+vx_status_e vx_flow_us_get(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_flow_us_key_t *p_key,
+                           vx_flow_us_action_t *p_action) {
+    return on_device(__func__, dev_id, {p_key, p_action},
+                     [&](Device &device) { get<Upstream>(device, flow_id, p_key, p_action); });
+}
+
+vx_status_e vx_flow_us_map(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_uint16 sni_port_num, vx_uint16 sni_sub_port) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        vx_flow_us_cfg_t &flow = find<Upstream>(device, flow_id);
+        check_port(sni_port_num);
+        refuse_if(sni_port_num != VX_PORT_SNI0 && sni_port_num != VX_PORT_CPU, VX_ERR_PORT_TYPE_MISMATCH);
+        const bool on_gem = sni_port_num == VX_PORT_SNI0 && device.config.dev_mode == LMQ_DEV_MODE_GPON;
+        refuse_if(on_gem && sni_sub_port > kLastGemPort, VX_ERR_GPON_INVALID_GEM_PORT);
+
+        flow.map_port = sni_port_num;
+        flow.map_sub_port = sni_sub_port;
+        if (!on_gem || !flow.action.valid.mask_s.queue_id) return;
+        if (const vx_uint16 *queue = device.gpon_tm.us_queue.find(sni_sub_port)) {
+            flow.action.queue_id = static_cast<vx_uint8>(*queue);
+        } else {
+            flow.action.valid.mask_s.queue_id = 0;
+        }
+    });
+}
+
+vx_status_e vx_flow_us_all_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 get_cnt, vx_flow_us_cfg_t *p_cfg,
+                               vx_uint16 *p_valid_cnt) {
+    return on_device(__func__, dev_id, {p_cfg, p_valid_cnt},
+                     [&](Device &device) { list<Upstream>(device, port_id, get_cnt, p_cfg, p_valid_cnt); });
+}
+
+vx_status_e vx_flow_ds_add(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_flow_ds_key_t *p_key,
+                           vx_flow_ds_action_t *p_action, vx_uint8 priority, vx_flow_id_t *p_flow_id) {
+    return on_device(__func__, dev_id, {p_key, p_action, p_flow_id},
+                     [&](Device &device) { add<Downstream>(device, port_id, *p_key, *p_action, priority, p_flow_id); });
+}
+
+vx_status_e vx_flow_ds_delete(vx_dev_id_t dev_id, vx_flow_id_t flow_id) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) { remove<Downstream>(device, flow_id); });
+}
+
+vx_status_e vx_flow_ds_modify(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_flow_ds_key_t *p_key,
+                              vx_flow_ds_action_t *p_action) {
+    return on_device(__func__, dev_id, {p_key, p_action},
+                     [&](Device &device) { modify<Downstream>(device, flow_id, *p_key, *p_action); });
+}
+
+vx_status_e vx_flow_ds_get(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_flow_ds_key_t *p_key,
+                           vx_flow_ds_action_t *p_action) {
+    return on_device(__func__, dev_id, {p_key, p_action},
+                     [&](Device &device) { get<Downstream>(device, flow_id, p_key, p_action); });
+}
+
+vx_status_e vx_flow_ds_map(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_port_id_t port_id) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        Flows::Downstream &flow = find<Downstream>(device, flow_id);
+        check_port(port_id);
+        flow.cfg.map_port = port_id;
+    });
+}
+
+vx_status_e vx_flow_ds_all_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 get_cnt, vx_flow_ds_cfg_t *p_cfg,
+                               vx_uint16 *p_valid_cnt) {
+    return on_device(__func__, dev_id, {p_cfg, p_valid_cnt},
+                     [&](Device &device) { list<Downstream>(device, port_id, get_cnt, p_cfg, p_valid_cnt); });
+}
+
+}  // extern "C"

@@ -1,65 +1,426 @@
-// Policers, storm control and the buffer manager.
+/**
+ * @file
+ * @brief Rate limits and policers, their counters, and the buffer manager.
+ *
+ * Choices of this family:
+ * - The ids of flow policers are 0 to 63, those of group policers 0 to 3: bit n of a map is the policer with id n. In a
+ *   map of 32 bits the flow policers from 32 on cannot be seen.
+ * - A flow policer is in one group at most. Deleting it takes it from its group.
+ * - A flow policer that polices flows, and a group with members, are not deleted: the answer is "busy".
+ * - lmq_disable_flow_policing ends the policing of every flow by that policer. The policer stays.
+ * - A flow whose policer comes from a map has no policer id in its status.
+ * - The chip has flow, CPU, port and packet type policers: single rate, colour-blind.
+ * - Units of rates and bursts are not looked at. The two interfaces do not see each other's settings.
+ * - Buckets, shapers and storm control modes are off, or 0, at first. The reserved shaper mode and bits of a storm
+ *   control mode that have no name are refused.
+ * - The queue status of a port shows eight queues as they were configured, and no buffer in use. The queues in external
+ *   memory are those of a device that was started with such a memory; otherwise all their members are 0.
+ * - The shaper's counter can be read and not cleared.
+ */
 #include "driver/policer.h"
 
-#include "driver/not_modelled.h"
-#include "lmq/lmq.h"
+#include <iterator>
+
+#include "driver/chip.h"
 
 using namespace lmq::sim;
 
-vx_status_e vx_rate_global_policer_capability_get(vx_dev_id_t, vx_global_policer_cap_t *) { return kNotModelled; }
-vx_status_e vx_rate_global_policer_set(vx_dev_id_t, vx_global_policer_cfg_t *) { return kNotModelled; }
-vx_status_e vx_rate_global_policer_get(vx_dev_id_t, vx_global_policer_cfg_t *) { return kNotModelled; }
-vx_status_e vx_rate_cpu_set(vx_dev_id_t, vx_rate_limit_cfg_t *) { return kNotModelled; }
-vx_status_e vx_rate_cpu_get(vx_dev_id_t, vx_rate_limit_cfg_t *) { return kNotModelled; }
-vx_status_e vx_rate_storm_control_set(vx_dev_id_t, vx_port_id_t, vx_storm_control_type_t, vx_rate_limit_cfg_t *) {
-    return kNotModelled;
+namespace {
+
+constexpr vx_uint32 kStormControlBits = 0x1f;
+
+void check_port(vx_uint16 port) { refuse_if(port > VX_PORT_VOIP0, VX_ERR_PORT_NUM_OUT_OF_RANGE); }
+
+void check(const vx_rate_limit_cfg_t &limit) {
+    check_range(limit.pol_type, VX_RATE_LIMIT_DISABLE, VX_RATE_LIMIT_PPS_MODE);
 }
-vx_status_e vx_rate_storm_control_get(vx_dev_id_t, vx_port_id_t, vx_storm_control_type_t, vx_rate_limit_cfg_t *) {
-    return kNotModelled;
+
+void check(vx_storm_control_type_t type) { check_range(type, VX_STORM_CONTROL_BC, VX_STORM_CONTROL_UNKOWN_UC); }
+
+template <class Entry>
+Entry &find(std::map<vx_pol_id_t, Entry> &policers, vx_pol_id_t id) {
+    const auto entry = policers.find(id);
+    refuse_if(entry == policers.end(), VX_ERR_TM_INVALID_POLICER_ID);
+    return entry->second;
 }
-vx_status_e vx_rate_src_port_set(vx_dev_id_t, vx_port_id_t, vx_rate_limit_cfg_t *) { return kNotModelled; }
-vx_status_e vx_rate_src_port_get(vx_dev_id_t, vx_port_id_t, vx_rate_limit_cfg_t *) { return kNotModelled; }
-vx_status_e vx_rate_group_policer_create(vx_dev_id_t, vx_rate_limit_cfg_t *, vx_pol_id_t *) { return kNotModelled; }
-vx_status_e vx_rate_group_policer_set(vx_dev_id_t, vx_pol_id_t, vx_rate_limit_cfg_t *) { return kNotModelled; }
-vx_status_e vx_rate_group_policer_get(vx_dev_id_t, vx_pol_id_t, vx_rate_limit_cfg_t *) { return kNotModelled; }
-vx_status_e vx_rate_group_policer_delete(vx_dev_id_t, vx_pol_id_t) { return kNotModelled; }
-vx_status_e vx_rate_policer_group_member_add(vx_dev_id_t, vx_pol_id_t, vx_pol_id_t) { return kNotModelled; }
-vx_status_e vx_rate_policer_group_member_delete(vx_dev_id_t, vx_pol_id_t, vx_pol_id_t) { return kNotModelled; }
-vx_status_e vx_rate_policer_create(vx_dev_id_t, vx_rate_limit_cfg_t *, vx_pol_id_t *) { return kNotModelled; }
-vx_status_e vx_rate_policer_delete(vx_dev_id_t, vx_pol_id_t) { return kNotModelled; }
-vx_status_e vx_rate_policer_set(vx_dev_id_t, vx_pol_id_t, vx_rate_limit_cfg_t *) { return kNotModelled; }
-vx_status_e vx_rate_policer_get(vx_dev_id_t, vx_pol_id_t, vx_rate_limit_cfg_t *) { return kNotModelled; }
-vx_status_e vx_rate_flow_id_set(vx_dev_id_t, vx_flow_id_t, vx_flow_policing_cfg_t *) { return kNotModelled; }
-vx_status_e lmq_disable_flow_policing(vx_dev_id_t, vx_pol_id_t) { return kNotModelled; }
-vx_status_e vx_rate_policer_status_get(vx_dev_id_t, vx_flow_id_t, vx_flow_policer_status_t *) { return kNotModelled; }
-vx_status_e lmq_get_flow_policer_info(vx_dev_id_t, lmq_flow_policer_info_s *) { return kNotModelled; }
-vx_status_e vx_lmq_rate_limit_get(vx_dev_id_t, vx_lmq_pol_flow_type_t, vx_lmq_rate_limit_t *) { return kNotModelled; }
-vx_status_e vx_lmq_rate_storm_ctrl_mode_get(vx_dev_id_t, vx_port_id_t, vx_lmq_storm_ctrl_mod_t *) {
-    return kNotModelled;
+
+template <class Entry>
+void create(Ids &ids, std::map<vx_pol_id_t, Entry> &policers, const vx_rate_limit_cfg_t &limit, vx_pol_id_t *id) {
+    check(limit);
+    const auto given = ids.give();
+    refuse_if(!given, VX_ERR_TM_POLICER_UNAVAIL);
+    policers.emplace(*given, Entry{.limit = limit});
+    *id = *given;
 }
-vx_status_e vx_lmq_rate_limit_set(vx_dev_id_t, vx_lmq_pol_flow_type_t, vx_lmq_rate_limit_t *) { return kNotModelled; }
-vx_status_e vx_lmq_rate_shaper_set(vx_dev_id_t, vx_port_id_t, vx_lmq_pol_port_shape_t *) { return kNotModelled; }
-vx_status_e vx_lmq_rate_storm_ctrl_mode_set(vx_dev_id_t, vx_port_id_t, vx_lmq_storm_ctrl_mod_t *) {
-    return kNotModelled;
+
+template <class Entry>
+void set(std::map<vx_pol_id_t, Entry> &policers, vx_pol_id_t id, const vx_rate_limit_cfg_t &limit) {
+    Entry &policer = find(policers, id);
+    check(limit);
+    policer.limit = limit;
 }
-vx_status_e vx_lmq_rate_shape_stats_get(vx_dev_id_t, vx_port_id_t, vx_uint32 *) { return kNotModelled; }
-vx_status_e vx_lmq_rate_group_member_delete(vx_dev_id_t, vx_uint32, lmq_pol_acc_flow_type_t) { return kNotModelled; }
-vx_status_e vx_lmq_rate_group_member_add(vx_dev_id_t, vx_uint32, lmq_pol_acc_flow_type_t) { return kNotModelled; }
-vx_status_e vx_lmq_rate_shaper_get(vx_dev_id_t, vx_port_id_t, vx_lmq_pol_port_shape_t *) { return kNotModelled; }
-vx_status_e vx_bm_pkt_stats_get(vx_dev_id_t, lmq_bm_pkt_stats_s *, vx_boolean) { return kNotModelled; }
-vx_status_e vx_bm_pkt_stats_clear(vx_dev_id_t) { return kNotModelled; }
-vx_status_e vx_bm_queue_status_get(vx_dev_id_t, vx_uint16, lmq_bm_queue_status_s *) { return kNotModelled; }
-vx_status_e vx_rate_cpu_stat_get(vx_dev_id_t, vx_pol_cpu_stats_t *, vx_boolean) { return kNotModelled; }
-vx_status_e vx_rate_cpu_stat_clear(vx_dev_id_t) { return kNotModelled; }
-vx_status_e vx_rate_src_port_stat_get(vx_dev_id_t, vx_uint16, vx_pol_src_port_stat_t *, vx_boolean) {
-    return kNotModelled;
+
+template <class Counters>
+void read(Counters &counters, Counters *to, vx_boolean clear) {
+    *to = counters;
+    if (clear) counters = {};
 }
-vx_status_e vx_rate_src_port_stat_clear(vx_dev_id_t, vx_uint16) { return kNotModelled; }
-vx_status_e vx_rate_policer_stat_get(vx_dev_id_t, vx_pol_id_t, vx_pol_flow_stat_t *, vx_boolean) {
-    return kNotModelled;
+
+void check_bucket(vx_lmq_pol_flow_type_t bucket) { check_range(bucket, VX_LMQ_GE_SRC_PORT_BKT, VX_LMQ_CPU_PORT_BKT); }
+
+void check_member(vx_uint32 flow, lmq_pol_acc_flow_type_t bucket) {
+    refuse_if(flow > VX_LMQ_MAX_FLOW_CNT, VX_ERR_FE_INVALID_FLOW_ID);
+    check_range(bucket, LMQ_POL_ACC_FLOWA, LMQ_POL_ACC_FLOWD);
 }
-vx_status_e vx_rate_policer_stat_clear(vx_dev_id_t, vx_pol_id_t) { return kNotModelled; }
-vx_status_e vx_rate_group_policer_stat_get(vx_dev_id_t, vx_pol_id_t, vx_pol_group_stats_t *, vx_boolean) {
-    return kNotModelled;
+
+/* Whether a policer polices a flow. */
+bool polices(const vx_flow_policing_cfg_t &policing, vx_pol_id_t id) {
+    return policing.flow_pol_sel == VX_FLOW_POL_SEL_FLOW_POL && policing.flw_pol_id == id;
 }
-vx_status_e vx_rate_group_policer_stat_clear(vx_dev_id_t, vx_pol_id_t) { return kNotModelled; }
+
+/* Bit n of a word, or nothing where the word ends. */
+vx_uint32 bit(vx_pol_id_t n) { return n < 32 ? vx_uint32{1} << n : 0; }
+
+}  // namespace
+
+extern "C" {
+
+vx_status_e vx_rate_global_policer_capability_get(vx_dev_id_t dev_id, vx_global_policer_cap_t *cfg) {
+    return on_device(__func__, dev_id, {cfg}, [&](Device &) {
+        *cfg = {};
+        cfg->pol_type = vx_pol_type_t{VX_CPU_POL | VX_FLOW_POL | VX_PORT_POL | VX_PKT_TYPE_POL};
+        cfg->wred_mode = VX_WRED_UNDEFINED;
+        cfg->color_mode = VX_POL_COLOR_BLIND;
+        cfg->tkn_bkt_type = VX_POL_SINGLE_RATE;
+        cfg->num_flow_pol = LMQ_MAX_NUM_FLOW_POL;
+    });
+}
+
+vx_status_e vx_rate_global_policer_set(vx_dev_id_t dev_id, vx_global_policer_cfg_t *cfg) {
+    return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
+        check_range(cfg->tail_drp_sel, VX_POL_PER_PORT, VX_POL_GLOBAL);
+        device.policer.global = *cfg;
+    });
+}
+
+vx_status_e vx_rate_global_policer_get(vx_dev_id_t dev_id, vx_global_policer_cfg_t *cfg) {
+    return on_device(__func__, dev_id, {cfg}, [&](Device &device) { *cfg = device.policer.global; });
+}
+
+vx_status_e vx_rate_cpu_set(vx_dev_id_t dev_id, vx_rate_limit_cfg_t *cfg) {
+    return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
+        check(*cfg);
+        device.policer.cpu = *cfg;
+    });
+}
+
+vx_status_e vx_rate_cpu_get(vx_dev_id_t dev_id, vx_rate_limit_cfg_t *cfg) {
+    return on_device(__func__, dev_id, {cfg}, [&](Device &device) { *cfg = device.policer.cpu; });
+}
+
+vx_status_e vx_rate_storm_control_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_storm_control_type_t pol_pkt_type,
+                                      vx_rate_limit_cfg_t *cfg) {
+    return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
+        check_port(port_id);
+        check(pol_pkt_type);
+        check(*cfg);
+        device.policer.storm_control.set({port_id, pol_pkt_type}, *cfg);
+    });
+}
+
+vx_status_e vx_rate_storm_control_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_storm_control_type_t pol_pkt_type,
+                                      vx_rate_limit_cfg_t *cfg) {
+    return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
+        check_port(port_id);
+        check(pol_pkt_type);
+        *cfg = device.policer.storm_control.get({port_id, pol_pkt_type});
+    });
+}
+
+vx_status_e vx_rate_src_port_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_rate_limit_cfg_t *cfg) {
+    return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
+        check_port(port_id);
+        check(*cfg);
+        device.policer.source_port.set(port_id, *cfg);
+    });
+}
+
+vx_status_e vx_rate_src_port_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_rate_limit_cfg_t *cfg) {
+    return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
+        check_port(port_id);
+        *cfg = device.policer.source_port.get(port_id);
+    });
+}
+
+vx_status_e vx_rate_group_policer_create(vx_dev_id_t dev_id, vx_rate_limit_cfg_t *cfg, vx_pol_id_t *p_grp_pol_id) {
+    return on_device(__func__, dev_id, {cfg, p_grp_pol_id}, [&](Device &device) {
+        create(device.policer.group_ids, device.policer.group_policers, *cfg, p_grp_pol_id);
+    });
+}
+
+vx_status_e vx_rate_group_policer_delete(vx_dev_id_t dev_id, vx_pol_id_t grp_pol_id) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        Policers &policers = device.policer;
+        find(policers.group_policers, grp_pol_id);
+        for (const auto &[id, policer] : policers.flow_policers) {
+            refuse_if(policer.group == grp_pol_id, VX_ERR_DEV_BUSY);
+        }
+        policers.group_policers.erase(grp_pol_id);
+        policers.group_ids.take_back(grp_pol_id);
+    });
+}
+
+vx_status_e vx_rate_group_policer_set(vx_dev_id_t dev_id, vx_pol_id_t grp_pol_id, vx_rate_limit_cfg_t *cfg) {
+    return on_device(__func__, dev_id, {cfg},
+                     [&](Device &device) { set(device.policer.group_policers, grp_pol_id, *cfg); });
+}
+
+vx_status_e vx_rate_group_policer_get(vx_dev_id_t dev_id, vx_pol_id_t grp_pol_id, vx_rate_limit_cfg_t *cfg) {
+    return on_device(__func__, dev_id, {cfg},
+                     [&](Device &device) { *cfg = find(device.policer.group_policers, grp_pol_id).limit; });
+}
+
+vx_status_e vx_rate_policer_group_member_add(vx_dev_id_t dev_id, vx_pol_id_t flow_pol_id, vx_pol_id_t grp_pol_id) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        auto &policer = find(device.policer.flow_policers, flow_pol_id);
+        find(device.policer.group_policers, grp_pol_id);
+        refuse_if(policer.group == grp_pol_id, VX_ERR_GLBL_ENTRY_EXIST);
+        refuse_if(policer.group.has_value(), VX_ERR_GLBL_INVALID_OP);
+        policer.group = grp_pol_id;
+    });
+}
+
+vx_status_e vx_rate_policer_group_member_delete(vx_dev_id_t dev_id, vx_pol_id_t flow_pol_id, vx_pol_id_t grp_pol_id) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        auto &policer = find(device.policer.flow_policers, flow_pol_id);
+        find(device.policer.group_policers, grp_pol_id);
+        refuse_if(policer.group != grp_pol_id, VX_ERR_GLBL_ENTRY_NOT_FOUND);
+        policer.group.reset();
+    });
+}
+
+vx_status_e vx_rate_policer_create(vx_dev_id_t dev_id, vx_rate_limit_cfg_t *cfg, vx_pol_id_t *flow_pol_id) {
+    return on_device(__func__, dev_id, {cfg, flow_pol_id}, [&](Device &device) {
+        create(device.policer.flow_ids, device.policer.flow_policers, *cfg, flow_pol_id);
+    });
+}
+
+vx_status_e vx_rate_policer_delete(vx_dev_id_t dev_id, vx_pol_id_t flow_pol_id) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        Policers &policers = device.policer;
+        find(policers.flow_policers, flow_pol_id);
+        for (const auto &[flow, policing] : policers.policing) {
+            refuse_if(polices(policing, flow_pol_id), VX_ERR_DEV_BUSY);
+        }
+        policers.flow_policers.erase(flow_pol_id);
+        policers.flow_ids.take_back(flow_pol_id);
+    });
+}
+
+vx_status_e vx_rate_policer_set(vx_dev_id_t dev_id, vx_pol_id_t flow_pol_id, vx_rate_limit_cfg_t *cfg) {
+    return on_device(__func__, dev_id, {cfg},
+                     [&](Device &device) { set(device.policer.flow_policers, flow_pol_id, *cfg); });
+}
+
+vx_status_e vx_rate_policer_get(vx_dev_id_t dev_id, vx_pol_id_t flow_pol_id, vx_rate_limit_cfg_t *cfg) {
+    return on_device(__func__, dev_id, {cfg},
+                     [&](Device &device) { *cfg = find(device.policer.flow_policers, flow_pol_id).limit; });
+}
+
+vx_status_e vx_rate_flow_id_set(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_flow_policing_cfg_t *cfg) {
+    return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
+        refuse_if(!device.flow.exists(flow_id), VX_ERR_FE_INVALID_FLOW_ID);
+        check_range(cfg->flow_pol_sel, VX_FLOW_POL_SEL_DISABLE, VX_FLOW_POL_SEL_COS_MAP);
+        if (cfg->flow_pol_sel == VX_FLOW_POL_SEL_FLOW_POL) find(device.policer.flow_policers, cfg->flw_pol_id);
+        if (cfg->flow_pol_sel == VX_FLOW_POL_SEL_DISABLE) {
+            device.policer.policing.erase(flow_id);
+        } else {
+            device.policer.policing.insert_or_assign(flow_id, *cfg);
+        }
+    });
+}
+
+vx_status_e lmq_disable_flow_policing(vx_dev_id_t dev_id, vx_pol_id_t flw_pol_id) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        find(device.policer.flow_policers, flw_pol_id);
+        std::erase_if(device.policer.policing, [&](const auto &flow) { return polices(flow.second, flw_pol_id); });
+    });
+}
+
+vx_status_e vx_rate_policer_status_get(vx_dev_id_t dev_id, vx_flow_id_t flow_id,
+                                       vx_flow_policer_status_t *policer_status) {
+    return on_device(__func__, dev_id, {policer_status}, [&](Device &device) {
+        refuse_if(!device.flow.exists(flow_id), VX_ERR_FE_INVALID_FLOW_ID);
+        *policer_status = {FALSE, LMQ_INVALID_POL_ID, LMQ_INVALID_POL_ID};
+        const auto policing = device.policer.policing.find(flow_id);
+        if (policing == device.policer.policing.end()) return;
+        policer_status->flow_pol_enb = TRUE;
+        if (policing->second.flow_pol_sel != VX_FLOW_POL_SEL_FLOW_POL) return;
+        policer_status->flow_pol_id = policing->second.flw_pol_id;
+        const auto &group = find(device.policer.flow_policers, policing->second.flw_pol_id).group;
+        policer_status->grp_pol_id = group.value_or(LMQ_INVALID_POL_ID);
+    });
+}
+
+vx_status_e lmq_get_flow_policer_info(vx_dev_id_t dev_id, lmq_flow_policer_info_s *p_info) {
+    return on_device(__func__, dev_id, {p_info}, [&](Device &device) {
+        *p_info = {};
+        for (const auto &[id, policer] : device.policer.group_policers) p_info->grp_pol_bitmap |= bit(id);
+        for (const auto &[id, policer] : device.policer.flow_policers) {
+            p_info->flow_pol_bitmap |= bit(id);
+            if (!policer.group) continue;
+            p_info->grp_pol_mem_bitmap[*policer.group] |= bit(id);
+            p_info->flow_pol_mem_bitmap[id] |= bit(*policer.group);
+        }
+    });
+}
+
+vx_status_e vx_lmq_rate_limit_set(vx_dev_id_t dev_id, vx_lmq_pol_flow_type_t type, vx_lmq_rate_limit_t *cfg) {
+    return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
+        check_bucket(type);
+        check_range(cfg->rl_mode, VX_LMQ_POL_TYPE_DISABLED, VX_LMQ_POL_TYPE_PPS);
+        device.policer.bucket.set(type, *cfg);
+    });
+}
+
+vx_status_e vx_lmq_rate_limit_get(vx_dev_id_t dev_id, vx_lmq_pol_flow_type_t type, vx_lmq_rate_limit_t *cfg) {
+    return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
+        check_bucket(type);
+        *cfg = device.policer.bucket.get(type);
+    });
+}
+
+vx_status_e vx_lmq_rate_storm_ctrl_mode_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_lmq_storm_ctrl_mod_t *mode) {
+    return on_device(__func__, dev_id, {mode}, [&](Device &device) {
+        check_port(port_id);
+        check_range(mode->mask, 0, kStormControlBits);
+        device.policer.storm_control_mode.set(port_id, mode->mask);
+    });
+}
+
+vx_status_e vx_lmq_rate_storm_ctrl_mode_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_lmq_storm_ctrl_mod_t *mode) {
+    return on_device(__func__, dev_id, {mode}, [&](Device &device) {
+        check_port(port_id);
+        mode->mask = device.policer.storm_control_mode.get(port_id);
+    });
+}
+
+vx_status_e vx_lmq_rate_shaper_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_lmq_pol_port_shape_t *cfg) {
+    return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
+        check_port(port_id);
+        check_range(cfg->shp_mode, VX_LMQ_POL_SHP_NORMAL, VX_LMQ_POL_SHP_FWD_ALL);
+        device.policer.shaper.set(port_id, *cfg);
+    });
+}
+
+vx_status_e vx_lmq_rate_shaper_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_lmq_pol_port_shape_t *cfg) {
+    return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
+        check_port(port_id);
+        *cfg = device.policer.shaper.get(port_id);
+    });
+}
+
+vx_status_e vx_lmq_rate_group_member_add(vx_dev_id_t dev_id, vx_uint32 flow_id, lmq_pol_acc_flow_type_t flow_type) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        check_member(flow_id, flow_type);
+        const bool is_new = device.policer.accumulating.insert({flow_id, flow_type}).second;
+        refuse_if(!is_new, VX_ERR_GLBL_ENTRY_EXIST);
+    });
+}
+
+vx_status_e vx_lmq_rate_group_member_delete(vx_dev_id_t dev_id, vx_uint32 flow_id, lmq_pol_acc_flow_type_t flow_type) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        check_member(flow_id, flow_type);
+        const bool was_there = device.policer.accumulating.erase({flow_id, flow_type}) != 0;
+        refuse_if(!was_there, VX_ERR_GLBL_ENTRY_NOT_FOUND);
+    });
+}
+
+vx_status_e vx_lmq_rate_shape_stats_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint32 *count) {
+    return on_device(__func__, dev_id, {count}, [&](Device &device) {
+        check_port(port_id);
+        *count = device.policer.shaped[port_id];
+    });
+}
+
+vx_status_e vx_bm_pkt_stats_get(vx_dev_id_t dev_id, lmq_bm_pkt_stats_s *p_stats, vx_boolean clear) {
+    return on_device(__func__, dev_id, {p_stats},
+                     [&](Device &device) { read(device.policer.buffer_manager, p_stats, clear); });
+}
+
+vx_status_e vx_bm_pkt_stats_clear(vx_dev_id_t dev_id) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) { device.policer.buffer_manager = {}; });
+}
+
+vx_status_e vx_bm_queue_status_get(vx_dev_id_t device_id, vx_uint16 port_num, lmq_bm_queue_status_s *p_status) {
+    return on_device(__func__, device_id, {p_status}, [&](Device &device) {
+        check_port(port_num);
+        *p_status = {};
+        const bool external = device.config.pkt_mem_mode == LMQ_PKT_MEM_MODE_IBM_N_EBM;
+        for (vx_uint16 id = 0; id < std::size(p_status->bm_que_status); ++id) {
+            const vx_queue_cfg_t &queue = device.cosq.queue.get({port_num, id});
+            p_status->valid_que_bitmap |= bit(id);
+            lmq_bm_queue_sts &internal_queue = p_status->bm_que_status[id];
+            internal_queue.buf_limit = queue.max_buff_size;
+            internal_queue.rx_stat = internal_queue.tx_stat = TRUE;
+            internal_queue.dwrr_ratio = static_cast<vx_uint16>(queue.weight);
+            if (!external) continue;
+            lmq_ebm_queue_sts &external_queue = p_status->ebm_que_status[id];
+            external_queue.que_size = queue.max_buff_size;
+            external_queue.rx_stat = external_queue.tx_stat = TRUE;
+            external_queue.dwrr_ratio = static_cast<vx_uint16>(queue.weight);
+            external_queue.high_thresh = queue.back_press_set_thresh;
+            external_queue.low_thresh = queue.back_press_clr_thresh;
+        }
+    });
+}
+
+vx_status_e vx_rate_cpu_stat_get(vx_dev_id_t dev_id, vx_pol_cpu_stats_t *stats, vx_boolean clear) {
+    return on_device(__func__, dev_id, {stats},
+                     [&](Device &device) { read(device.policer.cpu_counters, stats, clear); });
+}
+
+vx_status_e vx_rate_cpu_stat_clear(vx_dev_id_t dev_id) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) { device.policer.cpu_counters = {}; });
+}
+
+vx_status_e vx_rate_src_port_stat_get(vx_dev_id_t dev_id, vx_uint16 port_num, vx_pol_src_port_stat_t *stats,
+                                      vx_boolean clear) {
+    return on_device(__func__, dev_id, {stats}, [&](Device &device) {
+        check_port(port_num);
+        read(device.policer.source_port_counters[port_num], stats, clear);
+    });
+}
+
+vx_status_e vx_rate_src_port_stat_clear(vx_dev_id_t dev_id, vx_uint16 port_num) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        check_port(port_num);
+        device.policer.source_port_counters.erase(port_num);
+    });
+}
+
+vx_status_e vx_rate_policer_stat_get(vx_dev_id_t dev_id, vx_pol_id_t flow_pol_id, vx_pol_flow_stat_t *stats,
+                                     vx_boolean clear) {
+    return on_device(__func__, dev_id, {stats}, [&](Device &device) {
+        read(find(device.policer.flow_policers, flow_pol_id).counters, stats, clear);
+    });
+}
+
+vx_status_e vx_rate_policer_stat_clear(vx_dev_id_t dev_id, vx_pol_id_t flow_pol_id) {
+    return on_device(__func__, dev_id, {},
+                     [&](Device &device) { find(device.policer.flow_policers, flow_pol_id).counters = {}; });
+}
+
+vx_status_e vx_rate_group_policer_stat_get(vx_dev_id_t dev_id, vx_pol_id_t grp_pol_id, vx_pol_group_stats_t *stats,
+                                           vx_boolean clear) {
+    return on_device(__func__, dev_id, {stats}, [&](Device &device) {
+        read(find(device.policer.group_policers, grp_pol_id).counters, stats, clear);
+    });
+}
+
+vx_status_e vx_rate_group_policer_stat_clear(vx_dev_id_t dev_id, vx_pol_id_t grp_pol_id) {
+    return on_device(__func__, dev_id, {},
+                     [&](Device &device) { find(device.policer.group_policers, grp_pol_id).counters = {}; });
+}
+
+}  // extern "C"
