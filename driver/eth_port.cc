@@ -1,44 +1,348 @@
-// The Ethernet ports.
+/**
+ * @file
+ * @brief The Ethernet ports.
+ *
+ * Choices, each for want of a rule:
+ * - Ethernet ports are VX_PORT_MGMT and the LMQ_PORT_ETH_NUM ports from VX_PORT_ETH0, and VX_PORT_SNI0 in active
+ * Ethernet mode. Another port that exists is VX_ERR_PORT_TYPE_MISMATCH.
+ * - A port starts as the start configuration has it if add_port is set there, else down. It can be used in either case.
+ * - A port whose PHY type is GMII, RGMII, SGMII or GIGE is a Gigabit port; it can do half duplex up to 100 Mbit/s.
+ * - A port that is up has a link: the partner takes the best that the mode allows. A port that is down has none, and
+ *   speed and duplex are INVALID.
+ * - A mode that is beyond a Fast Ethernet port is VX_ERR_PORT_INVALID_CFG, and a restart of negotiation in a forced
+ * mode VX_ERR_PORT_INVALID_OP.
+ * - A loopback that is on has to be switched off before another, or the same, is switched on.
+ * - EEE is there on the ports from VX_PORT_ETH0 alone. Sleep is refused while EEE is off, and ends with it.
+ * - Queues are empty: each that selects a level is below its low one, and none above its high one. No pause is seen.
+ * - A low water mark above the high one is VX_ERR_PORT_INVALID_CFG.
+ * - Each of the 32 PHYs has 32 registers that are 0 at first and keep what is written, without an effect.
+ * - Gaps, times, rates and levels have no unit here: they are kept. Gaps begin as 12. The counters stay 0.
+ */
 #include "driver/eth_port.h"
 
-#include "driver/not_modelled.h"
-#include "lmq/lmq.h"
+#include <algorithm>
+#include <iterator>
+
+#include "driver/chip.h"
+
+namespace lmq::sim {
+
+namespace {
+
+constexpr vx_uint8 kLastMdio = 31;
+constexpr vx_uint8 kLeastGap = 12;
+
+vx_boolean flag(vx_boolean given) { return given ? TRUE : FALSE; }
+
+bool has_eee(vx_port_id_t port_id) { return port_id >= VX_PORT_ETH0; }
+
+const vx_eth_port_init_cfg_t *start_config(const Device &device, vx_port_id_t port_id) {
+    if (port_id == VX_PORT_MGMT) return &device.config.lcl_mgmt_port_cfg;
+    if (port_id >= VX_PORT_ETH0) return &device.config.eth_port_cfg[port_id - VX_PORT_ETH0];
+    return nullptr;
+}
+
+EthPort start(const Device &device, vx_port_id_t port_id) {
+    EthPort port;
+    const vx_eth_port_init_cfg_t *given = start_config(device, port_id);
+    const bool added = given && given->add_port;
+    port.config = {.admin_status = added ? given->admin_status : VX_ADMIN_STATUS_DOWN,
+                   .port_type = VX_ETH_TYPE_GE,
+                   .phy_mode = added ? given->phy_mode : VX_ETH_PHY_MODE_MAC,
+                   .phy_type = added ? given->phy_type : VX_ETH_PHY_TYPE_GMII,
+                   .tx_ipg = kLeastGap,
+                   .rx_ipg = kLeastGap,
+                   .tx_enable = TRUE,
+                   .rx_enable = TRUE,
+                   .crc_bypass = FALSE,
+                   .drop_under_sized_pkt = TRUE,
+                   .mdix_mode = VX_EPHY_MDI_MODE_AUTO,
+                   .valid = {1, 1, 1, 1, 1, 1, 1, 1}};
+    switch (port.config.phy_type) {
+        case VX_ETH_PHY_TYPE_GMII:
+        case VX_ETH_PHY_TYPE_RGMII:
+        case VX_ETH_PHY_TYPE_SGMII:
+        case VX_ETH_PHY_TYPE_GIGE: break;
+        default: port.config.port_type = VX_ETH_TYPE_FE;
+    }
+    port.eee.valid = {1, 1, 1, 1, 1};
+    port.thresholds.valid = {1, 1, 1, 1};
+    port.flow_control.valid = {1, 1, 1, 1, 1};
+    std::copy(device.lifecycle.mac.begin(), device.lifecycle.mac.end(), port.flow_control.mac_sa);
+    return port;
+}
+
+/** @brief The port. Refuses one that is none, or no Ethernet port. */
+EthPort &port_of(Device &device, vx_port_id_t port_id) {
+    refuse_if(port_id >= VX_PORT_ETH0 + LMQ_PORT_ETH_NUM && port_id != VX_PORT_VOIP0, VX_ERR_PORT_NUM_OUT_OF_RANGE);
+    refuse_if(port_id == VX_PORT_VOIP0 || port_id == VX_PORT_CPU, VX_ERR_PORT_TYPE_MISMATCH);
+    refuse_if(port_id == VX_PORT_SNI0 && device.config.dev_mode != LMQ_DEV_MODE_AE, VX_ERR_PORT_TYPE_MISMATCH);
+    auto &ports = device.eth_port.ports;
+    const auto known = ports.find(port_id);
+    return known != ports.end() ? known->second : ports.emplace(port_id, start(device, port_id)).first->second;
+}
+
+/** @brief Runs an operation on an Ethernet port, as on_device() on a device. */
+template <typename Body>
+vx_status_e on_port(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id,
+                    std::initializer_list<const void *> pointers, Body body) noexcept {
+    return on_device(function, dev_id, pointers, [&](Device &device) { body(port_of(device, port_id)); });
+}
+
+/** @brief The same, for an operation of EEE. */
+template <typename Body>
+vx_status_e on_eee_port(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id, const void *pointer,
+                        Body body) noexcept {
+    return on_port(function, dev_id, port_id, {pointer}, [&](EthPort &port) {
+        refuse_if(!has_eee(port_id), VX_ERR_PORT_EEE_NOT_SUPPORTED);
+        body(port);
+    });
+}
+
+/** @brief The link that a mode comes to. */
+struct Link {
+    vx_speed_t speed;
+    vx_duplex_t duplex;
+};
+
+Link link(vx_eth_port_mode_t mode, vx_eth_cap_t type) {
+    const vx_speed_t best = type == VX_ETH_TYPE_GE ? VX_SPEED_1000MBPS : VX_SPEED_100MBPS;
+    switch (mode) {
+        case VX_ETH_PORT_MODE_AUTO_RATE_AUTO_DUPLEX_AUTO:
+        case VX_ETH_PORT_MODE_AUTO_RATE_AUTO_DUPLEX_FULL: return {best, VX_DUPLEX_FULL};
+        case VX_ETH_PORT_MODE_AUTO_RATE_AUTO_DUPLEX_HALF: return {VX_SPEED_100MBPS, VX_DUPLEX_HALF};
+        case VX_ETH_PORT_MODE_AUTO_RATE_10_DUPLEX_FULL:
+        case VX_ETH_PORT_MODE_AUTO_RATE_10_DUPLEX_AUTO:
+        case VX_ETH_PORT_MODE_FORCE_RATE_10_DUPLEX_FULL: return {VX_SPEED_10MBPS, VX_DUPLEX_FULL};
+        case VX_ETH_PORT_MODE_AUTO_RATE_10_DUPLEX_HALF:
+        case VX_ETH_PORT_MODE_FORCE_RATE_10_DUPLEX_HALF: return {VX_SPEED_10MBPS, VX_DUPLEX_HALF};
+        case VX_ETH_PORT_MODE_AUTO_RATE_100_DUPLEX_FULL:
+        case VX_ETH_PORT_MODE_AUTO_RATE_100_DUPLEX_AUTO:
+        case VX_ETH_PORT_MODE_AUTO_RATE_10_100_DUPLEX_AUTO:
+        case VX_ETH_PORT_MODE_FORCE_RATE_100_DUPLEX_FULL: return {VX_SPEED_100MBPS, VX_DUPLEX_FULL};
+        case VX_ETH_PORT_MODE_AUTO_RATE_100_DUPLEX_HALF:
+        case VX_ETH_PORT_MODE_FORCE_RATE_100_DUPLEX_HALF: return {VX_SPEED_100MBPS, VX_DUPLEX_HALF};
+        case VX_ETH_PORT_MODE_AUTO_RATE_1000_DUPLEX_FULL:
+        case VX_ETH_PORT_MODE_AUTO_RATE_1000_DUPLEX_AUTO:
+        case VX_ETH_PORT_MODE_FORCE_RATE_1000_DUPLEX_FULL: return {VX_SPEED_1000MBPS, VX_DUPLEX_FULL};
+        case VX_ETH_PORT_MODE_AUTO_RATE_1000_DUPLEX_HALF: return {VX_SPEED_1000MBPS, VX_DUPLEX_HALF};
+        case VX_ETH_PORT_MODE_RSVED: break;
+    }
+    throw Refusal{VX_ERR_GLBL_RANGE_CHECK_FAIL};
+}
+
+/** @brief Refuses what is neither the index of a level nor "no level". */
+void check_selection(const vx_uint8 (&queues)[LMQ_MAX_COS]) {
+    for (const vx_uint8 index : queues) {
+        if (index != VX_INVALID_QUEUE_THRESH_INDX) check_range(index, 0, VX_EEE_THRES_MAX_NUM - 1);
+    }
+}
+
+}  // namespace
+
+}  // namespace lmq::sim
 
 using namespace lmq::sim;
 
-vx_status_e vx_eth_port_eee_tx_q_threshold_get(vx_dev_id_t, vx_port_id_t, vx_eth_port_eee_tx_q_thresh_cfg_t *) {
-    return kNotModelled;
+extern "C" {
+
+vx_status_e vx_eth_port_config_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_eth_port_cfg_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](EthPort &port) {
+        const auto &flags = p_cfg->valid;
+        if (flags.admin_status) check_range(p_cfg->admin_status, VX_ADMIN_STATUS_DOWN, VX_ADMIN_STATUS_UP);
+        if (flags.mdix_mode) check_range(p_cfg->mdix_mode, VX_EPHY_MDI_MODE_AUTO, VX_EPHY_MDI_MODE_MDIX);
+
+        vx_eth_port_cfg_t &kept = port.config;
+        merge(flags.admin_status, kept.admin_status, p_cfg->admin_status);
+        merge(flags.tx_ipg, kept.tx_ipg, p_cfg->tx_ipg);
+        merge(flags.rx_ipg, kept.rx_ipg, p_cfg->rx_ipg);
+        merge(flags.tx_enable, kept.tx_enable, flag(p_cfg->tx_enable));
+        merge(flags.rx_enable, kept.rx_enable, flag(p_cfg->rx_enable));
+        merge(flags.crc_bypass, kept.crc_bypass, flag(p_cfg->crc_bypass));
+        merge(flags.drop_under_sized_pkt, kept.drop_under_sized_pkt, flag(p_cfg->drop_under_sized_pkt));
+        merge(flags.mdix_mode, kept.mdix_mode, p_cfg->mdix_mode);
+    });
 }
-vx_status_e eth_port_phy_mdio_write(vx_dev_id_t, vx_uint8, vx_uint8, vx_uint16) { return kNotModelled; }
-vx_status_e vx_eth_port_config_set(vx_dev_id_t, vx_port_id_t, vx_eth_port_cfg_t *) { return kNotModelled; }
-vx_status_e vx_eth_port_eee_cfg_get(vx_dev_id_t, vx_port_id_t, vx_eth_port_eee_cfg_t *) { return kNotModelled; }
-vx_status_e eth_port_phy_mdio_read(vx_dev_id_t, vx_uint8, vx_uint8, vx_uint16 *) { return kNotModelled; }
-vx_status_e vx_eth_port_loopback_get(vx_dev_id_t, vx_port_id_t, vx_eth_port_loopback_t *) { return kNotModelled; }
-vx_status_e vx_eth_port_eee_tx_q_status_get(vx_dev_id_t, vx_port_id_t, vx_eth_port_eee_tx_q_status_t *) {
-    return kNotModelled;
+
+vx_status_e vx_eth_port_config_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_eth_port_cfg_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](EthPort &port) { *p_cfg = port.config; });
 }
-vx_status_e vx_eth_port_eee_state_get(vx_dev_id_t, vx_port_id_t, vx_eth_port_state_t *) { return kNotModelled; }
-vx_status_e vx_eth_port_stats_clear(vx_dev_id_t, vx_port_id_t) { return kNotModelled; }
-vx_status_e vx_eth_port_status_get(vx_dev_id_t, vx_port_id_t, vx_eth_port_status_t *) { return kNotModelled; }
-vx_status_e vx_eth_port_eee_sleep_ctrl_get(vx_dev_id_t, vx_port_id_t, vx_eth_port_eee_sleep_ctrl_t *) {
-    return kNotModelled;
+
+vx_status_e vx_eth_port_mode_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_eth_port_mode_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](EthPort &port) {
+        const Link wanted = link(*p_cfg, port.config.port_type);
+        const bool fast = port.config.port_type == VX_ETH_TYPE_FE;
+        refuse_if(wanted.speed == VX_SPEED_1000MBPS && (fast || wanted.duplex == VX_DUPLEX_HALF),
+                  VX_ERR_PORT_INVALID_CFG);
+        port.mode = *p_cfg;
+    });
 }
-vx_status_e vx_eth_port_eee_tx_q_threshold_set(vx_dev_id_t, vx_port_id_t, vx_eth_port_eee_tx_q_thresh_cfg_t *) {
-    return kNotModelled;
+
+vx_status_e vx_eth_port_mode_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_eth_port_mode_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](EthPort &port) { *p_cfg = port.mode; });
 }
-vx_status_e vx_eth_port_stats_get(vx_dev_id_t, vx_port_id_t, vx_eth_port_stats_t *, vx_boolean) { return kNotModelled; }
-vx_status_e vx_eth_port_flowctrl_config_set(vx_dev_id_t, vx_port_id_t, vx_flow_control_cfg_t *) { return kNotModelled; }
-vx_status_e vx_eth_port_auto_nego_restart(vx_dev_id_t, vx_port_id_t) { return kNotModelled; }
-vx_status_e vx_eth_port_mode_set(vx_dev_id_t, vx_port_id_t, vx_eth_port_mode_t *) { return kNotModelled; }
-vx_status_e vx_eth_port_mode_get(vx_dev_id_t, vx_port_id_t, vx_eth_port_mode_t *) { return kNotModelled; }
-vx_status_e vx_eth_port_eee_sleep_ctrl_set(vx_dev_id_t, vx_port_id_t, vx_eth_port_eee_sleep_ctrl_t *) {
-    return kNotModelled;
+
+vx_status_e vx_eth_port_auto_nego_restart(vx_dev_id_t dev_id, vx_port_id_t port_id) {
+    return on_port(__func__, dev_id, port_id, {}, [&](EthPort &port) {
+        // Negotiation takes no time and ends as it did before.
+        refuse_if(port.mode >= VX_ETH_PORT_MODE_FORCE_RATE_10_DUPLEX_FULL, VX_ERR_PORT_INVALID_OP);
+    });
 }
-vx_status_e vx_eth_port_loopback_set(vx_dev_id_t, vx_port_id_t, vx_eth_port_loopback_t) { return kNotModelled; }
-vx_status_e vx_eth_port_flowctrl_enable_get(vx_dev_id_t, vx_port_id_t, vx_boolean *, vx_boolean *) {
-    return kNotModelled;
+
+vx_status_e vx_eth_port_status_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_eth_port_status_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](EthPort &port) {
+        *p_cfg = {VX_LINK_DOWN, VX_SPEED_INVALID, VX_DUPLEX_INVALID};
+        if (port.config.admin_status == VX_ADMIN_STATUS_DOWN) return;
+        const Link now = link(port.mode, port.config.port_type);
+        *p_cfg = {VX_LINK_UP, now.speed, now.duplex};
+    });
 }
-vx_status_e vx_eth_port_flowctrl_config_get(vx_dev_id_t, vx_port_id_t, vx_flow_control_cfg_t *) { return kNotModelled; }
-vx_status_e vx_eth_port_eee_cfg_set(vx_dev_id_t, vx_port_id_t, vx_eth_port_eee_cfg_t *) { return kNotModelled; }
-vx_status_e vx_eth_port_config_get(vx_dev_id_t, vx_port_id_t, vx_eth_port_cfg_t *) { return kNotModelled; }
-vx_status_e vx_eth_port_flowctrl_enable_set(vx_dev_id_t, vx_port_id_t, vx_boolean, vx_boolean) { return kNotModelled; }
+
+vx_status_e vx_eth_port_loopback_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_eth_port_loopback_t lpbk_mode) {
+    return on_port(__func__, dev_id, port_id, {}, [&](EthPort &port) {
+        check_range(lpbk_mode, VX_ETH_PORT_LPBK_DISABLED, VX_ETH_PORT_LPBK_PHY_REMOTE);
+        refuse_if(lpbk_mode != VX_ETH_PORT_LPBK_DISABLED && port.loopback != VX_ETH_PORT_LPBK_DISABLED,
+                  VX_ERR_PORT_LOOP_BACK_ALRDY_ENABLED);
+        port.loopback = lpbk_mode;
+    });
+}
+
+vx_status_e vx_eth_port_loopback_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_eth_port_loopback_t *p_lpbk_mode) {
+    return on_port(__func__, dev_id, port_id, {p_lpbk_mode}, [&](EthPort &port) { *p_lpbk_mode = port.loopback; });
+}
+
+vx_status_e eth_port_phy_mdio_write(vx_dev_id_t dev_id, vx_uint8 phy_addr, vx_uint8 reg_addr, vx_uint16 phy_reg_val) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        check_range(phy_addr, 0, kLastMdio);
+        check_range(reg_addr, 0, kLastMdio);
+        device.eth_port.registers.set({phy_addr, reg_addr}, phy_reg_val);
+    });
+}
+
+vx_status_e eth_port_phy_mdio_read(vx_dev_id_t dev_id, vx_uint8 phy_addr, vx_uint8 reg_addr, vx_uint16 *p_phy_reg_val) {
+    return on_device(__func__, dev_id, {p_phy_reg_val}, [&](Device &device) {
+        check_range(phy_addr, 0, kLastMdio);
+        check_range(reg_addr, 0, kLastMdio);
+        *p_phy_reg_val = device.eth_port.registers.get({phy_addr, reg_addr});
+    });
+}
+
+vx_status_e vx_eth_port_eee_cfg_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_eth_port_eee_cfg_t *p_cfg) {
+    return on_eee_port(__func__, dev_id, port_id, p_cfg, [&](EthPort &port) {
+        const auto &flags = p_cfg->valid;
+        vx_eth_port_eee_cfg_t &kept = port.eee;
+        merge(flags.enbl_eee, kept.enbl_eee, flag(p_cfg->enbl_eee));
+        merge(flags.min_tx_sleep_time, kept.min_tx_sleep_time, p_cfg->min_tx_sleep_time);
+        merge(flags.pre_tx_sleep_timeout_delay, kept.pre_tx_sleep_timeout_delay, p_cfg->pre_tx_sleep_timeout_delay);
+        merge(flags.min_tx_wake_time, kept.min_tx_wake_time, p_cfg->min_tx_wake_time);
+        merge(flags.pre_tx_wake_timeout_delay, kept.pre_tx_wake_timeout_delay, p_cfg->pre_tx_wake_timeout_delay);
+        if (!kept.enbl_eee) port.sleep_ctrl.sleep_cmd = VX_EEE_CMD_WAKE_UP;
+    });
+}
+
+vx_status_e vx_eth_port_eee_cfg_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_eth_port_eee_cfg_t *p_cfg) {
+    return on_eee_port(__func__, dev_id, port_id, p_cfg, [&](EthPort &port) { *p_cfg = port.eee; });
+}
+
+vx_status_e vx_eth_port_eee_sleep_ctrl_set(vx_dev_id_t dev_id, vx_port_id_t port_id,
+                                           vx_eth_port_eee_sleep_ctrl_t *p_cfg) {
+    return on_eee_port(__func__, dev_id, port_id, p_cfg, [&](EthPort &port) {
+        check_range(p_cfg->sleep_cmd, VX_EEE_CMD_SLEEP, VX_EEE_CMD_WAKE_UP);
+        refuse_if(p_cfg->sleep_cmd == VX_EEE_CMD_SLEEP && !port.eee.enbl_eee, VX_ERR_PORT_INVALID_OP);
+        port.sleep_ctrl = *p_cfg;
+    });
+}
+
+vx_status_e vx_eth_port_eee_sleep_ctrl_get(vx_dev_id_t dev_id, vx_port_id_t port_id,
+                                           vx_eth_port_eee_sleep_ctrl_t *p_cfg) {
+    return on_eee_port(__func__, dev_id, port_id, p_cfg, [&](EthPort &port) { *p_cfg = port.sleep_ctrl; });
+}
+
+vx_status_e vx_eth_port_eee_tx_q_threshold_set(vx_dev_id_t dev_id, vx_port_id_t port_id,
+                                               vx_eth_port_eee_tx_q_thresh_cfg_t *p_cfg) {
+    return on_eee_port(__func__, dev_id, port_id, p_cfg, [&](EthPort &port) {
+        const auto &flags = p_cfg->valid;
+        if (flags.queue_low_thresh_sel) check_selection(p_cfg->queue_low_thresh_sel);
+        if (flags.queue_high_thresh_sel) check_selection(p_cfg->queue_high_thresh_sel);
+        vx_eth_port_eee_tx_q_thresh_cfg_t &kept = port.thresholds;
+        merge(flags.low_thresh, kept.low_thresh, p_cfg->low_thresh);
+        merge(flags.high_thresh, kept.high_thresh, p_cfg->high_thresh);
+        merge(flags.queue_low_thresh_sel, kept.queue_low_thresh_sel, p_cfg->queue_low_thresh_sel);
+        merge(flags.queue_high_thresh_sel, kept.queue_high_thresh_sel, p_cfg->queue_high_thresh_sel);
+    });
+}
+
+vx_status_e vx_eth_port_eee_tx_q_threshold_get(vx_dev_id_t dev_id, vx_port_id_t port_id,
+                                               vx_eth_port_eee_tx_q_thresh_cfg_t *p_cfg) {
+    return on_eee_port(__func__, dev_id, port_id, p_cfg, [&](EthPort &port) { *p_cfg = port.thresholds; });
+}
+
+vx_status_e vx_eth_port_eee_tx_q_status_get(vx_dev_id_t dev_id, vx_port_id_t port_id,
+                                            vx_eth_port_eee_tx_q_status_t *p_status) {
+    return on_eee_port(__func__, dev_id, port_id, p_status, [&](EthPort &port) {
+        vx_uint8 below = 0;
+        for (std::size_t queue = 0; queue < LMQ_MAX_COS; ++queue) {
+            const bool selects = port.thresholds.queue_low_thresh_sel[queue] != VX_INVALID_QUEUE_THRESH_INDX;
+            below = static_cast<vx_uint8>(below | (selects ? 1U << queue : 0U));
+        }
+        *p_status = {TRUE, below, 0};
+    });
+}
+
+vx_status_e vx_eth_port_eee_state_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_eth_port_state_t *p_state) {
+    return on_eee_port(__func__, dev_id, port_id, p_state, [&](EthPort &port) {
+        const bool asleep = port.sleep_ctrl.sleep_cmd == VX_EEE_CMD_SLEEP;
+        *p_state = {asleep ? VX_EEE_STATE_SLEEP : VX_EEE_STATE_NORMAL,
+                    asleep ? VX_EEE_SM_STATE_LOW_POWER : VX_EEE_SM_STATE_NORMAL, FALSE, FALSE};
+    });
+}
+
+vx_status_e vx_eth_port_flowctrl_config_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_flow_control_cfg_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](EthPort &port) {
+        const auto &flags = p_cfg->valid;
+        check_range(p_cfg->flow_control_mode, VX_FLOW_CTL_MODE_BUFFER_LEVEL, VX_FLOW_CTL_MODE_RATE);
+        vx_flow_control_cfg_t changed = port.flow_control;
+        changed.flow_control_mode = p_cfg->flow_control_mode;
+        merge(flags.high_water_mark, changed.high_water_mark, p_cfg->high_water_mark);
+        merge(flags.low_water_mark, changed.low_water_mark, p_cfg->low_water_mark);
+        merge(flags.pause_time, changed.pause_time, p_cfg->pause_time);
+        merge(flags.traffic_rate, changed.traffic_rate, p_cfg->traffic_rate);
+        merge(flags.mac_sa, changed.mac_sa, p_cfg->mac_sa);
+        refuse_if(changed.low_water_mark > changed.high_water_mark, VX_ERR_PORT_INVALID_CFG);
+        port.flow_control = changed;
+    });
+}
+
+vx_status_e vx_eth_port_flowctrl_config_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_flow_control_cfg_t *p_cfg) {
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](EthPort &port) { *p_cfg = port.flow_control; });
+}
+
+vx_status_e vx_eth_port_flowctrl_enable_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_boolean rx_pause,
+                                            vx_boolean tx_pause) {
+    return on_port(__func__, dev_id, port_id, {}, [&](EthPort &port) {
+        port.rx_pause = flag(rx_pause);
+        port.tx_pause = flag(tx_pause);
+    });
+}
+
+vx_status_e vx_eth_port_flowctrl_enable_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_boolean *p_rx_pause,
+                                            vx_boolean *p_tx_pause) {
+    return on_port(__func__, dev_id, port_id, {p_rx_pause, p_tx_pause}, [&](EthPort &port) {
+        *p_rx_pause = port.rx_pause;
+        *p_tx_pause = port.tx_pause;
+    });
+}
+
+vx_status_e vx_eth_port_stats_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_eth_port_stats_t *p_stats,
+                                  vx_boolean clear) {
+    return on_port(__func__, dev_id, port_id, {p_stats}, [&](EthPort &port) {
+        *p_stats = port.stats;
+        if (clear) port.stats = {};
+    });
+}
+
+vx_status_e vx_eth_port_stats_clear(vx_dev_id_t dev_id, vx_port_id_t port_id) {
+    return on_port(__func__, dev_id, port_id, {}, [&](EthPort &port) { port.stats = {}; });
+}
+
+}  // extern "C"

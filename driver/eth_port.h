@@ -1,14 +1,37 @@
 /**
  * @file
- * @brief What a device keeps of the Ethernet ports.
+ * @brief What a device keeps of the Ethernet ports: configuration and counters of each, and the registers of the PHYs.
  */
 #ifndef LMQ_DRIVER_ETH_PORT_H
 #define LMQ_DRIVER_ETH_PORT_H
 
+#include <map>
+#include <utility>
+
+#include "driver/store.h"
+#include "lmq/lmq.h"
+
 namespace lmq::sim {
 
+/** @brief A port. Its structures are kept as the get of each answers it, mask included. */
+struct EthPort {
+    vx_eth_port_cfg_t config{};
+    vx_eth_port_mode_t mode = VX_ETH_PORT_MODE_AUTO_RATE_AUTO_DUPLEX_AUTO;
+    vx_eth_port_loopback_t loopback = VX_ETH_PORT_LPBK_DISABLED;
+    vx_eth_port_eee_cfg_t eee{};
+    vx_eth_port_eee_sleep_ctrl_t sleep_ctrl{VX_EEE_CMD_WAKE_UP};
+    vx_eth_port_eee_tx_q_thresh_cfg_t thresholds{};
+    vx_flow_control_cfg_t flow_control{};
+    vx_boolean rx_pause = FALSE;
+    vx_boolean tx_pause = FALSE;
+    vx_eth_port_stats_t stats{};
+};
+
 /** @brief State of the family. */
-struct EthPorts {};
+struct EthPorts {
+    std::map<vx_port_id_t, EthPort> ports;                       /**< Those that were used so far. */
+    Setting<std::pair<vx_uint8, vx_uint8>, vx_uint16> registers; /**< By PHY address and register. */
+};
 
 }  // namespace lmq::sim
 

@@ -1,41 +1,380 @@
-// The local management interface, IP hosts and NAT.
+/**
+ * @file
+ * @brief The management family: local management interface, device addresses, IP hosts, layer 3 interfaces and NAT.
+ *
+ * Choices:
+ * - The device's addresses begin as dev_ip_addr, dev_ip_mask and dev_gw_ip of the start configuration say, if not zero.
+ * - Device addresses are answered with the IPv4 address first, then the IPv6 addresses in the order of their numbers.
+ * - An address is IPv4 or IPv6 and not zero; its prefix fits the version; its mask is kept as given.
+ * - lmq_set_dev_ip_config_apish takes no mask: IPv4 addresses get 24 bits of prefix, IPv6 addresses 64.
+ * - IP hosts and layer 3 interfaces are one kind of thing: 8 of them together, handles from one range, starting with 1;
+ *   lmq_delete_ip_host_interface deletes either. A channel has up to 64 ports, and is operational when it is enabled
+ * and has a port.
+ * - In-band management is kept for each channel, and printed with it.
+ * - There are 64 translations. One is told by addresses, L4 ports, protocol and direction; deleting reads only these.
+ * - The management interface counts what vx_cpu_packet_tx sends on its port; it receives nothing. Nothing runs over an
+ * IP host, so that its counters stay 0.
+ */
 #include "driver/management.h"
 
-#include "driver/not_modelled.h"
-#include "lmq/lmq.h"
+#include <arpa/inet.h>
+
+#include <algorithm>
+#include <bit>
+#include <cstdio>
+#include <string>
+
+#include "driver/chip.h"
+
+namespace lmq::sim {
+
+namespace {
+
+constexpr std::size_t kMaxHostPorts = VX_MAX_GEM_PORTS;
+
+void check_port(vx_port_id_t port) { refuse_if(port > VX_PORT_VOIP0, VX_ERR_PORT_NUM_OUT_OF_RANGE); }
+
+AddressKey key_of(const vx_ip_addr_t &address) {
+    AddressKey key{address.ip_ver, {}};
+    if (address.ip_ver == VX_IPV4) {
+        for (unsigned i = 0; i < 4; ++i) key.second[i] = static_cast<vx_uint8>(address.addr.v4.s_addr >> (24 - 8 * i));
+    } else {
+        std::copy_n(address.addr.v6.in6_u.u6_addr8, 16, key.second.begin());
+    }
+    return key;
+}
+
+bool is_zero(const vx_ip_addr_t &address) {
+    const AddressKey key = key_of(address);
+    return std::all_of(key.second.begin(), key.second.end(), [](vx_uint8 byte) { return byte == 0; });
+}
+
+/* An address of the device, or a gateway. */
+void check_address(const vx_ip_addr_t &address) {
+    check_range(address.ip_ver, VX_IPV4, VX_IPV6);
+    refuse_if(is_zero(address), VX_ERR_GLBL_INVALID_PARAMS);
+}
+
+/* An address of an IP host, which may be left open. */
+void check_version(const vx_ip_addr_t &address) { check_range(address.ip_ver, VX_IPV4, VX_IP_DONTCARE); }
+
+vx_ip_addr_t make_address(bool ipv4, const std::array<vx_uint32, 4> &words) {
+    vx_ip_addr_t address{};
+    address.ip_ver = ipv4 ? VX_IPV4 : VX_IPV6;
+    if (ipv4) {
+        address.addr.v4.s_addr = words[0];
+    } else {
+        for (unsigned i = 0; i < 16; ++i) {
+            address.addr.v6.in6_u.u6_addr8[i] = static_cast<vx_uint8>(words[i / 4] >> (24 - 8 * (i % 4)));
+        }
+    }
+    return address;
+}
+
+std::string text_of(const vx_ip_addr_t &address) {
+    if (address.ip_ver != VX_IPV4 && address.ip_ver != VX_IPV6) return "any";
+    char text[INET6_ADDRSTRLEN];
+    const bool ipv4 = address.ip_ver == VX_IPV4;
+    return inet_ntop(ipv4 ? AF_INET : AF_INET6, key_of(address).second.data(), text, sizeof text);
+}
+
+void refuse_unless_ok(Insert result) {
+    refuse_if(result == Insert::exists, VX_ERR_GLBL_ENTRY_EXIST);
+    refuse_if(result == Insert::full, VX_ERR_GLBL_SW_RESOURCE_UNAVAIL);
+}
+
+DeviceAddresses &addresses(Device &device) {
+    std::optional<DeviceAddresses> &kept = device.management.addresses;
+    if (!kept) {
+        kept.emplace();
+        const auto &[ip, mask, gateway] =
+            std::tie(device.config.dev_ip_addr, device.config.dev_ip_mask, device.config.dev_gw_ip);
+        const auto counts = [](const vx_ip_addr_t &given) {
+            return (given.ip_ver == VX_IPV4 || given.ip_ver == VX_IPV6) && !is_zero(given);
+        };
+        if (counts(ip)) {
+            const AddressKey bits = key_of(mask);
+            int prefix = 0;
+            for (vx_uint8 byte : bits.second) prefix += std::popcount(byte);
+            kept->addresses.insert(key_of(ip), {ip, mask, static_cast<vx_uint8>(prefix)});
+        }
+        if (counts(gateway)) kept->gateways.insert(key_of(gateway), {gateway});
+    }
+    return *kept;
+}
+
+void add_address(Device &device, const lmq_dev_ip_addr_cfg_s &given) {
+    check_address(given.ip_addr);
+    check_range(given.prefix, 0, given.ip_addr.ip_ver == VX_IPV4 ? 32 : 128);
+
+    auto &table = addresses(device).addresses;
+    if (given.ip_addr.ip_ver == VX_IPV4)
+        table.erase_if([](const AddressKey &key, auto &) { return key.first == VX_IPV4; });
+    refuse_unless_ok(table.insert(key_of(given.ip_addr), given));
+}
+
+void delete_address(Device &device, const vx_ip_addr_t &address) {
+    check_address(address);
+    refuse_if(!addresses(device).addresses.erase(key_of(address)), VX_ERR_GLBL_ENTRY_NOT_FOUND);
+}
+
+void add_gateway(Device &device, const lmq_dev_gateway_cfg_s &given) {
+    check_address(given.ip_addr);
+    refuse_unless_ok(addresses(device).gateways.insert(key_of(given.ip_addr), given));
+}
+
+void delete_gateway(Device &device, const lmq_dev_gateway_cfg_s &given) {
+    check_address(given.ip_addr);
+    refuse_if(!addresses(device).gateways.erase(key_of(given.ip_addr)), VX_ERR_GLBL_ENTRY_NOT_FOUND);
+}
+
+void check(const vx_ip_host_if_cfg_t &cfg) {
+    check_version(cfg.ip_addr);
+    check_version(cfg.ip_mask);
+    check_version(cfg.gw_ip);
+}
+
+IpHost &host(Device &device, vx_uint32 handle) {
+    IpHost *found = device.management.hosts.find(handle);
+    refuse_if(found == nullptr, VX_ERR_GLBL_ENTRY_NOT_FOUND);
+    return *found;
+}
+
+vx_uint32 create_host(Device &device, IpHost host) {
+    check(host.config);
+    Management &state = device.management;
+    refuse_if(state.hosts.size() >= LMQ_MAX_NUM_NET_IFS, VX_ERR_GLBL_SW_RESOURCE_UNAVAIL);
+    host.config.enable_gw = host.config.enable_gw ? TRUE : FALSE;
+    const std::uint32_t handle = state.handles.give().value();
+    state.hosts.insert(handle, std::move(host));
+    return handle;
+}
+
+vx_status_e set_host(const char *function, vx_dev_id_t dev_id, vx_uint32 handle, const vx_ip_host_if_cfg_t *p_cfg) {
+    return on_device(function, dev_id, {p_cfg}, [&](Device &device) {
+        IpHost &kept = host(device, handle);
+        check(*p_cfg);
+        kept.config = *p_cfg;
+        kept.config.enable_gw = p_cfg->enable_gw ? TRUE : FALSE;
+    });
+}
+
+vx_status_e get_host(const char *function, vx_dev_id_t dev_id, vx_uint32 handle, vx_ip_host_if_cfg_t *p_cfg) {
+    return on_device(function, dev_id, {p_cfg}, [&](Device &device) { *p_cfg = host(device, handle).config; });
+}
+
+NatKey key_of(const vx_nat_entry_t &entry) {
+    return {entry.src_ip, entry.dst_ip, entry.src_port, entry.dst_port, entry.protocol, entry.direction};
+}
+
+}  // namespace
+
+}  // namespace lmq::sim
 
 using namespace lmq::sim;
 
-vx_status_e lmq_enable_local_mgmt_if(vx_dev_id_t) { return kNotModelled; }
-vx_status_e lmq_disable_local_mgmt_if(vx_dev_id_t) { return kNotModelled; }
-vx_status_e lmq_get_local_mgmt_if_stat(vx_dev_id_t, lmq_local_mgmt_if_stat_s *) { return kNotModelled; }
-vx_status_e lmq_clear_local_mgmt_if_stat(vx_dev_id_t) { return kNotModelled; }
-vx_status_e lmq_add_dev_ip_addr(vx_dev_id_t, lmq_dev_ip_addr_cfg_s *) { return kNotModelled; }
-vx_status_e lmq_delete_dev_ip_addr(vx_dev_id_t, vx_ip_addr_t *) { return kNotModelled; }
-vx_status_e lmq_add_dev_ip_gateway(vx_dev_id_t, lmq_dev_gateway_cfg_s *) { return kNotModelled; }
-vx_status_e lmq_delete_dev_ip_gateway(vx_dev_id_t, lmq_dev_gateway_cfg_s *) { return kNotModelled; }
-vx_status_e lmq_get_dev_ip_config(vx_dev_id_t, lmq_dev_ip_cfg_s *) { return kNotModelled; }
-vx_status_e lmq_print_dev_ip_config(vx_dev_id_t) { return kNotModelled; }
-vx_status_e lmq_set_dev_ip_config_apish(vx_dev_id_t, vx_uint8, vx_uint8, vx_uint8, vx_uint32, vx_uint32, vx_uint32,
-                                        vx_uint32) {
-    return kNotModelled;
+extern "C" {
+
+vx_status_e lmq_enable_local_mgmt_if(vx_dev_id_t dev_id) {
+    return on_device(__func__, dev_id, {}, [](Device &device) { device.management.enabled = true; });
 }
-vx_status_e lmq_create_ip_host_interface(vx_dev_id_t, vx_uint16, vx_ip_host_if_cfg_t *, vx_uint32 *) {
-    return kNotModelled;
+
+vx_status_e lmq_disable_local_mgmt_if(vx_dev_id_t dev_id) {
+    return on_device(__func__, dev_id, {}, [](Device &device) { device.management.enabled = false; });
 }
-vx_status_e lmq_delete_ip_host_interface(vx_dev_id_t, vx_uint32) { return kNotModelled; }
-vx_status_e lmq_set_ip_host_interface_config(vx_dev_id_t, vx_uint32, vx_ip_host_if_cfg_t *) { return kNotModelled; }
-vx_status_e lmq_get_ip_host_interface_config(vx_dev_id_t, vx_uint32, vx_ip_host_if_cfg_t *) { return kNotModelled; }
-vx_status_e lmq_print_ip_host_interface_config(vx_dev_id_t, vx_uint32) { return kNotModelled; }
-vx_status_e lmq_enable_ip_host_interface(vx_dev_id_t, vx_uint32) { return kNotModelled; }
-vx_status_e lmq_disable_ip_host_interface(vx_dev_id_t, vx_uint32) { return kNotModelled; }
-vx_status_e lmq_get_ip_host_interface_status(vx_dev_id_t, vx_uint32, lmq_ip_host_if_status_s *) { return kNotModelled; }
-vx_status_e lmq_clear_ip_host_interface_stats(vx_dev_id_t, vx_uint32) { return kNotModelled; }
-vx_status_e vx_l3_intf_create(vx_dev_id_t, vx_ip_host_if_cfg_t *, vx_uint32 *) { return kNotModelled; }
-vx_status_e vx_l3_intf_port_add(vx_dev_id_t, vx_uint32, vx_port_id_t, vx_uint16) { return kNotModelled; }
-vx_status_e vx_l3_ipintf_port_del(vx_dev_id_t, vx_uint32, vx_port_id_t, vx_uint16) { return kNotModelled; }
-vx_status_e vx_l3_intf_set(vx_dev_id_t, vx_uint32, vx_ip_host_if_cfg_t *) { return kNotModelled; }
-vx_status_e vx_l3_intf_get(vx_dev_id_t, vx_uint32, vx_ip_host_if_cfg_t *) { return kNotModelled; }
-vx_status_e vx_inband_mgnt_set(vx_dev_id_t, vx_uint32, vx_uint16, vx_uint16) { return kNotModelled; }
-vx_status_e lmq_add_nat_entry(vx_dev_id_t, vx_nat_entry_t *) { return kNotModelled; }
-vx_status_e lmq_del_nat_entry(vx_dev_id_t, vx_nat_entry_t *) { return kNotModelled; }
+
+vx_status_e lmq_get_local_mgmt_if_stat(vx_dev_id_t dev_id, lmq_local_mgmt_if_stat_s *stat) {
+    return on_device(__func__, dev_id, {stat}, [&](Device &device) {
+        Management &state = device.management;
+        *stat = {state.rx_packets.read(), state.rx_bytes.read(), state.tx_packets.read(), state.tx_bytes.read()};
+    });
+}
+
+vx_status_e lmq_clear_local_mgmt_if_stat(vx_dev_id_t dev_id) {
+    return on_device(__func__, dev_id, {}, [](Device &device) {
+        Management &state = device.management;
+        for (auto *counter : {&state.rx_packets, &state.rx_bytes, &state.tx_packets, &state.tx_bytes}) *counter = {};
+    });
+}
+
+vx_status_e lmq_add_dev_ip_addr(vx_dev_id_t dev_id, lmq_dev_ip_addr_cfg_s *p_cfg) {
+    return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) { add_address(device, *p_cfg); });
+}
+
+vx_status_e lmq_delete_dev_ip_addr(vx_dev_id_t dev_id, vx_ip_addr_t *p_ip_addr) {
+    return on_device(__func__, dev_id, {p_ip_addr}, [&](Device &device) { delete_address(device, *p_ip_addr); });
+}
+
+vx_status_e lmq_add_dev_ip_gateway(vx_dev_id_t dev_id, lmq_dev_gateway_cfg_s *p_cfg) {
+    return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) { add_gateway(device, *p_cfg); });
+}
+
+vx_status_e lmq_delete_dev_ip_gateway(vx_dev_id_t dev_id, lmq_dev_gateway_cfg_s *p_cfg) {
+    return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) { delete_gateway(device, *p_cfg); });
+}
+
+vx_status_e lmq_get_dev_ip_config(vx_dev_id_t dev_id, lmq_dev_ip_cfg_s *p_cfg) {
+    return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
+        DeviceAddresses &kept = addresses(device);
+        *p_cfg = {};
+        for (const auto &[key, address] : kept.addresses) p_cfg->ip_cfg[p_cfg->num_ip_addr++] = address;
+        for (const auto &[key, gateway] : kept.gateways) p_cfg->gw_cfg[p_cfg->num_ip_gw++] = gateway;
+    });
+}
+
+vx_status_e lmq_print_dev_ip_config(vx_dev_id_t dev_id) {
+    return on_device(__func__, dev_id, {}, [](Device &device) {
+        DeviceAddresses &kept = addresses(device);
+        std::fprintf(stderr, "device %u, local management interface %s\n", unsigned{device.id},
+                     device.management.enabled ? "up" : "down");
+        for (const auto &[key, address] : kept.addresses) {
+            std::fprintf(stderr, "  address %s/%u mask %s\n", text_of(address.ip_addr).c_str(),
+                         unsigned{address.prefix}, text_of(address.net_mask).c_str());
+        }
+        for (const auto &[key, gateway] : kept.gateways) {
+            std::fprintf(stderr, "  gateway %s\n", text_of(gateway.ip_addr).c_str());
+        }
+    });
+}
+
+vx_status_e lmq_set_dev_ip_config_apish(vx_dev_id_t dev_id, vx_uint8 is_ipv4, vx_uint8 type, vx_uint8 op,
+                                        vx_uint32 addr1, vx_uint32 addr2, vx_uint32 addr3, vx_uint32 addr4) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        check_range(type, 1, 2);
+        check_range(op, 1, 2);
+        const bool ipv4 = is_ipv4 != 0;
+        const vx_ip_addr_t address = make_address(ipv4, {addr1, addr2, addr3, addr4});
+        if (type == 1 && op == 1) {
+            const vx_ip_addr_t mask = make_address(ipv4, {ipv4 ? 0xFFFFFF00 : 0xFFFFFFFF, 0xFFFFFFFF, 0, 0});
+            return add_address(device, {address, mask, static_cast<vx_uint8>(ipv4 ? 24 : 64)});
+        }
+        if (type == 1) return delete_address(device, address);
+        op == 1 ? add_gateway(device, {address}) : delete_gateway(device, {address});
+    });
+}
+
+vx_status_e lmq_create_ip_host_interface(vx_dev_id_t dev_id, vx_uint16 port_num, vx_ip_host_if_cfg_t *p_cfg,
+                                         vx_uint32 *p_handle) {
+    return on_device(__func__, dev_id, {p_cfg, p_handle}, [&](Device &device) {
+        check_port(port_num);
+        const bool is_eth = port_num >= VX_PORT_ETH0 && port_num < VX_PORT_ETH0 + LMQ_PORT_ETH_NUM;
+        refuse_if(port_num != VX_PORT_SNI0 && !is_eth, VX_ERR_PORT_TYPE_MISMATCH);
+        IpHost host;
+        host.config = *p_cfg;
+        host.ports.emplace(port_num, VX_INVALID_PORT_ID);
+        *p_handle = create_host(device, std::move(host));
+    });
+}
+
+vx_status_e lmq_delete_ip_host_interface(vx_dev_id_t dev_id, vx_uint32 handle) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        refuse_if(!device.management.hosts.erase(handle), VX_ERR_GLBL_ENTRY_NOT_FOUND);
+        device.management.handles.take_back(handle);
+    });
+}
+
+vx_status_e lmq_set_ip_host_interface_config(vx_dev_id_t dev_id, vx_uint32 handle, vx_ip_host_if_cfg_t *p_cfg) {
+    return set_host(__func__, dev_id, handle, p_cfg);
+}
+
+vx_status_e lmq_get_ip_host_interface_config(vx_dev_id_t dev_id, vx_uint32 handle, vx_ip_host_if_cfg_t *p_cfg) {
+    return get_host(__func__, dev_id, handle, p_cfg);
+}
+
+vx_status_e lmq_print_ip_host_interface_config(vx_dev_id_t dev_id, vx_uint32 handle) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        const IpHost &kept = host(device, handle);
+        std::fprintf(stderr, "IP host %u, %s: address %s mask %s gateway %s (%s)\n", handle,
+                     kept.enabled ? "up" : "down", text_of(kept.config.ip_addr).c_str(),
+                     text_of(kept.config.ip_mask).c_str(), text_of(kept.config.gw_ip).c_str(),
+                     kept.config.enable_gw ? "used" : "not used");
+        for (const auto &[port, sub_port] : kept.ports) {
+            std::fprintf(stderr, "  port %u sub-port 0x%04x\n", unsigned{port}, unsigned{sub_port});
+        }
+        if (kept.inband_tci) std::fprintf(stderr, "  in-band management, tag 0x%04x\n", unsigned{*kept.inband_tci});
+    });
+}
+
+vx_status_e lmq_enable_ip_host_interface(vx_dev_id_t dev_id, vx_uint32 handle) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) { host(device, handle).enabled = true; });
+}
+
+vx_status_e lmq_disable_ip_host_interface(vx_dev_id_t dev_id, vx_uint32 handle) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) { host(device, handle).enabled = false; });
+}
+
+vx_status_e lmq_get_ip_host_interface_status(vx_dev_id_t dev_id, vx_uint32 handle, lmq_ip_host_if_status_s *p_stat) {
+    return on_device(__func__, dev_id, {p_stat}, [&](Device &device) {
+        IpHost &kept = host(device, handle);
+        const vx_boolean up = kept.enabled ? TRUE : FALSE;
+        *p_stat = {up,
+                   kept.ports.empty() ? vx_boolean{FALSE} : up,
+                   kept.rx_packets.read(),
+                   kept.tx_packets.read(),
+                   kept.rx_bytes.read(),
+                   kept.tx_bytes.read()};
+    });
+}
+
+vx_status_e lmq_clear_ip_host_interface_stats(vx_dev_id_t dev_id, vx_uint32 handle) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        IpHost &kept = host(device, handle);
+        for (auto *counter : {&kept.rx_packets, &kept.tx_packets, &kept.rx_bytes, &kept.tx_bytes}) *counter = {};
+    });
+}
+
+vx_status_e vx_l3_intf_create(vx_dev_id_t dev_id, vx_ip_host_if_cfg_t *p_cfg, vx_uint32 *p_handle) {
+    return on_device(__func__, dev_id, {p_cfg, p_handle}, [&](Device &device) {
+        IpHost host;
+        host.config = *p_cfg;
+        *p_handle = create_host(device, std::move(host));
+    });
+}
+
+vx_status_e vx_l3_intf_port_add(vx_dev_id_t dev_id, vx_uint32 handle, vx_port_id_t port_id, vx_uint16 sub_port) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        IpHost &kept = host(device, handle);
+        check_port(port_id);
+        refuse_if(kept.ports.contains({port_id, sub_port}), VX_ERR_PORT_EXIST);
+        refuse_if(kept.ports.size() >= kMaxHostPorts, VX_ERR_GLBL_SW_RESOURCE_UNAVAIL);
+        kept.ports.emplace(port_id, sub_port);
+    });
+}
+
+vx_status_e vx_l3_ipintf_port_del(vx_dev_id_t dev_id, vx_uint32 handle, vx_port_id_t port_id, vx_uint16 sub_port) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        IpHost &kept = host(device, handle);
+        check_port(port_id);
+        refuse_if(kept.ports.erase({port_id, sub_port}) == 0, VX_ERR_PORT_NOT_FOUND);
+    });
+}
+
+vx_status_e vx_l3_intf_set(vx_dev_id_t dev_id, vx_uint32 handle, vx_ip_host_if_cfg_t *p_cfg) {
+    return set_host(__func__, dev_id, handle, p_cfg);
+}
+
+vx_status_e vx_l3_intf_get(vx_dev_id_t dev_id, vx_uint32 handle, vx_ip_host_if_cfg_t *p_cfg) {
+    return get_host(__func__, dev_id, handle, p_cfg);
+}
+
+vx_status_e vx_inband_mgnt_set(vx_dev_id_t dev_id, vx_uint32 handle, vx_uint16 tci, vx_uint16 enable) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        host(device, handle).inband_tci = enable != 0 ? std::optional(tci) : std::nullopt;
+    });
+}
+
+vx_status_e lmq_add_nat_entry(vx_dev_id_t dev_id, vx_nat_entry_t *p_cfg) {
+    return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
+        check_port(p_cfg->in_port);
+        check_port(p_cfg->out_port);
+        refuse_unless_ok(device.management.nat.insert(key_of(*p_cfg), *p_cfg));
+    });
+}
+
+vx_status_e lmq_del_nat_entry(vx_dev_id_t dev_id, vx_nat_entry_t *p_cfg) {
+    return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
+        refuse_if(!device.management.nat.erase(key_of(*p_cfg)), VX_ERR_GLBL_ENTRY_NOT_FOUND);
+    });
+}
+
+}  // extern "C"

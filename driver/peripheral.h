@@ -1,14 +1,75 @@
 /**
  * @file
- * @brief What a device keeps of timers, pins, LEDs and the serial buses.
+ * @brief What a device keeps of its low-speed peripherals: pins, serial buses, timers and LEDs.
  */
 #ifndef LMQ_DRIVER_PERIPHERAL_H
 #define LMQ_DRIVER_PERIPHERAL_H
 
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <utility>
+
+#include "driver/clock.h"
+#include "driver/store.h"
+#include "lmq/lmq.h"
+
 namespace lmq::sim {
 
 /** @brief State of the family. */
-struct Peripherals {};
+struct Peripherals {
+    /** @brief A pin that changes its level by itself. */
+    struct Rollover {
+        Clock::Time since;
+        Clock::Time interval;
+    };
+
+    struct Pin {
+        vx_gpio_cfg_t cfg{.direction = VX_GPIO_DIR_INPUT, .intr_level = 0, .intr_edge = 0, .intr_en = 0};
+        bool driven = false; /**< Level that an output is driven to, at the beginning of a rollover. */
+        std::optional<Rollover> rollover;
+    };
+
+    struct Pins {
+        explicit Pins(const lmq_gpio_startup_cfg_s &start);
+
+        std::array<Pin, LMQ_GPIO_ID_MAX> pin;
+        vx_uint32 active = 0; /**< Interrupts when the pins were looked at last; bit n is pin n. */
+        vx_uint32 latched = 0;
+    };
+    std::optional<Pins> pins; /**< From the start configuration, at the first call that needs them. */
+
+    using Place = std::pair<vx_uint8, vx_uint8>; /**< Slave, and register or offset in it. */
+
+    std::optional<bool> i2c_enabled; /**< Without a value as the start configuration says; SPI alike. */
+    Setting<Place, vx_uint8> i2c_bytes;
+
+    bool mdio_enabled = false;
+    vx_uint16 mdio_speed = 2500; /**< In kHz, as IEEE 802.3 knows it. */
+    Setting<Place, vx_uint16> mdio_registers;
+
+    struct SpiLine {
+        std::optional<vx_spi_cfg_t> cfg;
+        std::array<vx_uint32, 2> data{}; /**< What was written last. */
+        vx_uint8 byte = 0;
+    };
+    std::optional<bool> spi_enabled;
+    std::array<SpiLine, 3> spi_lines;
+
+    struct Timer {
+        vx_timer_cfg_t cfg{};
+        lmq_timer_status_e status = LMQ_TIMER_STATUS_INACTIVE;
+        vx_uint32 left = 0;  /**< Milliseconds when it was started, or stopped. */
+        Clock::Time since{}; /**< When it was started. */
+    };
+    std::array<Timer, VX_TIMER_ID_MAX> timers;
+
+    struct Led {
+        vx_led_cfg_t cfg{LMQ_LED_TYPE_DISABLE, 0, 0, 0, 0, 0, 0, 0, 0};
+        vx_led_mode_e mode = LMQ_LED_MODE_OFF;
+    };
+    std::array<Led, LMQ_LED_ID_MAX> leds;
+};
 
 }  // namespace lmq::sim
 

@@ -277,6 +277,8 @@ constexpr std::array<T, size> first(const std::array<T, N> &all) {
 
 constexpr size_t string_capacity = 16384;
 
+constexpr bool has_inner(Kind kind) { return kind == Kind::nested || kind == Kind::udt_array || kind == Kind::udt_list; }
+
 template <const auto &drafts>
 struct Packed {
     static_assert(std::all_of(drafts.begin(), drafts.end(), [](const Draft &d) { return d.offset < 65536 && d.count < 65536; }),
@@ -296,12 +298,16 @@ struct Packed {
                       .bound = result.strings.add(draft.bound), .offset = uint16_t(draft.offset),
                       .count = uint16_t(draft.count), .width = uint8_t(draft.width), .bits = uint8_t(draft.bits),
                       .is_signed = draft.is_signed, .inner = 0, .kind = draft.kind};
-            // By kind: under the sanitizers an address is no constant in a comparison with NULL.
-            if (draft.kind != Kind::nested && draft.kind != Kind::udt_array && draft.kind != Kind::udt_list) continue;
-            auto end = result.inner.begin() + ptrdiff_t(result.inner_count);
-            auto found = std::find(result.inner.begin(), end, draft.inner);
-            if (found == end) *found = draft.inner, ++result.inner_count;
-            row.inner = uint8_t(found - result.inner.begin());
+            if (!has_inner(draft.kind)) continue;
+            // Told apart by name: under the sanitizers the comparison of two addresses is no constant.
+            const auto same = [&](const Draft &other) { return has_inner(other.kind) && std::string_view(other.type) == draft.type; };
+            const auto first = std::find_if(drafts.begin(), drafts.begin() + ptrdiff_t(i), same);
+            if (first != drafts.begin() + ptrdiff_t(i)) {
+                row.inner = result.rows[size_t(first - drafts.begin())].inner;
+            } else {
+                row.inner = uint8_t(result.inner_count);
+                result.inner[result.inner_count++] = draft.inner;
+            }
         }
         return result;
     }

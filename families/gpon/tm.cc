@@ -1,4 +1,4 @@
-// GPON traffic management and statistics: UDTs, inner ones first, then the methods.
+// GPON traffic management and counters: inner UDTs first, then the methods with their help texts.
 #include "families/udts.h"
 #include "frame/method.h"
 #include "lmq/gpon_tm.h"
@@ -16,6 +16,7 @@ UDT(vx_gpon_tm_tcont_info_t,
     SCALAR(vx_uint16,  tcont_id),
     SCALAR(vx_boolean, is_omci))
 
+// num_sp_queues has 8 bits, and 16 in vx_sched_cfg_t.
 UDT(vx_gpon_tm_tcont_cfg_t,
     SCALAR(vx_gpon_tm_sched_mode_t, sched_mode),
     SCALAR(vx_uint8,                num_sp_queues))
@@ -38,6 +39,7 @@ UDT(vx_gpon_gem_traffic_desc_cfg_t,
     SCALAR(vx_uint32,      commit_burst),
     SCALAR(vx_uint32,      peak_burst))
 
+// The ids are plain words here, not vx_gpon_gem_td_id_t.
 UDT(vx_gpon_gem_rate_limit_cfg_t,
     SCALAR(vx_boolean, enbl_us_rate_limit),
     SCALAR(vx_uint32,  us_gem_td_id),
@@ -91,69 +93,418 @@ UDT(lmq_tcont_queue_status_s,
     ELEMENTS( vx_uint32,            que_bitmap, VX_GPON_MAX_TCONTS),
     UDT_ARRAY(lmq_tcont_queue_info, que_status, VX_MAX_NUM_TCONT_QUEUE))
 
-METHOD(vx_gpon_onu_tm_info_get, no_help,
+constexpr Help help_vx_gpon_onu_tm_info_get{
+    .title = "Retrieve GPON TM capability",
+    .text = "This API retrieves the capability of the GPON traffic manager.\n",
+    .inputs = "dev_id : device id\n"
+              "p_info : where to put the capability\n",
+    .outputs = "p_info : TM capability\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_tm_info_get, help_vx_gpon_onu_tm_info_get,
        VALUE(vx_dev_id_t, dev_id), UDT_PTR(vx_gpon_tm_info_t, p_info))
-METHOD(vx_gpon_onu_tcont_tm_info_get, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, get_cnt), UDT_PTR(vx_gpon_tm_tcont_info_t, p_info), ELEMENT_PTR(vx_uint16, p_valid_cnt))
-METHOD(vx_gpon_onu_tcont_sched_set, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, pon_id), VALUE(vx_uint16, tcont_id), UDT_PTR(vx_gpon_tm_tcont_cfg_t, p_cfg))
-METHOD(vx_gpon_onu_tcont_sched_get, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, pon_id), VALUE(vx_uint16, tcont_id), UDT_PTR(vx_gpon_tm_tcont_cfg_t, p_cfg))
-METHOD(vx_gpon_onu_tcont_queue_map_set, no_help,
+
+constexpr Help help_vx_gpon_onu_tcont_tm_info_get{
+    .title = "Retrieve TCONT information related to TM",
+    .text = "This API retrieves the T-CONTs as the traffic manager sees them.\n",
+    .inputs = "dev_id      : device id\n"
+              "get_cnt     : number of T-CONTs that p_info has room for\n"
+              "p_info      : where to put the T-CONTs\n"
+              "p_valid_cnt : where to put the number of T-CONTs\n",
+    .outputs = "p_info      : T-CONT information\n"
+               "p_valid_cnt : number of T-CONTs in p_info\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_tcont_tm_info_get, help_vx_gpon_onu_tcont_tm_info_get,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, get_cnt), UDT_PTR(vx_gpon_tm_tcont_info_t, p_info),
+       ELEMENT_PTR(vx_uint16, p_valid_cnt))
+
+constexpr Help help_vx_gpon_onu_tcont_sched_set{
+    .title = "Set T-CONT config",
+    .text = "This API sets the scheduler of a T-CONT.\n",
+    .inputs = "dev_id   : device id\n"
+              "pon_id   : PON id\n"
+              "tcont_id : T-CONT id\n"
+              "p_cfg    : scheduler configuration\n",
+    .outputs = "none\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_tcont_sched_set, help_vx_gpon_onu_tcont_sched_set,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, pon_id), VALUE(vx_uint16, tcont_id),
+       UDT_PTR(vx_gpon_tm_tcont_cfg_t, p_cfg))
+
+constexpr Help help_vx_gpon_onu_tcont_sched_get{
+    .title = "Get T-CONT config",
+    .text = "This API retrieves the scheduler of a T-CONT.\n",
+    .inputs = "dev_id   : device id\n"
+              "pon_id   : PON id\n"
+              "tcont_id : T-CONT id\n"
+              "p_cfg    : where to put the configuration\n",
+    .outputs = "p_cfg : scheduler configuration\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_tcont_sched_get, help_vx_gpon_onu_tcont_sched_get,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, pon_id), VALUE(vx_uint16, tcont_id),
+       UDT_PTR(vx_gpon_tm_tcont_cfg_t, p_cfg))
+
+constexpr Help help_vx_gpon_onu_tcont_queue_map_set{
+    .title = "Set U/S Pri-Q Mapping",
+    .text = "This API maps an upstream priority queue to a T-CONT.\n",
+    .inputs = "dev_id   : device id\n"
+              "queue_id : priority queue id\n"
+              "p_cfg    : mapping\n",
+    .outputs = "none\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_tcont_queue_map_set, help_vx_gpon_onu_tcont_queue_map_set,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, queue_id), UDT_PTR(vx_gpon_tm_pri_q_mapping_t, p_cfg))
-METHOD(vx_gpon_onu_tcont_queue_map_get, no_help,
+
+constexpr Help help_vx_gpon_onu_tcont_queue_map_get{
+    .title = "Get U/S Pri-Q Mapping",
+    .text = "This API retrieves the mapping of an upstream priority queue.\n",
+    .inputs = "dev_id   : device id\n"
+              "queue_id : priority queue id\n"
+              "p_cfg    : where to put the mapping\n",
+    .outputs = "p_cfg : mapping\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_tcont_queue_map_get, help_vx_gpon_onu_tcont_queue_map_get,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, queue_id), UDT_PTR(vx_gpon_tm_pri_q_mapping_t, p_cfg))
-METHOD(vx_gpon_onu_gem_us_queue_map_set, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, pon_id), VALUE(vx_uint16, gem_port_id), UDT_PTR(vx_gpon_tm_gem_mapping_t, p_cfg))
-METHOD(vx_gpon_onu_gem_us_queue_map_get, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, pon_id), VALUE(vx_uint16, gem_port_id), UDT_PTR(vx_gpon_tm_gem_mapping_t, p_cfg))
-METHOD(vx_gpon_onu_gem_ds_queue_map_set, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, pon_id), VALUE(vx_uint16, gem_port_id), UDT_PTR(vx_gpon_tm_gem_mapping_t, p_cfg))
-METHOD(vx_gpon_onu_gem_ds_queue_map_get, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, pon_id), VALUE(vx_uint16, gem_port_id), UDT_PTR(vx_gpon_tm_gem_mapping_t, p_cfg))
-METHOD(vx_gpon_onu_gem_traffic_desc_create, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_gpon_gem_td_id_t, gem_td_id), UDT_PTR(vx_gpon_gem_traffic_desc_cfg_t, p_cfg))
-METHOD(vx_gpon_onu_gem_traffic_desc_delete, no_help,
+
+constexpr Help help_vx_gpon_onu_gem_us_queue_map_set{
+    .title = "Set U/S GEM Port Mapping",
+    .text = "This API maps a GEM port to an upstream priority queue.\n",
+    .inputs = "dev_id      : device id\n"
+              "pon_id      : PON id\n"
+              "gem_port_id : GEM port id\n"
+              "p_cfg       : mapping\n",
+    .outputs = "none\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_gem_us_queue_map_set, help_vx_gpon_onu_gem_us_queue_map_set,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, pon_id), VALUE(vx_uint16, gem_port_id),
+       UDT_PTR(vx_gpon_tm_gem_mapping_t, p_cfg))
+
+constexpr Help help_vx_gpon_onu_gem_us_queue_map_get{
+    .title = "Get U/S GEM Port Mapping",
+    .text = "This API retrieves the upstream mapping of a GEM port.\n",
+    .inputs = "dev_id      : device id\n"
+              "pon_id      : PON id\n"
+              "gem_port_id : GEM port id\n"
+              "p_cfg       : where to put the mapping\n",
+    .outputs = "p_cfg : mapping\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_gem_us_queue_map_get, help_vx_gpon_onu_gem_us_queue_map_get,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, pon_id), VALUE(vx_uint16, gem_port_id),
+       UDT_PTR(vx_gpon_tm_gem_mapping_t, p_cfg))
+
+constexpr Help help_vx_gpon_onu_gem_ds_queue_map_set{
+    .title = "Set D/S GEM Port Mapping",
+    .text = "This API maps a GEM port to a downstream priority queue.\n",
+    .inputs = "dev_id      : device id\n"
+              "pon_id      : PON id\n"
+              "gem_port_id : GEM port id\n"
+              "p_cfg       : mapping\n",
+    .outputs = "none\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_gem_ds_queue_map_set, help_vx_gpon_onu_gem_ds_queue_map_set,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, pon_id), VALUE(vx_uint16, gem_port_id),
+       UDT_PTR(vx_gpon_tm_gem_mapping_t, p_cfg))
+
+constexpr Help help_vx_gpon_onu_gem_ds_queue_map_get{
+    .title = "Get D/S GEM Port Mapping",
+    .text = "This API retrieves the downstream mapping of a GEM port.\n",
+    .inputs = "dev_id      : device id\n"
+              "pon_id      : PON id\n"
+              "gem_port_id : GEM port id\n"
+              "p_cfg       : where to put the mapping\n",
+    .outputs = "p_cfg : mapping\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_gem_ds_queue_map_get, help_vx_gpon_onu_gem_ds_queue_map_get,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, pon_id), VALUE(vx_uint16, gem_port_id),
+       UDT_PTR(vx_gpon_tm_gem_mapping_t, p_cfg))
+
+constexpr Help help_vx_gpon_onu_gem_traffic_desc_create{
+    .title = "Create GEM Traffic Descriptor",
+    .text = "This API creates a GEM traffic descriptor.\n",
+    .inputs = "dev_id    : device id\n"
+              "gem_td_id : GEM traffic descriptor id\n"
+              "p_cfg     : traffic descriptor configuration\n",
+    .outputs = "none\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_gem_traffic_desc_create, help_vx_gpon_onu_gem_traffic_desc_create,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_gpon_gem_td_id_t, gem_td_id),
+       UDT_PTR(vx_gpon_gem_traffic_desc_cfg_t, p_cfg))
+
+// The text lists a p_cfg, which the method does not take.
+constexpr Help help_vx_gpon_onu_gem_traffic_desc_delete{
+    .title = "Delete GEM Traffic Descriptor",
+    .text = "This API deletes a GEM traffic descriptor.\n",
+    .inputs = "dev_id    : device id\n"
+              "gem_td_id : GEM traffic descriptor id\n"
+              "p_cfg     : traffic descriptor configuration\n",
+    .outputs = "none\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_gem_traffic_desc_delete, help_vx_gpon_onu_gem_traffic_desc_delete,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_gpon_gem_td_id_t, gem_td_id))
-METHOD(vx_gpon_onu_gem_traffic_desc_set, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_gpon_gem_td_id_t, gem_td_id), UDT_PTR(vx_gpon_gem_traffic_desc_cfg_t, p_cfg))
-METHOD(vx_gpon_onu_gem_traffic_desc_get, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_gpon_gem_td_id_t, gem_td_id), UDT_PTR(vx_gpon_gem_traffic_desc_cfg_t, p_cfg))
-METHOD(vx_gpon_onu_gem_rate_limit_set, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, pon_id), VALUE(vx_uint16, gem_port_id), UDT_PTR(vx_gpon_gem_rate_limit_cfg_t, p_cfg))
-METHOD(vx_gpon_onu_gem_rate_limit_get, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, pon_id), VALUE(vx_uint16, gem_port_id), UDT_PTR(vx_gpon_gem_rate_limit_cfg_t, p_cfg))
-METHOD(vx_gpon_onu_us_queue_status_get, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, pon_id), VALUE(vx_uint16, us_pri_q), ELEMENT_PTR(vx_boolean, p_active))
-METHOD(vx_gpon_onu_mac_stats_get, no_help,
+
+constexpr Help help_vx_gpon_onu_gem_traffic_desc_set{
+    .title = "Set GEM Traffic Descriptor Config",
+    .text = "This API sets the configuration of a GEM traffic descriptor.\n",
+    .inputs = "dev_id    : device id\n"
+              "gem_td_id : GEM traffic descriptor id\n"
+              "p_cfg     : traffic descriptor configuration\n",
+    .outputs = "none\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_gem_traffic_desc_set, help_vx_gpon_onu_gem_traffic_desc_set,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_gpon_gem_td_id_t, gem_td_id),
+       UDT_PTR(vx_gpon_gem_traffic_desc_cfg_t, p_cfg))
+
+constexpr Help help_vx_gpon_onu_gem_traffic_desc_get{
+    .title = "Get GEM Traffic Descriptor Config",
+    .text = "This API retrieves the configuration of a GEM traffic descriptor.\n",
+    .inputs = "dev_id    : device id\n"
+              "gem_td_id : GEM traffic descriptor id\n"
+              "p_cfg     : where to put the configuration\n",
+    .outputs = "p_cfg : traffic descriptor configuration\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_gem_traffic_desc_get, help_vx_gpon_onu_gem_traffic_desc_get,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_gpon_gem_td_id_t, gem_td_id),
+       UDT_PTR(vx_gpon_gem_traffic_desc_cfg_t, p_cfg))
+
+constexpr Help help_vx_gpon_onu_gem_rate_limit_set{
+    .title = "Set GEM Rate Limiter Config",
+    .text = "This API sets the rate limiters of a GEM port.\n",
+    .inputs = "dev_id      : device id\n"
+              "pon_id      : PON id\n"
+              "gem_port_id : GEM port id\n"
+              "p_cfg       : rate limiter configuration\n",
+    .outputs = "none\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_gem_rate_limit_set, help_vx_gpon_onu_gem_rate_limit_set,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, pon_id), VALUE(vx_uint16, gem_port_id),
+       UDT_PTR(vx_gpon_gem_rate_limit_cfg_t, p_cfg))
+
+constexpr Help help_vx_gpon_onu_gem_rate_limit_get{
+    .title = "Get GEM Rate Limiter Config",
+    .text = "This API retrieves the rate limiters of a GEM port.\n",
+    .inputs = "dev_id      : device id\n"
+              "pon_id      : PON id\n"
+              "gem_port_id : GEM port id\n"
+              "p_cfg       : where to put the configuration\n",
+    .outputs = "p_cfg : rate limiter configuration\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_gem_rate_limit_get, help_vx_gpon_onu_gem_rate_limit_get,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, pon_id), VALUE(vx_uint16, gem_port_id),
+       UDT_PTR(vx_gpon_gem_rate_limit_cfg_t, p_cfg))
+
+constexpr Help help_vx_gpon_onu_us_queue_status_get{
+    .title = "check whether the pri queue is active",
+    .text = "This API checks whether an upstream priority queue is active.\n",
+    .inputs = "dev_id   : device id\n"
+              "pon_id   : PON id\n"
+              "us_pri_q : upstream priority queue id\n"
+              "p_active : where to put the state\n",
+    .outputs = "p_active : TRUE when the queue is active\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_us_queue_status_get, help_vx_gpon_onu_us_queue_status_get,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, pon_id), VALUE(vx_uint16, us_pri_q),
+       ELEMENT_PTR(vx_boolean, p_active))
+
+// The texts of the MAC counters list a bitmap, which neither method takes.
+constexpr Help help_vx_gpon_onu_mac_stats_get{
+    .title = "Get GPON MAC statistics",
+    .text = "This API retrieves the statistics of the GPON MAC.\n",
+    .inputs = "dev_id  : device id\n"
+              "port_id : GPON port id\n"
+              "bitmap  : Bitmap of parameter to be retrieved\n"
+              "p_stat  : where to put the statistics\n",
+    .outputs = "p_stat : GPON MAC statistics\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_mac_stats_get, help_vx_gpon_onu_mac_stats_get,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_gpon_mac_stats_t, p_stat))
-METHOD(vx_gpon_onu_mac_stats_clear, no_help,
+
+constexpr Help help_vx_gpon_onu_mac_stats_clear{
+    .title = "Clear GPON MAC statistics",
+    .text = "This API clears the statistics of the GPON MAC.\n",
+    .inputs = "dev_id       : device id\n"
+              "port_id      : GPON port id\n"
+              "clear_bitmap : Bitmap of parameter to be cleared\n",
+    .outputs = "none\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_mac_stats_clear, help_vx_gpon_onu_mac_stats_clear,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id))
-METHOD(vx_gpon_onu_fec_stats_get, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_gpon_fec_stats_t, p_stat), VALUE(vx_boolean, clear))
-METHOD(vx_gpon_onu_fec_stats_clear, no_help,
+
+constexpr Help help_vx_gpon_onu_fec_stats_get{
+    .title = "Get GPON FEC statistics",
+    .text = "This API retrieves the statistics of forward error correction.\n"
+            "When the flag is set, it clears the counters upon reading.\n",
+    .inputs = "dev_id  : device id\n"
+              "port_id : GPON port id\n"
+              "p_stat  : where to put the statistics\n"
+              "clear   : Flags to enable clear on read if set to TRUE\n",
+    .outputs = "p_stat : GPON FEC statistics\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_fec_stats_get, help_vx_gpon_onu_fec_stats_get,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_gpon_fec_stats_t, p_stat),
+       VALUE(vx_boolean, clear))
+
+constexpr Help help_vx_gpon_onu_fec_stats_clear{
+    .title = "Clears GPON FEC statistics",
+    .text = "This API clears the statistics of forward error correction.\n",
+    .inputs = "dev_id  : device id\n"
+              "port_id : GPON port id\n",
+    .outputs = "none\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_fec_stats_clear, help_vx_gpon_onu_fec_stats_clear,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id))
+
+// port_id is a vx_uint16 here, and a vx_port_id_t in the methods around.
 METHOD(lmq_enable_gpon_ploam_stats, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_id), VALUE(vx_boolean, all_msg_types), VALUE(vx_uint8, msg_type_cnt), ELEMENT_PTR(vx_uint8, p_msg_list))
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_id), VALUE(vx_boolean, all_msg_types),
+       VALUE(vx_uint8, msg_type_cnt), ELEMENT_PTR(vx_uint8, p_msg_list))
 METHOD(lmq_disable_gpon_ploam_stats, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_id), VALUE(vx_boolean, all_msg_types), VALUE(vx_uint8, msg_type_cnt), ELEMENT_PTR(vx_uint8, p_msg_list))
-METHOD(vx_gpon_onu_ploam_stats_get, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_gpon_ploam_stats_t, p_stats), VALUE(vx_boolean, clear))
-METHOD(vx_gpon_onu_ploam_stats_clear, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_id), VALUE(vx_boolean, all_msg_types),
+       VALUE(vx_uint8, msg_type_cnt), ELEMENT_PTR(vx_uint8, p_msg_list))
+
+// The text says "rx" of both directions.
+constexpr Help help_vx_gpon_onu_ploam_stats_get{
+    .title = "get GPON ploam statistics",
+    .text = "This API retrieves the statistics of PLOAM messages when message counting is enabled.\n"
+            "When the flag is set, it clears the counters upon reading.\n"
+            "rx_ploamd_crc : the number of rx PLOAMd with crc error\n"
+            "rx_ploamd_cnt : rx PLOAMd count per message type\n"
+            "tx_ploamu_cnt : rx PLOAMu count per message type\n",
+    .inputs = "dev_id  : device id\n"
+              "port_id : GPON port id\n"
+              "p_stats : where to put the statistics\n"
+              "clear   : Clear on read flag\n",
+    .outputs = "p_stats : PLOAM statistics\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_ploam_stats_get, help_vx_gpon_onu_ploam_stats_get,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_gpon_ploam_stats_t, p_stats),
+       VALUE(vx_boolean, clear))
+
+constexpr Help help_vx_gpon_onu_ploam_stats_clear{
+    .title = "clear GPON ploam statistics",
+    .text = "This API clears the statistics of PLOAM messages.\n",
+    .inputs = "dev_id  : device id\n"
+              "port_id : GPON port id\n",
+    .outputs = "none\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_ploam_stats_clear, help_vx_gpon_onu_ploam_stats_clear,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id))
-METHOD(vx_gpon_onu_tcont_stats_get, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint16, tcont_id), UDT_PTR(vx_gpon_tcont_stats_t, p_stats), VALUE(vx_boolean, clear))
-METHOD(vx_gpon_onu_tcont_stats_clear, no_help,
+
+constexpr Help help_vx_gpon_onu_tcont_stats_get{
+    .title = "Get GPON TCONT statistics",
+    .text = "This API retrieves the statistics of a T-CONT.\n"
+            "When the flag is set, it clears the counters upon reading.\n",
+    .inputs = "dev_id   : device id\n"
+              "port_id  : GPON port id\n"
+              "tcont_id : T-CONT id\n"
+              "p_stats  : where to put the statistics\n"
+              "clear    : Clear on read flag\n",
+    .outputs = "p_stats : T-CONT statistics\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_tcont_stats_get, help_vx_gpon_onu_tcont_stats_get,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint16, tcont_id),
+       UDT_PTR(vx_gpon_tcont_stats_t, p_stats), VALUE(vx_boolean, clear))
+
+constexpr Help help_vx_gpon_onu_tcont_stats_clear{
+    .title = "clear GPON TCONT statistics",
+    .text = "This API clears the statistics of a T-CONT.\n",
+    .inputs = "dev_id   : device id\n"
+              "port_id  : GPON port id\n"
+              "tcont_id : T-CONT id\n",
+    .outputs = "none\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_tcont_stats_clear, help_vx_gpon_onu_tcont_stats_clear,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint16, tcont_id))
-METHOD(vx_gpon_onu_omcc_stats_get, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_gpon_gem_port_stats_t, p_stats), VALUE(vx_boolean, clear))
-METHOD(vx_gpon_onu_omcc_stats_clear, no_help,
+
+constexpr Help help_vx_gpon_onu_omcc_stats_get{
+    .title = "Get GPON omcc port statistics",
+    .text = "This API retrieves the statistics of the OMCC GEM port in both directions.\n"
+            "When the flag is set, it clears the counters upon reading.\n",
+    .inputs = "dev_id  : device id\n"
+              "port_id : GPON port id\n"
+              "p_stats : where to put the statistics\n"
+              "clear   : Clear on read flag\n",
+    .outputs = "p_stats : OMCC GEM port statistics\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_omcc_stats_get, help_vx_gpon_onu_omcc_stats_get,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_gpon_gem_port_stats_t, p_stats),
+       VALUE(vx_boolean, clear))
+
+constexpr Help help_vx_gpon_onu_omcc_stats_clear{
+    .title = "clears GPON omcc port statistics",
+    .text = "This API clears the statistics of the OMCC GEM port.\n",
+    .inputs = "dev_id  : device id\n"
+              "port_id : GPON port id\n",
+    .outputs = "none\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_omcc_stats_clear, help_vx_gpon_onu_omcc_stats_clear,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id))
-METHOD(vx_gpon_onu_gem_stats_get, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint16, gem_id), UDT_PTR(vx_gpon_gem_port_stats_t, p_stats), VALUE(vx_boolean, clear))
-METHOD(vx_gpon_onu_gem_stats_clear, no_help,
+
+constexpr Help help_vx_gpon_onu_gem_stats_get{
+    .title = "Get GPON gem port statistics",
+    .text = "This API retrieves the statistics of a GEM port.\n"
+            "When the flag is set, it clears the counters upon reading.\n"
+            "When the GEM port is unidirectional, the count for the opposite direction is set to 0.\n",
+    .inputs = "dev_id  : device id\n"
+              "port_id : GPON port id\n"
+              "gem_id  : GEM port id\n"
+              "p_stats : where to put the statistics\n"
+              "clear   : Clear on read flag\n",
+    .outputs = "p_stats : GEM port statistics\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_gem_stats_get, help_vx_gpon_onu_gem_stats_get,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint16, gem_id),
+       UDT_PTR(vx_gpon_gem_port_stats_t, p_stats), VALUE(vx_boolean, clear))
+
+constexpr Help help_vx_gpon_onu_gem_stats_clear{
+    .title = "Clears GPON gem port statistics",
+    .text = "This API clears the statistics of a GEM port.\n",
+    .inputs = "dev_id  : device id\n"
+              "port_id : GPON port id\n"
+              "gem_id  : GEM port id\n",
+    .outputs = "none\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_gem_stats_clear, help_vx_gpon_onu_gem_stats_clear,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint16, gem_id))
-METHOD(vx_gpon_onu_tcont_queue_status_get, no_help,
+
+// The title is that of vx_gpon_onu_tcont_stats_clear.
+constexpr Help help_vx_gpon_onu_tcont_queue_status_get{
+    .title = "clear GPON TCONT statistics",
+    .text = "This API retrieves the status of T-CONT scheduler and T-CONT queues for a GPON port.\n",
+    .inputs = "device_id : device id\n"
+              "port_id   : GPON port id\n"
+              "p_status  : where to put the status\n",
+    .outputs = "p_status : status of T-CONT scheduler and queues\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_gpon_onu_tcont_queue_status_get, help_vx_gpon_onu_tcont_queue_status_get,
        VALUE(vx_dev_id_t, device_id), VALUE(vx_port_id_t, port_id), UDT_PTR(lmq_tcont_queue_status_s, p_status))
 
 } // namespace lmq

@@ -1,10 +1,12 @@
-// Flows: UDTs, inner ones first, then the methods.
+// Flows: the keys, actions and records of both directions, inner UDTs first, then the methods with their help texts.
 #include "families/udts.h"
 #include "frame/method.h"
 #include "lmq/flow.h"
 
 namespace lmq {
 
+// The alternatives of a key share one storage, and key_type selects none of them: all that a client sends are read, in
+// this order, and all go out. Upstream alone has ext_vlan_dscp, downstream alone subpid_ctrl_pkt.
 UDT(vx_flow_us_key_t,
     SCALAR(vx_cl_key_type_t, key_type),
     INLINE(key_s,
@@ -57,6 +59,7 @@ UDT(vx_flow_dot1p_action_t,
     SCALAR(vx_uint8,                   pbit),
     SCALAR(vx_uint8,                   de))
 
+// The one action type whose name begins with cl_.
 UDT(cl_flow_cos_action_t,
     SCALAR(vx_flow_cos_action_type_t, cos_act),
     SCALAR(vx_uint8,                  cos_val))
@@ -65,6 +68,8 @@ UDT(vx_flow_dscp_action_t,
     SCALAR(vx_flow_dscp_action_type_t, dscp_act),
     SCALAR(vx_uint8,                   dscp_val))
 
+// The flags do not follow the members: dsbl_mac_learn has the lower bit, and lrn_limit_act, mirror_port and mirror_mode
+// have none.
 UDT(vx_flow_us_action_t,
     NESTED(vx_flow_vlan_action_t,        o_vlan_act),
     NESTED(vx_flow_vlan_action_t,        i_vlan_act),
@@ -79,11 +84,13 @@ UDT(vx_flow_us_action_t,
     SCALAR(vx_boolean,                   enbl_pkt_mirror),
     SCALAR(vx_uint16,                    mirror_port),
     SCALAR(vx_flow_mirror_pkt_mode_t,    mirror_mode),
-    MASK(valid, vx_uint32, o_vlan_act, i_vlan_act, o_dot1p_act, i_dot1p_act, cos_act, dscp_act, queue_id, dsbl_mac_learn, egrs_vlan_chk_sel, enbl_pkt_mirror))
+    MASK(valid, vx_uint32, o_vlan_act, i_vlan_act, o_dot1p_act, i_dot1p_act, cos_act, dscp_act, queue_id,
+         dsbl_mac_learn, egrs_vlan_chk_sel, enbl_pkt_mirror))
 
 // The same type under its own name, which its fault texts carry.
 UDT_AS(vx_flow_ds_action_t, vx_flow_us_action_t)
 
+// Upstream alone has port_num and map_sub_port.
 UDT(vx_flow_us_cfg_t,
     SCALAR(vx_flow_id_t,        flow_id),
     SCALAR(vx_uint16,           port_num),
@@ -100,26 +107,78 @@ UDT(vx_flow_ds_cfg_t,
     NESTED(vx_flow_ds_action_t, action),
     SCALAR(vx_uint16,           map_port))
 
+// The first argument is device_id here, and dev_id in all others.
 METHOD(vx_flow_us_add, no_help,
-       VALUE(vx_dev_id_t, device_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_flow_us_key_t, p_key), UDT_PTR(vx_flow_us_action_t, p_action), VALUE(vx_uint8, priority), ELEMENT_PTR(vx_flow_id_t, p_flow_id))
-METHOD(vx_flow_us_delete, no_help, VALUE(vx_dev_id_t, dev_id), VALUE(vx_flow_id_t, flow_id))
-METHOD(vx_flow_us_modify, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_flow_id_t, flow_id), UDT_PTR(vx_flow_us_key_t, p_key), UDT_PTR(vx_flow_us_action_t, p_action))
+       VALUE(vx_dev_id_t, device_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_flow_us_key_t, p_key),
+       UDT_PTR(vx_flow_us_action_t, p_action), VALUE(vx_uint8, priority), ELEMENT_PTR(vx_flow_id_t, p_flow_id))
+
+constexpr Help help_vx_flow_us_delete{
+    .title = "Delete an upstream flow",
+    .text = "This API deletes an upstream flow and frees all system resources allocated to this flow.\n",
+    .inputs = "dev_id  : device id\n"
+              "flow_id : flow id\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_flow_us_delete, help_vx_flow_us_delete, VALUE(vx_dev_id_t, dev_id), VALUE(vx_flow_id_t, flow_id))
+
+constexpr Help help_vx_flow_us_modify{
+    .title = "Configure an upstream flow",
+    .text = "This API sets the action of the upstream flow.\n",
+    .inputs = "dev_id   : device id\n"
+              "flow_id  : flow id\n"
+              "p_key    : packet classification rule which is used to identify a packet flow\n"
+              "p_action : action on the packets of the flow\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_flow_us_modify, help_vx_flow_us_modify,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_flow_id_t, flow_id), UDT_PTR(vx_flow_us_key_t, p_key),
+       UDT_PTR(vx_flow_us_action_t, p_action))
+
 METHOD(vx_flow_us_get, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_flow_id_t, flow_id), UDT_PTR(vx_flow_us_key_t, p_key), UDT_PTR(vx_flow_us_action_t, p_action))
-METHOD(vx_flow_us_map, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_flow_id_t, flow_id), VALUE(vx_uint16, sni_port_num), VALUE(vx_uint16, sni_sub_port))
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_flow_id_t, flow_id), UDT_PTR(vx_flow_us_key_t, p_key),
+       UDT_PTR(vx_flow_us_action_t, p_action))
+
+// The text begins with title and description of vx_flow_us_modify, and lists sni_port_num as port_num.
+constexpr Help help_vx_flow_us_map{
+    .title = "Configure an upstream flow",
+    .text = "This API sets the action of the upstream flow.\n"
+            "\n"
+            "Map an upstream flow to a SNI port\n"
+            "\n"
+            "This API maps an upstream flow to a SNI port and sub-port.\n"
+            "when a fixed queue_id is configured in the flow action, this API is not needed. However,\n"
+            "when this API is called later, this API will override queue_id configured via the action\n"
+            "whenever there is a conflict.\n"
+            "For example, a flow is mapped to queue0 in the action, and queue0 is mapped to LLID0.\n"
+            "When this API is called with LLID1, the flow is moved to LLID1. When it is called with\n"
+            "LLID0, no action is taken and the flow stays on the fixed queue 0.\n",
+    .inputs = "dev_id       : device id\n"
+              "flow_id      : flow id\n"
+              "port_num     : SNI or CPU port number\n"
+              "sni_sub_port : either GEM port for GPON or LLID for EPON\n",
+    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+};
+METHOD(vx_flow_us_map, help_vx_flow_us_map,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_flow_id_t, flow_id), VALUE(vx_uint16, sni_port_num),
+       VALUE(vx_uint16, sni_sub_port))
+
 METHOD(vx_flow_us_all_get, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint16, get_cnt), UDT_PTR(vx_flow_us_cfg_t, p_cfg), ELEMENT_PTR(vx_uint16, p_valid_cnt))
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint16, get_cnt),
+       UDT_PTR(vx_flow_us_cfg_t, p_cfg), ELEMENT_PTR(vx_uint16, p_valid_cnt))
+
 METHOD(vx_flow_ds_add, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_flow_ds_key_t, p_key), UDT_PTR(vx_flow_ds_action_t, p_action), VALUE(vx_uint8, priority), ELEMENT_PTR(vx_flow_id_t, p_flow_id))
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_flow_ds_key_t, p_key),
+       UDT_PTR(vx_flow_ds_action_t, p_action), VALUE(vx_uint8, priority), ELEMENT_PTR(vx_flow_id_t, p_flow_id))
 METHOD(vx_flow_ds_delete, no_help, VALUE(vx_dev_id_t, dev_id), VALUE(vx_flow_id_t, flow_id))
 METHOD(vx_flow_ds_modify, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_flow_id_t, flow_id), UDT_PTR(vx_flow_ds_key_t, p_key), UDT_PTR(vx_flow_ds_action_t, p_action))
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_flow_id_t, flow_id), UDT_PTR(vx_flow_ds_key_t, p_key),
+       UDT_PTR(vx_flow_ds_action_t, p_action))
 METHOD(vx_flow_ds_get, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_flow_id_t, flow_id), UDT_PTR(vx_flow_ds_key_t, p_key), UDT_PTR(vx_flow_ds_action_t, p_action))
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_flow_id_t, flow_id), UDT_PTR(vx_flow_ds_key_t, p_key),
+       UDT_PTR(vx_flow_ds_action_t, p_action))
 METHOD(vx_flow_ds_map, no_help, VALUE(vx_dev_id_t, dev_id), VALUE(vx_flow_id_t, flow_id), VALUE(vx_port_id_t, port_id))
 METHOD(vx_flow_ds_all_get, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint16, get_cnt), UDT_PTR(vx_flow_ds_cfg_t, p_cfg), ELEMENT_PTR(vx_uint16, p_valid_cnt))
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint16, get_cnt),
+       UDT_PTR(vx_flow_ds_cfg_t, p_cfg), ELEMENT_PTR(vx_uint16, p_valid_cnt))
 
 } // namespace lmq

@@ -1,4 +1,7 @@
-// Classifier key structures: UDTs, inner ones first, then the methods.
+// The keys of the classifier: those of a flow, then those of a rule. No method takes one by itself: they are members of
+// flows and of rules. A mask flags what its key is compared by, and its flags are not the members one by one: some
+// stand for a pair or a group (l4p_src_range, vid, da_flag), and some members have none (the selectors of an address or
+// port, gem_port_id).
 #include "families/udts.h"
 #include "lmq/classifier_key.h"
 #include "marshal/describe.h"
@@ -19,6 +22,7 @@ UDT(vx_cl_key_mac_range_etype_t,
     SCALAR(  vx_uint16,     tpid),
     MASK(valid, vx_uint32, mac_sa, mac_da_range, eth_type, tpid))
 
+// o_pbit is a priority, declared with the type of a VID: two bytes.
 UDT(vx_cl_key_mac_vlan_t,
     SCALAR(  vx_fe_addr_type_t, mac_addr_type),
     ELEMENTS(vx_mac_addr_t,     mac_addr, 6),
@@ -72,7 +76,24 @@ UDT(vx_cl_key_ext_vlan_t,
     SCALAR(vx_uint8,   i_pbit),
     SCALAR(vx_uint8,   i_de),
     SCALAR(vx_vid_t,   i_vid),
-    MASK(valid, vx_uint32, bc_mac, mc_mac, non_ipv4, non_ipv6, eth_type, vlan_tag_cnt, o_tpid, o_pbit, o_de, o_vid, i_tpid, i_pbit, i_de, i_vid))
+    MASK(valid, vx_uint32,
+         bc_mac, mc_mac, non_ipv4, non_ipv6, eth_type, vlan_tag_cnt, o_tpid, o_pbit, o_de, o_vid, i_tpid, i_pbit, i_de,
+         i_vid))
+
+// dscp has no flag.
+UDT(vx_cl_key_ext_vlan_dscp_t,
+    SCALAR(vx_uint16, eth_type),
+    SCALAR(vx_uint8,  vlan_tag_cnt),
+    SCALAR(vx_uint16, o_tpid),
+    SCALAR(vx_uint8,  o_pbit),
+    SCALAR(vx_uint8,  o_de),
+    SCALAR(vx_vid_t,  o_vid),
+    SCALAR(vx_uint16, i_tpid),
+    SCALAR(vx_uint8,  i_pbit),
+    SCALAR(vx_uint8,  i_de),
+    SCALAR(vx_vid_t,  i_vid),
+    SCALAR(vx_uint8,  dscp),
+    MASK(valid, vx_uint32, eth_type, vlan_tag_cnt, o_tpid, o_pbit, o_de, o_vid, i_tpid, i_pbit, i_de, i_vid))
 
 UDT(vx_cl_key_ctrl_pkt_t,
     ELEMENTS(vx_mac_addr_t,                        mac_da, 6),
@@ -86,6 +107,7 @@ UDT(vx_cl_key_subpid_ctrl_pkt_t,
     SCALAR(  vx_l2_spcl_pkt_type_bitmap_for_cls_t, pkt_type_bitmap),
     MASK(valid, vx_uint32, mac_da, pkt_type_bitmap))
 
+// The flag tpid stands for o_tpid.
 UDT(vx_cl_key_mac_ip_proto_t,
     SCALAR(vx_boolean, rsvd_mac),
     SCALAR(vx_boolean, ipv4_mc_mac),
@@ -100,7 +122,9 @@ UDT(vx_cl_key_mac_ip_proto_t,
     SCALAR(vx_uint16,  l4p_dst_hi),
     SCALAR(vx_uint16,  l4p_dst_lo),
     SCALAR(vx_uint32,  custom_pkt_fld_bitmap),
-    MASK(valid, vx_uint32, spcl_mac_da, mac_da_low, eth_type, tpid, ip_proto, icmp_type, l4p_src_range, l4p_dst_range, custom_pkt_fld_bitmap))
+    MASK(valid, vx_uint32,
+         spcl_mac_da, mac_da_low, eth_type, tpid, ip_proto, icmp_type, l4p_src_range, l4p_dst_range,
+         custom_pkt_fld_bitmap))
 
 UDT(vx_cl_key_ipv4_long_t,
     SCALAR(  vx_uint16,     gem_port_id),
@@ -129,7 +153,10 @@ UDT(vx_cl_key_ipv4_long_t,
     SCALAR(  vx_uint16,     l4p_dst_lo),
     SCALAR(  vx_uint8,      tcp_flags),
     SCALAR(  vx_uint32,     custom_pkt_fld_bitmap),
-    MASK(valid, vx_uint32, spid, mac_da, mac_sa, eth_type, vlan_tag_cnt, pri_tag_pkt, o_tpid, o_vid, o_pbit, ip_sa, ip_sa_unmask_len, ip_da, ip_da_unmask_len, ip_proto, dscp_tos, ip_frag_stat, ip_opt_flag, icmp_type, igmp_type, l4p_src_range, l4p_dst_range, tcp_flags, custom_pkt_fld_bitmap))
+    MASK(valid, vx_uint32,
+         spid, mac_da, mac_sa, eth_type, vlan_tag_cnt, pri_tag_pkt, o_tpid, o_vid, o_pbit, ip_sa, ip_sa_unmask_len,
+         ip_da, ip_da_unmask_len, ip_proto, dscp_tos, ip_frag_stat, ip_opt_flag, icmp_type, igmp_type, l4p_src_range,
+         l4p_dst_range, tcp_flags, custom_pkt_fld_bitmap))
 
 UDT(vx_cl_key_ipv4_short_t,
     SCALAR(vx_fe_addr_type_t, ip_addr_type),
@@ -168,7 +195,10 @@ UDT(vx_cl_key_ipv6_long_t,
     SCALAR(  vx_uint16,     l4p_dst_lo),
     SCALAR(  vx_uint8,      tcp_flags),
     SCALAR(  vx_uint32,     custom_pkt_fld_bitmap),
-    MASK(valid, vx_uint32, spid, mac_da, mac_sa, eth_type, vlan_tag_cnt, pri_tag_pkt, o_tpid, o_vid, o_pbit, ip_sa, ip_sa_unmask_len, ip_da, ip_da_unmask_len, ip_proto, tc, flow_label, ip_frag_stat, ip_opt_flag, icmp_type, l4p_src_range, l4p_dst_range, tcp_flags, custom_pkt_fld_bitmap))
+    MASK(valid, vx_uint32,
+         spid, mac_da, mac_sa, eth_type, vlan_tag_cnt, pri_tag_pkt, o_tpid, o_vid, o_pbit, ip_sa, ip_sa_unmask_len,
+         ip_da, ip_da_unmask_len, ip_proto, tc, flow_label, ip_frag_stat, ip_opt_flag, icmp_type, l4p_src_range,
+         l4p_dst_range, tcp_flags, custom_pkt_fld_bitmap))
 
 UDT(vx_cl_key_ipv6_short_t,
     SCALAR(vx_fe_addr_type_t, ip_addr_type),
@@ -180,20 +210,6 @@ UDT(vx_cl_key_ipv6_short_t,
     SCALAR(vx_fe_port_type_t, l4p_type),
     SCALAR(vx_uint16,         l4p_val),
     MASK(valid, vx_uint32, ip_addr, ip_addr_unmask_len, ip_proto, tc, flow_label, l4p_val))
-
-UDT(vx_cl_key_ext_vlan_dscp_t,
-    SCALAR(vx_uint16, eth_type),
-    SCALAR(vx_uint8,  vlan_tag_cnt),
-    SCALAR(vx_uint16, o_tpid),
-    SCALAR(vx_uint8,  o_pbit),
-    SCALAR(vx_uint8,  o_de),
-    SCALAR(vx_vid_t,  o_vid),
-    SCALAR(vx_uint16, i_tpid),
-    SCALAR(vx_uint8,  i_pbit),
-    SCALAR(vx_uint8,  i_de),
-    SCALAR(vx_vid_t,  i_vid),
-    SCALAR(vx_uint8,  dscp),
-    MASK(valid, vx_uint32, eth_type, vlan_tag_cnt, o_tpid, o_pbit, o_de, o_vid, i_tpid, i_pbit, i_de, i_vid))
 
 UDT(lmq_fe_cls_ipv4_long_key_s,
     SCALAR(  vx_uint8,                       gem_subpid),
@@ -223,7 +239,11 @@ UDT(lmq_fe_cls_ipv4_long_key_s,
     SCALAR(  vx_boolean,                     pri_tag_flag),
     SCALAR(  vx_uint8,                       vtag_cnt),
     SCALAR(  vx_boolean,                     prsr_len_excd),
-    MASK(valid, vx_uint32, gem_subpid, spid, src_mac_addr, dst_mac_addr, vid, tpid_enc, dot1p, ev2pt, src_ip_addr, src_ip_mask, dst_ip_addr, dst_ip_mask, ip_proto, ip_dscp, ip_option, ip_frag_state, l4_port, l4_port_type, l4_src_hit_bitmap, l4_dst_hit_bitmap, spcl_key_hit_bitmap, tcp_flags, icmp_type, igmp_type, pri_tag_flag, vtag_cnt, prsr_len_excd))
+    MASK(valid, vx_uint32,
+         gem_subpid, spid, src_mac_addr, dst_mac_addr, vid, tpid_enc, dot1p, ev2pt, src_ip_addr, src_ip_mask,
+         dst_ip_addr, dst_ip_mask, ip_proto, ip_dscp, ip_option, ip_frag_state, l4_port, l4_port_type,
+         l4_src_hit_bitmap, l4_dst_hit_bitmap, spcl_key_hit_bitmap, tcp_flags, icmp_type, igmp_type, pri_tag_flag,
+         vtag_cnt, prsr_len_excd))
 
 UDT(lmq_fe_cls_ipv4_short_key_s,
     NESTED(vx_in_addr_t,              ip_addr),
@@ -264,7 +284,11 @@ UDT(lmq_fe_cls_ipv6_long_key_s,
     SCALAR(  vx_boolean,                     pri_tag_flag),
     SCALAR(  vx_uint8,                       vtag_cnt),
     SCALAR(  vx_boolean,                     prsr_len_excd),
-    MASK(valid, vx_uint32, gem_subpid, spid, src_mac_addr, dst_mac_addr, vid, tpid_enc, dot1p, ev2pt, src_ip_addr, src_ip_mask, dst_ip_addr, dst_ip_mask, ip_proto, ip_tc, ipv6_flow_label, ip_option, ip_frag_state, l4_port, l4_port_type, l4_src_hit_bitmap, l4_dst_hit_bitmap, spcl_key_hit_bitmap, tcp_flags, icmp_type, pri_tag_flag, vtag_cnt, prsr_len_excd))
+    MASK(valid, vx_uint32,
+         gem_subpid, spid, src_mac_addr, dst_mac_addr, vid, tpid_enc, dot1p, ev2pt, src_ip_addr, src_ip_mask,
+         dst_ip_addr, dst_ip_mask, ip_proto, ip_tc, ipv6_flow_label, ip_option, ip_frag_state, l4_port, l4_port_type,
+         l4_src_hit_bitmap, l4_dst_hit_bitmap, spcl_key_hit_bitmap, tcp_flags, icmp_type, pri_tag_flag, vtag_cnt,
+         prsr_len_excd))
 
 UDT(lmq_fe_cls_ipv6_short_key_s,
     NESTED(vx_in6_addr_t,             ip_addr),
@@ -276,7 +300,8 @@ UDT(lmq_fe_cls_ipv6_short_key_s,
     SCALAR(vx_uint16,                 l4_port),
     SCALAR(lmq_fe_cls_l4_port_type_e, l4_port_type),
     SCALAR(vx_boolean,                prsr_len_excd),
-    MASK(valid, vx_uint32, ip_addr, ip_addr_type, ip_mask, ip_proto, ip_tc, ipv6_flow_label, l4_port, l4_port_type, prsr_len_excd))
+    MASK(valid, vx_uint32,
+         ip_addr, ip_addr_type, ip_mask, ip_proto, ip_tc, ipv6_flow_label, l4_port, l4_port_type, prsr_len_excd))
 
 UDT(lmq_fe_cls_mirror_key_s,
     SCALAR(vx_uint16,  spid),
@@ -304,6 +329,7 @@ UDT(lmq_fe_cls_mac_etype_key_s,
     SCALAR(  vx_uint8,               age_timer_offset),
     MASK(valid, vx_uint32, tpid_enc, dst_mac_range_flag, mac_addr, mac_addr_type, ev2pt))
 
+// The flag spl_ev2pt stands for splpktvect_ev2pt; below, in lmq_fe_cls_gem_ctrl_pkt_key_s, it is called ev2pt.
 UDT(lmq_fe_cls_ctrl_pkt_key_s,
     ELEMENTS(vx_mac_addr_t, dst_mac_addr, 6),
     SCALAR(  vx_uint8,      mac_mask),
@@ -311,6 +337,13 @@ UDT(lmq_fe_cls_ctrl_pkt_key_s,
     SCALAR(  vx_boolean,    ev2pt_en),
     SCALAR(  vx_uint32,     splpktvect_ev2pt),
     MASK(valid, vx_uint32, dst_mac_addr, mac_mask, spl_ev2pt))
+
+UDT(lmq_fe_cls_gem_ctrl_pkt_key_s,
+    SCALAR(  vx_uint8,      gem_subpid),
+    ELEMENTS(vx_mac_addr_t, dst_mac_addr, 6),
+    SCALAR(  vx_boolean,    spl_pkt_en),
+    SCALAR(  vx_uint32,     splpktvect_ev2pt),
+    MASK(valid, vx_uint32, gem_subpid, dst_mac_addr, ev2pt))
 
 UDT(lmq_fe_cls_vlan_key_s,
     SCALAR(lmq_fe_cls_tpid_enc_e,      tpid_enc),
@@ -322,11 +355,15 @@ UDT(lmq_fe_cls_vlan_key_s,
     SCALAR(vx_uint8,                   vtag_cnt),
     SCALAR(vx_uint16,                  vid),
     SCALAR(vx_boolean,                 bc_llid_flag),
-    MASK(valid, vx_uint32, tpid_enc, ev2pt_enc, rsvd_dst_mac_flag, bc_dst_mac_flag, mc_dst_mac_flag, pri_tag_flag, vtag_cnt, vid, bc_llid_flag))
+    MASK(valid, vx_uint32,
+         tpid_enc, ev2pt_enc, rsvd_dst_mac_flag, bc_dst_mac_flag, mc_dst_mac_flag, pri_tag_flag, vtag_cnt, vid,
+         bc_llid_flag))
 
+// Two structs over one another. Fault texts of their keys name the struct: "Member range_s of struct type inline
+// struct: expected a vx_uint16 ...".
 UDT(lmq_fe_cls_vlan_range_key_s,
-    SCALAR(             lmq_fe_cls_spl_ev2pt_enc_e, ev2pt_enc),
-    SCALAR(             vx_boolean,                 vid_range_flag),
+    SCALAR(lmq_fe_cls_spl_ev2pt_enc_e, ev2pt_enc),
+    SCALAR(vx_boolean,                 vid_range_flag),
     OVERLAID(vid,
         INLINE(vid.range_s,
             SCALAR(vx_uint16, vid.range_s.vid_high),
@@ -334,9 +371,9 @@ UDT(lmq_fe_cls_vlan_range_key_s,
         INLINE(vid.val_s,
             SCALAR(vx_uint16, vid.val_s.vid_outer),
             SCALAR(vx_uint16, vid.val_s.vid_inner))),
-    SCALAR(             vx_boolean,                 bc_dst_mac_flag),
-    SCALAR(             vx_boolean,                 mc_dst_mac_flag),
-    SCALAR(             vx_uint8,                   vtag_cnt),
+    SCALAR(vx_boolean,                 bc_dst_mac_flag),
+    SCALAR(vx_boolean,                 mc_dst_mac_flag),
+    SCALAR(vx_uint8,                   vtag_cnt),
     MASK(valid, vx_uint32, ev2pt_enc, vid_range_flag, vid, bc_dst_mac_flag, mc_dst_mac_flag, vtag_cnt))
 
 UDT(lmq_fe_cls_proto_key_s,
@@ -353,21 +390,49 @@ UDT(lmq_fe_cls_proto_key_s,
     SCALAR(vx_boolean,            rsvd_dst_mac_flag),
     SCALAR(vx_boolean,            my_mac_flag),
     SCALAR(vx_boolean,            mc_ip_flag),
-    MASK(valid, vx_uint32, tpid_enc, dst_mac_addr_low, ev2pt, ip_proto, spcl_key_hit_bitmap, l4_src_hit_bitmap, l4_dst_hit_bitmap, icmp_type, prsr_len_excd, da_flag))
+    MASK(valid, vx_uint32,
+         tpid_enc, dst_mac_addr_low, ev2pt, ip_proto, spcl_key_hit_bitmap, l4_src_hit_bitmap, l4_dst_hit_bitmap,
+         icmp_type, prsr_len_excd, da_flag))
 
 UDT(lmq_fe_cls_mcast_key_s,
-    SCALAR(             lmq_fe_cls_addr_e, addr_type),
+    SCALAR(lmq_fe_cls_addr_e, addr_type),
     OVERLAID(addr,
         ELEMENTS(vx_mac_addr_t, addr.mac, 6),
         NESTED(  vx_in_addr_t,  addr.ipv4),
         NESTED(  vx_in6_addr_t, addr.ipv6)),
-    SCALAR(             vx_uint16,         vid),
-    SCALAR(             vx_boolean,        prsr_len_excd),
-    SCALAR(             vx_boolean,        mcast_addr_type),
-    SCALAR(             vx_boolean,        grp_id_vld),
-    SCALAR(             vx_uint8,          grp_id),
+    SCALAR(vx_uint16,         vid),
+    SCALAR(vx_boolean,        prsr_len_excd),
+    SCALAR(vx_boolean,        mcast_addr_type),
+    SCALAR(vx_boolean,        grp_id_vld),
+    SCALAR(vx_uint8,          grp_id),
     MASK(valid, vx_uint32, addr, vid, prsr_len_excd))
 
+UDT(lmq_fe_cls_gem_mcast_key_s,
+    SCALAR(vx_uint8,          gem_subpid),
+    SCALAR(lmq_fe_cls_addr_e, addr_type),
+    OVERLAID(addr,
+        ELEMENTS(vx_mac_addr_t, addr.mac, 6),
+        NESTED(  vx_in_addr_t,  addr.ipv4),
+        NESTED(  vx_in6_addr_t, addr.ipv6)),
+    SCALAR(vx_uint16,         vid),
+    SCALAR(vx_boolean,        prsr_len_excd),
+    SCALAR(vx_boolean,        mcast_addr_type),
+    SCALAR(vx_boolean,        grp_id_vld),
+    SCALAR(vx_uint8,          grp_id),
+    MASK(valid, vx_uint32, gem_subpid, addr, vid, prsr_len_excd))
+
+// dest_addr has no ipv6, though dest_addr_type can say so. The flag src_addr stands for src_addr_ipv4.
+UDT(lmq_fe_cls_ipv4_mcast_pkt_key_s,
+    SCALAR(vx_uint8,          sub_pid),
+    SCALAR(lmq_fe_cls_addr_e, dest_addr_type),
+    OVERLAID(dest_addr,
+        ELEMENTS(vx_mac_addr_t, dest_addr.mac, 6),
+        NESTED(  vx_in_addr_t,  dest_addr.ipv4)),
+    NESTED(vx_in_addr_t,      src_addr_ipv4),
+    SCALAR(vx_uint16,         vid),
+    MASK(valid, vx_uint32, sub_pid, dest_addr, vid, src_addr))
+
+// outer_tpid_enc and inner_tpid_enc are bytes; the other keys have lmq_fe_cls_tpid_enc_e.
 UDT(lmq_fe_cls_ext_vlan_key_s,
     SCALAR(vx_uint8,   gem_subpid),
     SCALAR(vx_uint8,   vtag_cnt),
@@ -384,37 +449,8 @@ UDT(lmq_fe_cls_ext_vlan_key_s,
     SCALAR(vx_boolean, mc_dst_mac_flag),
     SCALAR(vx_boolean, not_ipv4_pkt_flag),
     SCALAR(vx_boolean, not_ipv6_pkt_flag),
-    MASK(valid, vx_uint32, gem_subpid, vtag_cnt, outer_tpid_enc, outer_dot1p, outer_de, outer_vid, inner_tpid_enc, inner_dot1p, inner_de, inner_vid, ev2pt, bc_dst_mac_flag, mc_dst_mac_flag, not_ipv4_pkt_flag, not_ipv6_pkt_flag))
-
-UDT(lmq_fe_cls_gem_mcast_key_s,
-    SCALAR(             vx_uint8,          gem_subpid),
-    SCALAR(             lmq_fe_cls_addr_e, addr_type),
-    OVERLAID(addr,
-        ELEMENTS(vx_mac_addr_t, addr.mac, 6),
-        NESTED(  vx_in_addr_t,  addr.ipv4),
-        NESTED(  vx_in6_addr_t, addr.ipv6)),
-    SCALAR(             vx_uint16,         vid),
-    SCALAR(             vx_boolean,        prsr_len_excd),
-    SCALAR(             vx_boolean,        mcast_addr_type),
-    SCALAR(             vx_boolean,        grp_id_vld),
-    SCALAR(             vx_uint8,          grp_id),
-    MASK(valid, vx_uint32, gem_subpid, addr, vid, prsr_len_excd))
-
-UDT(lmq_fe_cls_gem_ctrl_pkt_key_s,
-    SCALAR(  vx_uint8,      gem_subpid),
-    ELEMENTS(vx_mac_addr_t, dst_mac_addr, 6),
-    SCALAR(  vx_boolean,    spl_pkt_en),
-    SCALAR(  vx_uint32,     splpktvect_ev2pt),
-    MASK(valid, vx_uint32, gem_subpid, dst_mac_addr, ev2pt))
-
-UDT(lmq_fe_cls_ipv4_mcast_pkt_key_s,
-    SCALAR(             vx_uint8,              sub_pid),
-    SCALAR(             lmq_fe_cls_addr_e,     dest_addr_type),
-    OVERLAID(dest_addr,
-        ELEMENTS(vx_mac_addr_t, dest_addr.mac, 6),
-        NESTED(  vx_in_addr_t,  dest_addr.ipv4)),
-    NESTED(             vx_in_addr_t,          src_addr_ipv4),
-    SCALAR(             vx_uint16,             vid),
-    MASK(valid, vx_uint32, sub_pid, dest_addr, vid, src_addr))
+    MASK(valid, vx_uint32,
+         gem_subpid, vtag_cnt, outer_tpid_enc, outer_dot1p, outer_de, outer_vid, inner_tpid_enc, inner_dot1p, inner_de,
+         inner_vid, ev2pt, bc_dst_mac_flag, mc_dst_mac_flag, not_ipv4_pkt_flag, not_ipv6_pkt_flag))
 
 } // namespace lmq

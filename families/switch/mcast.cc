@@ -1,4 +1,4 @@
-// Multicast: UDTs, inner ones first, then the methods.
+// Multicast: UDTs, inner ones first, then the methods. The four list methods take the count before the list.
 #include "families/udts.h"
 #include "frame/method.h"
 #include "lmq/mcast.h"
@@ -10,13 +10,14 @@ UDT(vx_acl_mcast_grp_addr_t,
     NESTED(  vx_ip_addr_t,         mc_ip_addr),
     ELEMENTS(vx_mac_addr_t,        mc_mac_addr, 6))
 
+// mcast_grp is declared with the tag of its struct, and so member list and fault texts spell it.
 UDT(vx_mcast_acl_t,
-    SCALAR(   vx_uint16,                      sub_port_id),
-    SCALAR(   vx_uint16,                      mcast_vlan),
-    NESTED(   vx_ip_addr_t,                   grp_start),
-    NESTED(   vx_ip_addr_t,                   grp_end),
-    NESTED(   vx_ip_addr_t,                   src_ip),
-    SCALAR(   vx_uint16,                      mcast_grp_cnt),
+    SCALAR(vx_uint16,    sub_port_id),
+    SCALAR(vx_uint16,    mcast_vlan),
+    NESTED(vx_ip_addr_t, grp_start),
+    NESTED(vx_ip_addr_t, grp_end),
+    NESTED(vx_ip_addr_t, src_ip),
+    SCALAR(vx_uint16,    mcast_grp_cnt),
     UDT_ARRAY_SPELLED(vx_acl_mcast_grp_addr_t, "struct vx_acl_mcast_grp_addr_s", mcast_grp, 2))
 
 UDT(vx_mcast_vlan_cfg_t,
@@ -59,50 +60,66 @@ UDT(lmq_mcast_filter_cfg_dbg_s,
     NESTED(vx_acl_mcast_grp_addr_t,         mcast_grp_addr),
     NESTED(lmq_mcast_src_filter_list_dbg_s, src_filter_list))
 
-METHOD(vx_mcast_vlan_config_set, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint16, mcast_vlan), UDT_PTR(vx_mcast_vlan_cfg_t, p_cfg))
-METHOD(lmq_set_port_igmp_vlan_config, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_num), UDT_PTR(lmq_igmp_vlan_cfg_s, p_cfg))
-METHOD(lmq_print_port_igmp_vlan_config, no_help, VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_num))
-METHOD(vx_mcast_vlan_get, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), ELEMENT_PTR(vx_uint16, num), UDT_PTR(vx_mcast_vlan_cfg_t, p_cfg))
-METHOD(vx_mcast_ip_entry_delete, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_mcast_ip_entry_t, entry))
-METHOD(vx_mcast_ip_entry_get, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), ELEMENT_PTR(vx_uint16, num), UDT_PTR(vx_mcast_ip_entry_t, entry))
-METHOD(lmq_dbg_print_mc_grp_acl, no_help, VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, uni_port_num))
-METHOD(vx_mcast_ip_entry_add, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_mcast_ip_entry_t, entry))
-METHOD(vx_mcast_l2_entry_add, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_mcast_l2_entry_t, entry))
-METHOD(lmq_disable_port_igmp_snooping, no_help, VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_num))
-METHOD(lmq_get_port_igmp_vlan_config, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_num), UDT_PTR(lmq_igmp_vlan_cfg_s, p_cfg))
-METHOD(lmq_dbg_print_all_mc_vlan_cfg, no_help, VALUE(vx_dev_id_t, dev_id))
-METHOD(lmq_dbg_print_mc_vlan_cfg, no_help, VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, uni_port_num))
-METHOD(vx_mcast_l2_entry_get, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), ELEMENT_PTR(vx_uint16, num), UDT_PTR(vx_mcast_l2_entry_t, entry))
-METHOD(vx_mcast_acl_add, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_mcast_acl_t, p_mcast_acl))
-METHOD(vx_mcast_vlan_clear, no_help, VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id))
-METHOD(vx_mcast_ip_entry_clear, no_help, VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id))
-METHOD(vx_mcast_l2_entry_delete, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_mcast_l2_entry_t, entry))
-METHOD(vx_mcast_vlan_config_get, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint16, mcast_vlan), UDT_PTR(vx_mcast_vlan_cfg_t, p_cfg))
-METHOD(lmq_dbg_print_mc_db, no_help, VALUE(vx_dev_id_t, dev_id))
-METHOD(vx_mcast_l2_entry_clear, no_help, VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id))
 METHOD(vx_mcast_vlan_add, no_help,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint16, mcast_vlan))
-METHOD(lmq_dbg_set_mcast_filter_config, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_num), UDT_PTR(vx_mcast_host_info_dbg_t, p_host_info), UDT_PTR(lmq_mcast_filter_cfg_dbg_s, p_mcast_filter))
 METHOD(vx_mcast_vlan_delete, no_help,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint16, mcast_vlan))
-METHOD(lmq_enable_port_igmp_snooping, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_num), VALUE(lmq_igmp_proto_type_e, proto_type))
-METHOD(vx_mcast_acl_get, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), ELEMENT_PTR(vx_uint16, num), UDT_PTR(vx_mcast_acl_t, p_mcast_acl))
+METHOD(vx_mcast_vlan_clear, no_help, VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id))
+METHOD(vx_mcast_vlan_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), ELEMENT_PTR(vx_uint16, num),
+       UDT_PTR(vx_mcast_vlan_cfg_t, p_cfg))
+
+// The VLAN comes twice, by itself and in p_cfg. Both are handed on.
+METHOD(vx_mcast_vlan_config_set, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint16, mcast_vlan),
+       UDT_PTR(vx_mcast_vlan_cfg_t, p_cfg))
+METHOD(vx_mcast_vlan_config_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint16, mcast_vlan),
+       UDT_PTR(vx_mcast_vlan_cfg_t, p_cfg))
+
+METHOD(vx_mcast_l2_entry_add, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_mcast_l2_entry_t, entry))
+METHOD(vx_mcast_l2_entry_delete, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_mcast_l2_entry_t, entry))
+METHOD(vx_mcast_l2_entry_clear, no_help, VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id))
+METHOD(vx_mcast_l2_entry_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), ELEMENT_PTR(vx_uint16, num),
+       UDT_PTR(vx_mcast_l2_entry_t, entry))
+
+METHOD(vx_mcast_ip_entry_add, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_mcast_ip_entry_t, entry))
+METHOD(vx_mcast_ip_entry_delete, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_mcast_ip_entry_t, entry))
+METHOD(vx_mcast_ip_entry_clear, no_help, VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id))
+METHOD(vx_mcast_ip_entry_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), ELEMENT_PTR(vx_uint16, num),
+       UDT_PTR(vx_mcast_ip_entry_t, entry))
+
+METHOD(vx_mcast_acl_add, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_mcast_acl_t, p_mcast_acl))
 METHOD(vx_mcast_acl_delete, no_help,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_mcast_acl_t, p_mcast_acl))
+METHOD(vx_mcast_acl_get, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), ELEMENT_PTR(vx_uint16, num),
+       UDT_PTR(vx_mcast_acl_t, p_mcast_acl))
+
+METHOD(lmq_enable_port_igmp_snooping, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_num), VALUE(lmq_igmp_proto_type_e, proto_type))
+METHOD(lmq_disable_port_igmp_snooping, no_help, VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_num))
+
+METHOD(lmq_set_port_igmp_vlan_config, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_num), UDT_PTR(lmq_igmp_vlan_cfg_s, p_cfg))
+METHOD(lmq_get_port_igmp_vlan_config, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_num), UDT_PTR(lmq_igmp_vlan_cfg_s, p_cfg))
+METHOD(lmq_print_port_igmp_vlan_config, no_help, VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_num))
+
+METHOD(lmq_dbg_set_mcast_filter_config, no_help,
+       VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_num), UDT_PTR(vx_mcast_host_info_dbg_t, p_host_info),
+       UDT_PTR(lmq_mcast_filter_cfg_dbg_s, p_mcast_filter))
+
+METHOD(lmq_dbg_print_mc_grp_acl, no_help, VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, uni_port_num))
+METHOD(lmq_dbg_print_mc_vlan_cfg, no_help, VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, uni_port_num))
+METHOD(lmq_dbg_print_all_mc_vlan_cfg, no_help, VALUE(vx_dev_id_t, dev_id))
+METHOD(lmq_dbg_print_mc_db, no_help, VALUE(vx_dev_id_t, dev_id))
 
 } // namespace lmq

@@ -1,6 +1,6 @@
 /**
  * @file
- * @brief 802.1ag.
+ * @brief Connectivity fault management (IEEE 802.1ag): loopback, continuity check and delay measurement in hardware.
  */
 #ifndef LMQ_CFM_H
 #define LMQ_CFM_H
@@ -12,30 +12,38 @@
 extern "C" {
 #endif
 
-#define VX_CFM_CCM_PKT_BUFF_SIZE 2048
+#define VX_CFM_CCM_PKT_BUFF_SIZE 2048 /**< Bytes of vx_1ag_ccm_pkt_buf_cfg_t.p_pkt_buff. */
+
+/** @name OpCodes of delay measurement in a packet (ITU-T Y.1731): 1DM 45, DMR 46, DMM 47 */
+/** @{ */
 #define VX_CFM_OPCODE_MIN 45
 #define VX_CFM_OPCODE_MAX 47
-#define VX_CFM_MD_LEVEL_MAX 7
+/** @} */
 
+#define VX_CFM_MD_LEVEL_MAX 7 /**< Greatest maintenance domain level. */
+
+/** @brief Delay measurement messages: bits, not the OpCodes of the packets. */
 typedef enum vx_cfm_opcode_t LMQ_ENUM_INT {
-    VX_CFM_1DM = 1,
-    VX_CFM_DMR = 2,
-    VX_CFM_DMM = 4,
+    VX_CFM_1DM = 1, /**< One-way measurement. */
+    VX_CFM_DMR = 2, /**< Reply of a two-way measurement. */
+    VX_CFM_DMM = 4, /**< Request of a two-way measurement. */
 } vx_cfm_opcode_t;
 
+/** @brief Whether the hardware transmits continuity check messages (CCM). */
 typedef enum vx_cfm_ccm_tx_mode_t LMQ_ENUM_INT {
     VX_CFM_CCM_TX_DISABLE = 0,
     VX_CFM_CCM_ONE_TIME_TX = 1,
-    VX_CFM_CCM_REPEAT_TX = 2,
+    VX_CFM_CCM_REPEAT_TX = 2, /**< Again after each repeat_timer. */
 } vx_cfm_ccm_tx_mode_t;
 
+/** @brief Loopback messages (LBM), and the replies to them (LBR). A set takes the members that `valid` flags. */
 typedef struct {
-    vx_boolean enbl_lbm_proc;
-    vx_boolean accept_mcast_da;
-    vx_uint8 md_level;
-    vx_uint16 lbr_tx_port;
-    vx_uint16 lbr_tx_gem_port;
-    vx_uint8 lbr_cos;
+    vx_boolean enbl_lbm_proc;   /**< The hardware answers loopback messages. */
+    vx_boolean accept_mcast_da; /**< Also those to a multicast address. */
+    vx_uint8 md_level;          /**< Maintenance domain level, 0 to VX_CFM_MD_LEVEL_MAX. */
+    vx_uint16 lbr_tx_port;      /**< Port that sends the replies. */
+    vx_uint16 lbr_tx_gem_port;  /**< GEM port that sends them, when the port is the PON. */
+    vx_uint8 lbr_cos;           /**< Class of service of the replies, 0 to 7. */
     union {
         struct {
             vx_uint32 enbl_lbm_proc : 1;
@@ -49,12 +57,13 @@ typedef struct {
     } valid;
 } vx_1ag_lbm_cfg_t;
 
+/** @brief Generation of continuity check messages. A set takes the members that `valid` flags. */
 typedef struct {
     vx_cfm_ccm_tx_mode_t ccm_tx_mode;
-    vx_uint32 repeat_timer;
-    vx_boolean enbl_seq_num;
-    vx_uint16 seq_num_offset;
-    vx_uint32 seq_num_val;
+    vx_uint32 repeat_timer;   /**< From one message to the next, in milliseconds. */
+    vx_boolean enbl_seq_num;  /**< Write a sequence number that grows by 1 with each message. */
+    vx_uint16 seq_num_offset; /**< Where in the packet it is written, in bytes. */
+    vx_uint32 seq_num_val;    /**< The next sequence number. */
     union {
         struct {
             vx_uint32 ccm_tx_mode : 1;
@@ -67,12 +76,13 @@ typedef struct {
     } valid;
 } vx_1ag_ccm_cfg_t;
 
+/** @brief The packet that the hardware transmits as a continuity check message. A set takes what `valid` flags. */
 typedef struct {
-    vx_uint16 port_num;
-    vx_uint16 gem_port_id;
+    vx_uint16 port_num;    /**< Port that sends it. */
+    vx_uint16 gem_port_id; /**< GEM port that sends it, when the port is the PON. No flag in `valid`. */
     vx_boolean enbl_byte_swap;
-    vx_uint16 pkt_len;
-    vx_uint8 p_pkt_buff[2048];
+    vx_uint16 pkt_len;         /**< Bytes of p_pkt_buff that count. */
+    vx_uint8 p_pkt_buff[2048]; /**< The packet itself, in spite of the name. */
     union {
         struct {
             vx_uint32 port_num : 1;
@@ -84,35 +94,115 @@ typedef struct {
     } valid;
 } vx_1ag_ccm_pkt_buf_cfg_t;
 
+/** @brief Delay measurement (ITU-T Y.1731) by the hardware. */
 typedef struct {
     vx_boolean enbl_rx;
     vx_boolean enbl_tx;
-    vx_cfm_opcode_t rx_op_code;
+    vx_cfm_opcode_t rx_op_code; /**< Messages to process when they are received: bits. */
 } vx_1ag_dm_cfg_t;
 
+/** @brief Packet counters. */
 typedef struct {
     vx_uint32 tx_lbr_pkts;
     vx_uint32 rx_dm_pkts;
     vx_uint32 tx_dm_pkts;
 } vx_1ag_stats_t;
 
-vx_status_e vx_1ag_dm_config_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_1ag_dm_cfg_t *p_cfg);
+/** @name Loopback messages */
+/** @{ */
 
-vx_status_e vx_1ag_ccm_pkt_buf_get(vx_dev_id_t dev_id, vx_1ag_ccm_pkt_buf_cfg_t *p_cfg);
-
-vx_status_e vx_1ag_lbm_config_get(vx_dev_id_t dev_id, vx_1ag_lbm_cfg_t *p_cfg);
-
+/**
+ * @brief Sets the members of loopback message processing that `valid` flags.
+ * @param dev_id The device.
+ * @param p_cfg  The configuration.
+ * @return VX_SUCCESS or a status.
+ */
 vx_status_e vx_1ag_lbm_config_set(vx_dev_id_t dev_id, vx_1ag_lbm_cfg_t *p_cfg);
 
+/**
+ * @brief Reads loopback message processing.
+ * @param dev_id The device.
+ * @param p_cfg  Where to write it; `valid` reports the members filled.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_1ag_lbm_config_get(vx_dev_id_t dev_id, vx_1ag_lbm_cfg_t *p_cfg);
+
+/** @} */
+
+/** @name Continuity check messages */
+/** @{ */
+
+/**
+ * @brief Sets the members of CCM generation that `valid` flags.
+ * @param dev_id The device.
+ * @param p_cfg  The configuration.
+ * @return VX_SUCCESS or a status.
+ */
 vx_status_e vx_1ag_ccm_config_set(vx_dev_id_t dev_id, vx_1ag_ccm_cfg_t *p_cfg);
 
+/**
+ * @brief Reads CCM generation.
+ * @param dev_id The device.
+ * @param p_cfg  Where to write it; `valid` reports the members filled.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_1ag_ccm_config_get(vx_dev_id_t dev_id, vx_1ag_ccm_cfg_t *p_cfg);
+
+/**
+ * @brief Sets the members of the CCM packet buffer that `valid` flags.
+ * @param dev_id The device.
+ * @param p_cfg  The packet.
+ * @return VX_SUCCESS or a status.
+ */
 vx_status_e vx_1ag_ccm_pkt_buf_set(vx_dev_id_t dev_id, vx_1ag_ccm_pkt_buf_cfg_t *p_cfg);
 
+/**
+ * @brief Reads the CCM packet buffer.
+ * @param dev_id The device.
+ * @param p_cfg  Where to write it; `valid` reports the members filled.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_1ag_ccm_pkt_buf_get(vx_dev_id_t dev_id, vx_1ag_ccm_pkt_buf_cfg_t *p_cfg);
+
+/** @} */
+
+/** @name Delay measurement */
+/** @{ */
+
+/**
+ * @brief Switches hardware processing of delay measurement messages on a port.
+ * With reception enabled and no callback registered, messages that are trapped to the CPU are discarded.
+ * @param dev_id  The device.
+ * @param port_id The port.
+ * @param p_cfg   The configuration.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_1ag_dm_config_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_1ag_dm_cfg_t *p_cfg);
+
+/**
+ * @brief Reads delay measurement of a port.
+ * @param dev_id  The device.
+ * @param port_id The port.
+ * @param p_cfg   Where to write it.
+ * @return VX_SUCCESS or a status.
+ */
 vx_status_e vx_1ag_dm_config_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_1ag_dm_cfg_t *p_cfg);
 
+/** @} */
+
+/** @name Counters */
+/** @{ */
+
+/**
+ * @brief Reads the packet counters of the device.
+ * @param dev_id  The device.
+ * @param p_stats Where to write them.
+ * @param clear   TRUE to begin again at 0.
+ * @return VX_SUCCESS or a status.
+ */
 vx_status_e vx_1ag_stats_get(vx_dev_id_t dev_id, vx_1ag_stats_t *p_stats, vx_boolean clear);
 
-vx_status_e vx_1ag_ccm_config_get(vx_dev_id_t dev_id, vx_1ag_ccm_cfg_t *p_cfg);
+/** @} */
 
 #ifdef __cplusplus
 }

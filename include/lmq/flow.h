@@ -1,6 +1,9 @@
 /**
  * @file
- * @brief Flows.
+ * @brief Flows: which packets they are, what is done to them, and where they go.
+ *
+ * Upstream flows run from a UNI towards the SNI, downstream flows the other way. Each direction has its own operations
+ * and its own key. The driver owns the table of flows and gives out their ids.
  */
 #ifndef LMQ_FLOW_H
 #define LMQ_FLOW_H
@@ -13,12 +16,24 @@
 extern "C" {
 #endif
 
-#define LMQ_INVALID_SUB_PID (0xff)
+/** @name Identifiers that name nothing */
+/** @{ */
 #define LMQ_INVALID_FLOW_ID ((vx_flow_id_t)0xffffffff)
+#define LMQ_INVALID_SUB_PID (0xff) /**< No sub-port: no GEM port or LLID. */
+/** @} */
+
+/** @name Priority of an upstream flow in the classifier */
+/** @{ */
 #define LMQ_MIN_US_CL_PRI 0
 #define LMQ_MAX_US_CL_PRI 11
-#define LMQ_DEF_US_CL_PRI 0xff
+#define LMQ_DEF_US_CL_PRI 0xff /**< The driver chooses. */
+/** @} */
 
+/**
+ * @brief Which alternative of a key counts.
+ *
+ * The numbers are not in the order of the alternatives, and the first key on a GEM port has the number of their base.
+ */
 typedef enum vx_cl_key_type_t LMQ_ENUM_INT {
     VX_CL_KEY_INVALID = 0,
     VX_CL_KEY_MAC_DA_ETYPE = 1,
@@ -43,83 +58,93 @@ typedef enum vx_cl_key_type_t LMQ_ENUM_INT {
     VX_CL_KEY_MAX = 19,
 } vx_cl_key_type_t;
 
+/** @brief What happens to a VLAN tag. */
 typedef enum vx_flow_vlan_tag_action_type_t LMQ_ENUM_INT {
     VX_FLOW_VLAN_TAG_ACTION_ASIS = 0,
-    VX_FLOW_VLAN_TAG_ACTION_PUSH = 1,
+    VX_FLOW_VLAN_TAG_ACTION_PUSH = 1, /**< Where the key has matched a tag. */
     VX_FLOW_VLAN_TAG_ACTION_POP = 2,
     VX_FLOW_VLAN_TAG_ACTION_SWAP = 3,
-    VX_FLOW_VLAN_TAG_ACTION_UNCOND_PUSH = 4,
-    VX_FLOW_VLAN_TAG_ACTION_SWAP_L2_TBL_VID = 5,
+    VX_FLOW_VLAN_TAG_ACTION_UNCOND_PUSH = 4,     /**< Whatever tags there are. */
+    VX_FLOW_VLAN_TAG_ACTION_SWAP_L2_TBL_VID = 5, /**< With the VLAN of the forwarding entry. */
     VX_FLOW_VLAN_TAG_ACTION_INVALID = 6,
     VX_FLOW_VLAN_TAG_ACTION_MAX = 6,
 } vx_flow_vlan_tag_action_type_t;
 
+/** @brief Where the tag protocol identifier (IEEE 802.1Q) of a tag comes from. */
 typedef enum vx_flow_tpid_action_type_t LMQ_ENUM_INT {
     VX_FLOW_TPID_ACTION_ASIS = 0,
-    VX_FLOW_TPID_ACTION_EGR_PORT_DFT = 1,
-    VX_FLOW_TPID_ACTION_FIXED_VAL = 2,
-    VX_FLOW_TPID_ACTION_COPY_O_TPID = 3,
-    VX_FLOW_TPID_ACTION_COPY_I_TPID = 4,
+    VX_FLOW_TPID_ACTION_EGR_PORT_DFT = 1, /**< The default of the egress port. */
+    VX_FLOW_TPID_ACTION_FIXED_VAL = 2,    /**< Member tpid of the action. */
+    VX_FLOW_TPID_ACTION_COPY_O_TPID = 3,  /**< The outer tag. */
+    VX_FLOW_TPID_ACTION_COPY_I_TPID = 4,  /**< The inner tag. */
     VX_FLOW_TPID_ACTION_INVALID = 5,
     VX_FLOW_TPID_ACTION_MAX = 5,
 } vx_flow_tpid_action_type_t;
 
+/** @brief Where the priority bits (IEEE 802.1Q PCP) of a tag come from. */
 typedef enum vx_flow_pbit_action_type_t LMQ_ENUM_INT {
     VX_FLOW_PBIT_ACTION_ASIS = 0,
-    VX_FLOW_PBIT_ACTION_FIXED_VAL = 1,
-    VX_FLOW_PBIT_ACTION_COPY_O_PBIT = 2,
-    VX_FLOW_PBIT_ACTION_COPY_I_PBIT = 3,
-    VX_FLOW_PBIT_ACTION_PORT_DFT = 4,
-    VX_FLOW_PBIT_ACTION_DSCP_MAP_TBL = 5,
-    VX_FLOW_PBIT_ACTION_PBIT_MAP = 6,
+    VX_FLOW_PBIT_ACTION_FIXED_VAL = 1,    /**< Member pbit of the action. */
+    VX_FLOW_PBIT_ACTION_COPY_O_PBIT = 2,  /**< The outer tag. */
+    VX_FLOW_PBIT_ACTION_COPY_I_PBIT = 3,  /**< The inner tag. */
+    VX_FLOW_PBIT_ACTION_PORT_DFT = 4,     /**< The default of the port. */
+    VX_FLOW_PBIT_ACTION_DSCP_MAP_TBL = 5, /**< The port's DSCP map. */
+    VX_FLOW_PBIT_ACTION_PBIT_MAP = 6,     /**< The port's 802.1p map. */
     VX_FLOW_PBIT_ACTION_INVALID = 7,
     VX_FLOW_PBIT_ACTION_MAX = 7,
 } vx_flow_pbit_action_type_t;
 
+/** @brief Where the drop eligible indicator (IEEE 802.1Q DEI) of a tag comes from. */
 typedef enum vx_flow_de_action_type_t LMQ_ENUM_INT {
     VX_FLOW_DE_ACTION_ASIS = 0,
-    VX_FLOW_DE_ACTION_FIXED_VAL = 1,
+    VX_FLOW_DE_ACTION_FIXED_VAL = 1, /**< Member de of the action. */
     VX_FLOW_DE_ACTION_INVALID = 2,
     VX_FLOW_DE_ACTION_MAX = 2,
 } vx_flow_de_action_type_t;
 
+/** @brief Where the class of service of a packet comes from. */
 typedef enum vx_flow_cos_action_type_t LMQ_ENUM_INT {
     VX_FLOW_COS_ACTION_UNUSED = 0,
     VX_FLOW_COS_ACTION_PORT_DFT = 1,
-    VX_FLOW_COS_ACTION_FIXED_VAL = 2,
+    VX_FLOW_COS_ACTION_FIXED_VAL = 2, /**< Member cos_val of the action. */
     VX_FLOW_COS_ACTION_PBIT_MAP_TBL = 3,
     VX_FLOW_COS_ACTION_DSCP_TC_MAP = 4,
     VX_FLOW_COS_ACTION_MAX = 5,
 } vx_flow_cos_action_type_t;
 
+/** @brief Where the DSCP (RFC 2474) of a packet comes from. */
 typedef enum vx_flow_dscp_action_type_t LMQ_ENUM_INT {
     VX_FLOW_DSCP_ACTION_ASIS = 0,
-    VX_FLOW_DSCP_ACTION_FIXED_VAL = 1,
+    VX_FLOW_DSCP_ACTION_FIXED_VAL = 1, /**< Member dscp_val of the action. */
     VX_FLOW_DSCP_ACTION_PBIT_MAP = 2,
     VX_FLOW_DSCP_ACTION_DSCP_TC_MAP = 3,
     VX_FLOW_DSCP_ACTION_MAX = 4,
 } vx_flow_dscp_action_type_t;
 
+/** @brief Which VLAN the membership check at egress takes. */
 typedef enum vx_flow_egrs_vlan_chk_type_t LMQ_ENUM_INT {
-    VX_FLOW_EGRS_VLAN_CHK_USE_EGR_O_VID = 0,
-    VX_FLOW_EGRS_VLAN_CHK_USE_POP_I_VID = 1,
-    VX_FLOW_EGRS_VLAN_CHK_BYPASS = 2,
+    VX_FLOW_EGRS_VLAN_CHK_USE_EGR_O_VID = 0, /**< That of the outer tag as it leaves. */
+    VX_FLOW_EGRS_VLAN_CHK_USE_POP_I_VID = 1, /**< That of the inner tag that was popped. */
+    VX_FLOW_EGRS_VLAN_CHK_BYPASS = 2,        /**< There is no check. */
     VX_FLOW_EGRS_VLAN_CHK_MAX = 3,
 } vx_flow_egrs_vlan_chk_type_t;
 
+/** @brief Whether a packet is mirrored as it came or as it leaves. */
 typedef enum vx_flow_mirror_pkt_mode_t LMQ_ENUM_INT {
     VX_FLOW_MIRROR_BEFORE_PKT_MOD = 0,
     VX_FLOW_MIRROR_AFTER_PKT_MOD = 1,
     VX_FLOW_MIRROR_MODE_MAX = 2,
 } vx_flow_mirror_pkt_mode_t;
 
+/** @brief What happens to a packet whose source cannot be learned, the limit being reached. */
 typedef enum vx_lrn_lmt_pkt_act_t LMQ_ENUM_INT {
-    VX_LRN_LMT_PKT_ACT_FWD = 0,
-    VX_LRN_LMT_PKT_ACT_DRP = 1,
+    VX_LRN_LMT_PKT_ACT_FWD = 0, /**< Forward it. */
+    VX_LRN_LMT_PKT_ACT_DRP = 1, /**< Drop it. */
 } vx_lrn_lmt_pkt_act_t;
 
+/** @brief What an upstream packet must look like to belong to a flow. */
 typedef struct {
-    vx_cl_key_type_t key_type;
+    vx_cl_key_type_t key_type; /**< Which alternative of key_s counts. */
     union {
         vx_cl_key_mac_da_etype_t mac_da_etype;
         vx_cl_key_mac_range_etype_t mac_range_etype;
@@ -138,8 +163,9 @@ typedef struct {
     } key_s;
 } vx_flow_us_key_t;
 
+/** @brief What a downstream packet must look like to belong to a flow. */
 typedef struct {
-    vx_cl_key_type_t key_type;
+    vx_cl_key_type_t key_type; /**< Which alternative of key_s counts. */
     union {
         vx_cl_key_mac_da_etype_t mac_da_etype;
         vx_cl_key_mac_range_etype_t mac_range_etype;
@@ -158,47 +184,57 @@ typedef struct {
     } key_s;
 } vx_flow_ds_key_t;
 
+/** @brief What happens to one tag: for tag, TPID, priority and DEI an action, and the value of those that are fixed. */
 typedef struct {
     vx_flow_vlan_tag_action_type_t vlan_tag_act;
     vx_flow_tpid_action_type_t tpid_act;
     vx_flow_pbit_action_type_t pbit_act;
     vx_flow_de_action_type_t de_act;
-    vx_uint16 tpid;
-    vx_uint8 pbit;
-    vx_uint8 de;
-    vx_vid_t vid;
+    vx_uint16 tpid; /**< IEEE 802.1Q, 16 bits. */
+    vx_uint8 pbit;  /**< 0 to 7. */
+    vx_uint8 de;    /**< 0 or 1. */
+    vx_vid_t vid;   /**< Of a tag that is pushed or swapped. */
 } vx_flow_vlan_action_t;
 
+/** @brief What happens to the priority bits and the DEI of one tag. */
 typedef struct {
     vx_flow_pbit_action_type_t pbit_act;
     vx_flow_de_action_type_t de_act;
-    vx_uint8 pbit;
-    vx_uint8 de;
+    vx_uint8 pbit; /**< 0 to 7. */
+    vx_uint8 de;   /**< 0 or 1. */
 } vx_flow_dot1p_action_t;
 
+/** @brief The class of service of a packet. */
 typedef struct {
     vx_flow_cos_action_type_t cos_act;
-    vx_uint8 cos_val;
+    vx_uint8 cos_val; /**< 0 to LMQ_MAX_COS - 1. */
 } cl_flow_cos_action_t;
 
+/** @brief What happens to the DSCP of a packet. */
 typedef struct {
     vx_flow_dscp_action_type_t dscp_act;
-    vx_uint8 dscp_val;
+    vx_uint8 dscp_val; /**< 0 to LMQ_MAX_DSCP - 1. */
 } vx_flow_dscp_action_t;
 
+/**
+ * @brief What happens to the packets of a flow.
+ *
+ * The flags do not follow the members: dsbl_mac_learn stands before egrs_vlan_chk_sel. lrn_limit_act goes with
+ * dsbl_mac_learn, mirror_port and mirror_mode with enbl_pkt_mirror.
+ */
 typedef struct {
-    vx_flow_vlan_action_t o_vlan_act;
-    vx_flow_vlan_action_t i_vlan_act;
-    vx_flow_dot1p_action_t o_dot1p_act;
-    vx_flow_dot1p_action_t i_dot1p_act;
+    vx_flow_vlan_action_t o_vlan_act;   /**< The outer tag. */
+    vx_flow_vlan_action_t i_vlan_act;   /**< The inner tag. */
+    vx_flow_dot1p_action_t o_dot1p_act; /**< The outer tag. */
+    vx_flow_dot1p_action_t i_dot1p_act; /**< The inner tag. */
     cl_flow_cos_action_t cos_act;
     vx_flow_dscp_action_t dscp_act;
-    vx_uint8 queue_id;
+    vx_uint8 queue_id; /**< A fixed queue. Mapping the flow overrides it, where the two differ. */
     vx_flow_egrs_vlan_chk_type_t egrs_vlan_chk_sel;
-    vx_boolean dsbl_mac_learn;
+    vx_boolean dsbl_mac_learn; /**< TRUE: source addresses are not learned. */
     vx_lrn_lmt_pkt_act_t lrn_limit_act;
     vx_boolean enbl_pkt_mirror;
-    vx_uint16 mirror_port;
+    vx_uint16 mirror_port; /**< Where packets are mirrored to. */
     vx_flow_mirror_pkt_mode_t mirror_mode;
     union {
         struct {
@@ -217,49 +253,160 @@ typedef struct {
     } valid;
 } vx_flow_us_action_t;
 
+/** @brief The same for downstream flows. */
 typedef vx_flow_us_action_t vx_flow_ds_action_t;
 
+/** @brief An upstream flow, as vx_flow_us_all_get lists it. */
 typedef struct {
     vx_flow_id_t flow_id;
-    vx_uint16 port_num;
-    vx_uint8 pri;
+    vx_uint16 port_num; /**< The UNI it comes from. */
+    vx_uint8 pri;       /**< Priority in the classifier. */
     vx_flow_us_key_t key;
     vx_flow_us_action_t action;
-    vx_uint16 map_port;
-    vx_uint16 map_sub_port;
+    vx_uint16 map_port;     /**< The SNI or CPU port it is mapped to, or VX_INVALID_PORT_ID. */
+    vx_uint16 map_sub_port; /**< The GEM port or LLID it is mapped to. */
 } vx_flow_us_cfg_t;
 
+/** @brief A downstream flow, as vx_flow_ds_all_get lists it. */
 typedef struct {
     vx_flow_id_t flow_id;
-    vx_uint8 pri;
+    vx_uint8 pri; /**< Priority in the classifier. */
     vx_flow_ds_key_t key;
     vx_flow_ds_action_t action;
-    vx_uint16 map_port;
+    vx_uint16 map_port; /**< The port it is mapped to, or VX_INVALID_PORT_ID. */
 } vx_flow_ds_cfg_t;
 
-vx_status_e vx_flow_us_add(vx_dev_id_t device_id, vx_port_id_t port_id, vx_flow_us_key_t *p_key, vx_flow_us_action_t *p_action, vx_uint8 priority, vx_flow_id_t *p_flow_id);
+/**
+ * @brief Adds an upstream flow.
+ * @param device_id The device.
+ * @param port_id   The port its packets come from.
+ * @param p_key     Which packets belong to it.
+ * @param p_action  What is done to them.
+ * @param priority  LMQ_MIN_US_CL_PRI to LMQ_MAX_US_CL_PRI, or LMQ_DEF_US_CL_PRI.
+ * @param p_flow_id Where to write the id of the new flow.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_flow_us_add(vx_dev_id_t device_id, vx_port_id_t port_id, vx_flow_us_key_t *p_key,
+                           vx_flow_us_action_t *p_action, vx_uint8 priority, vx_flow_id_t *p_flow_id);
 
+/**
+ * @brief Deletes an upstream flow and frees all that was allocated to it.
+ * @param dev_id  The device.
+ * @param flow_id The flow.
+ * @return VX_SUCCESS or a status.
+ */
 vx_status_e vx_flow_us_delete(vx_dev_id_t dev_id, vx_flow_id_t flow_id);
 
-vx_status_e vx_flow_us_modify(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_flow_us_key_t *p_key, vx_flow_us_action_t *p_action);
+/**
+ * @brief Sets the action of an upstream flow.
+ * @param dev_id   The device.
+ * @param flow_id  The flow.
+ * @param p_key    The rule that identifies the flow.
+ * @param p_action What is done to its packets.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_flow_us_modify(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_flow_us_key_t *p_key,
+                              vx_flow_us_action_t *p_action);
 
-vx_status_e vx_flow_us_get(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_flow_us_key_t *p_key, vx_flow_us_action_t *p_action);
+/**
+ * @brief Reads key and action of an upstream flow.
+ * @param dev_id   The device.
+ * @param flow_id  The flow.
+ * @param p_key    Where to write the key.
+ * @param p_action Where to write the action.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_flow_us_get(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_flow_us_key_t *p_key,
+                           vx_flow_us_action_t *p_action);
 
+/**
+ * @brief Maps an upstream flow to a port and sub-port.
+ *
+ * Not needed when the action has a fixed queue. When it is called later, it overrides the queue of the action in a
+ * conflict; a sub-port to which that queue is mapped already changes nothing.
+ * @param dev_id       The device.
+ * @param flow_id      The flow.
+ * @param sni_port_num SNI or CPU port.
+ * @param sni_sub_port GEM port for GPON, LLID for EPON.
+ * @return VX_SUCCESS or a status.
+ */
 vx_status_e vx_flow_us_map(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_uint16 sni_port_num, vx_uint16 sni_sub_port);
 
-vx_status_e vx_flow_us_all_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 get_cnt, vx_flow_us_cfg_t *p_cfg, vx_uint16 *p_valid_cnt);
+/**
+ * @brief Lists the upstream flows of a port.
+ * @param dev_id      The device.
+ * @param port_id     The port.
+ * @param get_cnt     Records there is room for.
+ * @param p_cfg       Where to write get_cnt records at most.
+ * @param p_valid_cnt Where to write how many records were filled.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_flow_us_all_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 get_cnt, vx_flow_us_cfg_t *p_cfg,
+                               vx_uint16 *p_valid_cnt);
 
-vx_status_e vx_flow_ds_add(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_flow_ds_key_t *p_key, vx_flow_ds_action_t *p_action, vx_uint8 priority, vx_flow_id_t *p_flow_id);
+/**
+ * @brief Adds a downstream flow.
+ * @param dev_id    The device.
+ * @param port_id   The port it is added to.
+ * @param p_key     Which packets belong to it.
+ * @param p_action  What is done to them.
+ * @param priority  Priority in the classifier.
+ * @param p_flow_id Where to write the id of the new flow.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_flow_ds_add(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_flow_ds_key_t *p_key,
+                           vx_flow_ds_action_t *p_action, vx_uint8 priority, vx_flow_id_t *p_flow_id);
 
+/**
+ * @brief Deletes a downstream flow and frees all that was allocated to it.
+ * @param dev_id  The device.
+ * @param flow_id The flow.
+ * @return VX_SUCCESS or a status.
+ */
 vx_status_e vx_flow_ds_delete(vx_dev_id_t dev_id, vx_flow_id_t flow_id);
 
-vx_status_e vx_flow_ds_modify(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_flow_ds_key_t *p_key, vx_flow_ds_action_t *p_action);
+/**
+ * @brief Sets the action of a downstream flow.
+ * @param dev_id   The device.
+ * @param flow_id  The flow.
+ * @param p_key    The rule that identifies the flow.
+ * @param p_action What is done to its packets.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_flow_ds_modify(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_flow_ds_key_t *p_key,
+                              vx_flow_ds_action_t *p_action);
 
-vx_status_e vx_flow_ds_get(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_flow_ds_key_t *p_key, vx_flow_ds_action_t *p_action);
+/**
+ * @brief Reads key and action of a downstream flow.
+ * @param dev_id   The device.
+ * @param flow_id  The flow.
+ * @param p_key    Where to write the key.
+ * @param p_action Where to write the action.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_flow_ds_get(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_flow_ds_key_t *p_key,
+                           vx_flow_ds_action_t *p_action);
 
+/**
+ * @brief Maps a downstream flow to a port.
+ * @param dev_id  The device.
+ * @param flow_id The flow.
+ * @param port_id The port it leaves by.
+ * @return VX_SUCCESS or a status.
+ */
 vx_status_e vx_flow_ds_map(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_port_id_t port_id);
 
-vx_status_e vx_flow_ds_all_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 get_cnt, vx_flow_ds_cfg_t *p_cfg, vx_uint16 *p_valid_cnt);
+/**
+ * @brief Lists the downstream flows of a port.
+ * @param dev_id      The device.
+ * @param port_id     The port.
+ * @param get_cnt     Records there is room for.
+ * @param p_cfg       Where to write get_cnt records at most.
+ * @param p_valid_cnt Where to write how many records were filled.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_flow_ds_all_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 get_cnt, vx_flow_ds_cfg_t *p_cfg,
+                               vx_uint16 *p_valid_cnt);
 
 #ifdef __cplusplus
 }

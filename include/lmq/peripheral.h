@@ -1,6 +1,8 @@
 /**
  * @file
- * @brief Low-speed peripherals.
+ * @brief Low-speed peripherals: general purpose pins (GPIO), I2C, SPI, MDIO, hardware timers and LEDs.
+ *
+ * Speeds of buses are in kHz, times in milliseconds.
  */
 #ifndef LMQ_PERIPHERAL_H
 #define LMQ_PERIPHERAL_H
@@ -12,11 +14,29 @@
 extern "C" {
 #endif
 
-#define LMQ_GPIO_ID_MAX 32
-#define VX_GPIO_ROLLOVER_UNIT 10
-#define LMQ_LED_ID_MAX 6
-#define VX_TIMER_ID_MAX 5
+/** @name Sizes */
+/** @{ */
+#define LMQ_GPIO_ID_MAX 32       /**< Pins: gpio_id of a pin is below. */
+#define VX_GPIO_ROLLOVER_UNIT 10 /**< Milliseconds in one unit of the interval of vx_gpio_rollover_set. */
+#define LMQ_LED_ID_MAX 6         /**< LEDs: led_id is below. */
+#define VX_TIMER_ID_MAX 5        /**< Timers: timer_id is below. */
+/** @} */
 
+/** @brief What a pin is. */
+typedef enum vx_gpio_dir_e LMQ_ENUM_INT {
+    VX_GPIO_DIR_OUTPUT = 0,
+    VX_GPIO_DIR_INPUT = 1,
+    VX_GPIO_DIR_INTR = 2, /**< Input that raises an interrupt. */
+    VX_GPIO_DIR_MAX = 3,
+} vx_gpio_dir_e;
+
+/** @brief Protocol of an SPI line. */
+typedef enum lmq_spi_mode_e LMQ_ENUM_INT {
+    LMQ_SPI_MODE_SPI = 0,
+    LMQ_SPI_MODE_MICROWIRE = 1,
+} lmq_spi_mode_e;
+
+/** @brief The timers. */
 typedef enum lmq_timer_id_e LMQ_ENUM_INT {
     LMQ_TMR_ID1 = 0,
     LMQ_TMR_ID2 = 1,
@@ -25,6 +45,22 @@ typedef enum lmq_timer_id_e LMQ_ENUM_INT {
     LMQ_TMR_ID5 = 4,
 } lmq_timer_id_e;
 
+/** @brief What a timer does when it has run down. */
+typedef enum lmq_timer_mode_e LMQ_ENUM_INT {
+    LMQ_TIMER_MODE_DISABLE = 0,  /**< The timer does not run at all. */
+    LMQ_TIMER_MODE_RELOAD = 1,   /**< It begins again at timer_val. */
+    LMQ_TIMER_MODE_ROLLOVER = 2, /**< It goes on from the greatest value of its 32 bits. */
+} lmq_timer_mode_e;
+
+/** @brief State of a timer. */
+typedef enum lmq_timer_status_e LMQ_ENUM_INT {
+    LMQ_TIMER_STATUS_INACTIVE = 0, /**< Never set. */
+    LMQ_TIMER_STATUS_DISABLED = 1, /**< Set with LMQ_TIMER_MODE_DISABLE. */
+    LMQ_TIMER_STATUS_ENABLED = 2,  /**< It runs. */
+    LMQ_TIMER_STATUS_STOPPED = 3,  /**< It keeps the time left. */
+} lmq_timer_status_e;
+
+/** @brief What a LED shows. Off and on are one number: they can be told apart by name alone. */
 typedef enum vx_led_mode_e LMQ_ENUM_INT {
     LMQ_LED_MODE_OFF = 1,
     LMQ_LED_MODE_ON = 1,
@@ -33,24 +69,7 @@ typedef enum vx_led_mode_e LMQ_ENUM_INT {
     LMQ_LED_MODE_BLINK = 4,
 } vx_led_mode_e;
 
-typedef enum lmq_timer_mode_e LMQ_ENUM_INT {
-    LMQ_TIMER_MODE_DISABLE = 0,
-    LMQ_TIMER_MODE_RELOAD = 1,
-    LMQ_TIMER_MODE_ROLLOVER = 2,
-} lmq_timer_mode_e;
-
-typedef enum lmq_spi_mode_e LMQ_ENUM_INT {
-    LMQ_SPI_MODE_SPI = 0,
-    LMQ_SPI_MODE_MICROWIRE = 1,
-} lmq_spi_mode_e;
-
-typedef enum vx_gpio_dir_e LMQ_ENUM_INT {
-    VX_GPIO_DIR_OUTPUT = 0,
-    VX_GPIO_DIR_INPUT = 1,
-    VX_GPIO_DIR_INTR = 2,
-    VX_GPIO_DIR_MAX = 3,
-} vx_gpio_dir_e;
-
+/** @brief What a LED is used for. Disabled and Ethernet activity are one number. */
 typedef enum vx_led_type_e LMQ_ENUM_INT {
     LMQ_LED_TYPE_DISABLE = 1,
     LMQ_LED_TYPE_ETH_ACTIVITY = 1,
@@ -58,46 +77,45 @@ typedef enum vx_led_type_e LMQ_ENUM_INT {
     LMQ_LED_TYPE_BI_COLOR = 3,
 } vx_led_type_e;
 
-typedef enum lmq_timer_status_e LMQ_ENUM_INT {
-    LMQ_TIMER_STATUS_INACTIVE = 0,
-    LMQ_TIMER_STATUS_DISABLED = 1,
-    LMQ_TIMER_STATUS_ENABLED = 2,
-    LMQ_TIMER_STATUS_STOPPED = 3,
-} lmq_timer_status_e;
-
+/** @brief A pin. The last three members are read in direction VX_GPIO_DIR_INTR alone. */
 typedef struct {
     vx_gpio_dir_e direction;
-    vx_uint8 intr_level;
-    vx_uint8 intr_edge;
-    vx_uint8 intr_en;
+    vx_uint8 intr_level; /**< Level (or edge) that is active: 0 low (falling), 1 high (rising). */
+    vx_uint8 intr_edge;  /**< 1: an edge raises the interrupt, 0: a level does. */
+    vx_uint8 intr_en;    /**< 1: the interrupt is enabled. */
 } vx_gpio_cfg_t;
 
+/** @brief An SPI line. */
 typedef struct {
     lmq_spi_mode_e mode;
-    vx_uint16 speed;
-    vx_uint8 cmd_length;
-    vx_uint8 data_length;
-    vx_boolean enbl_command_cyc;
-    vx_uint8 ssp_mode;
+    vx_uint16 speed;             /**< In kHz. */
+    vx_uint8 cmd_length;         /**< Bits of a command, at most the 96 of vx_spi_data_t.cmd. */
+    vx_uint8 data_length;        /**< Bits of data, at most the 64 of vx_spi_data_t.data. */
+    vx_boolean enbl_command_cyc; /**< A transfer has a command before its data. */
+    vx_uint8 ssp_mode;           /**< Clock polarity and phase, 0 to 3. */
 } vx_spi_cfg_t;
 
+/** @brief One SPI transfer; how many bits of it count is said by vx_spi_cfg_t. */
 typedef struct {
     vx_uint32 cmd[3];
     vx_uint32 data[2];
 } vx_spi_data_t;
 
+/** @brief What a timer is set to. */
 typedef struct {
-    vx_uint32 timer_val;
+    vx_uint32 timer_val; /**< Time to run down from, in milliseconds. */
     lmq_timer_mode_e mode;
 } vx_timer_cfg_t;
 
+/** @brief What a timer reads: more than it is set to. */
 typedef struct {
     lmq_timer_status_e status;
     lmq_timer_mode_e mode;
-    vx_uint32 timer_val;
-    vx_uint32 cur_time;
+    vx_uint32 timer_val; /**< What it was set to, in milliseconds. */
+    vx_uint32 cur_time;  /**< Time left, in milliseconds. */
 } vx_timer_status_t;
 
+/** @brief A LED: what is driven in each mode, and how it blinks. */
 typedef struct {
     vx_led_type_e led_type;
     vx_uint32 on_val;
@@ -106,77 +124,354 @@ typedef struct {
     vx_uint32 color2_val;
     vx_uint32 blink_on_val;
     vx_uint32 blink_off_val;
-    vx_uint32 blink_on_time;
-    vx_uint32 blink_off_time;
+    vx_uint32 blink_on_time;  /**< In milliseconds. */
+    vx_uint32 blink_off_time; /**< In milliseconds. */
 } vx_led_cfg_t;
 
-vx_status_e vx_led_get(vx_dev_id_t dev_id, vx_uint8 led_id, vx_led_cfg_t *p_cfg);
+/** @name GPIO
+ *  gpio_id is a pin in the first group, and a group of 32 pins (from 0) where interrupts are read and cleared. */
+/** @{ */
 
-vx_status_e lmq_disable_mdio(vx_dev_id_t dev_id);
-
-vx_status_e vx_timer_start(vx_dev_id_t dev_id, vx_uint16 timer_id, vx_boolean reload);
-
-vx_status_e vx_mdio_write(vx_dev_id_t dev_id, vx_uint8 slave_addr, vx_uint8 register_addr, vx_uint8 write_cnt, vx_uint16 *p_write_data);
-
-vx_status_e vx_timer_get(vx_dev_id_t dev_id, vx_uint16 timer_id, vx_timer_status_t *p_stat);
-
-vx_status_e vx_i2c_enable_set(vx_dev_id_t dev_id, vx_boolean enable, vx_uint16 speed);
-
-vx_status_e lmq_get_gpio_intr_latched_status(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_uint32 *p_intr_status);
-
-vx_status_e vx_spi_enable_set(vx_dev_id_t dev_id, vx_boolean enable, vx_boolean int_en);
-
-vx_status_e vx_spi_write(vx_dev_id_t dev_id, vx_uint8 line_id, vx_spi_data_t *p_write_data);
-
-vx_status_e vx_mdio_speed_set(vx_dev_id_t dev_id, vx_uint16 speed);
-
-vx_status_e vx_mdio_read(vx_dev_id_t dev_id, vx_uint8 slave_addr, vx_uint8 register_addr, vx_uint8 read_cnt, vx_uint16 *p_read_data);
-
-vx_status_e vx_spi_read(vx_dev_id_t dev_id, vx_uint8 line_id, vx_spi_data_t *p_read_data);
-
-vx_status_e vx_timer_stop(vx_dev_id_t dev_id, vx_uint16 timer_id);
-
-vx_status_e lmq_get_gpio_intr_active_status(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_uint32 *p_intr_status);
-
-vx_status_e vx_gpio_write(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_uint8 data);
-
-vx_status_e lmq_enable_mdio(vx_dev_id_t dev_id);
-
-vx_status_e vx_i2c_read(vx_dev_id_t dev_id, vx_uint8 slave_addr, vx_uint8 slave_offset, vx_uint16 data_len, vx_uint8 *p_rx_data);
-
-vx_status_e vx_led_set(vx_dev_id_t dev_id, vx_uint8 led_id, vx_led_cfg_t *p_cfg);
-
-vx_status_e vx_gpio_read(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_uint8 *p_data);
-
-vx_status_e vx_led_status_get(vx_dev_id_t dev_id, vx_uint8 led_id, vx_led_mode_e *p_mode);
-
-vx_status_e vx_spi_set(vx_dev_id_t dev_id, vx_uint8 line_id, vx_spi_cfg_t *p_cfg);
-
-vx_status_e vx_gpio_intr_enable(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_boolean enable);
-
-vx_status_e vx_i2c_write(vx_dev_id_t dev_id, vx_uint8 slave_addr, vx_uint8 slave_offset, vx_uint16 data_len, vx_uint8 *p_tx_data);
-
-vx_status_e vx_led_trigger(vx_dev_id_t dev_id, vx_uint8 led_id, vx_led_mode_e mode);
-
-vx_status_e vx_gpio_rollover_set(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_boolean enable, vx_uint32 interval);
-
-vx_status_e vx_spi_byte_write(vx_dev_id_t dev_id, vx_uint8 line_id, vx_uint8 byte);
-
-vx_status_e lmq_dump_gpio_db(vx_dev_id_t dev_id, vx_uint8 gpio_id);
-
-vx_status_e vx_gpio_get(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_gpio_cfg_t *p_cfg);
-
-vx_status_e vx_spi_byte_read(vx_dev_id_t dev_id, vx_uint8 line_id, vx_uint8 *p_byte);
-
-vx_status_e vx_spi_get(vx_dev_id_t dev_id, vx_uint8 line_id, vx_spi_cfg_t *p_cfg);
-
+/**
+ * @brief Sets what a pin is.
+ * @param dev_id  The device.
+ * @param gpio_id The pin.
+ * @param p_cfg   Direction and interrupt.
+ * @return VX_SUCCESS or a status.
+ */
 vx_status_e vx_gpio_set(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_gpio_cfg_t *p_cfg);
 
-vx_status_e vx_timer_set(vx_dev_id_t dev_id, vx_uint16 timer_id, vx_timer_cfg_t *p_cfg);
+/**
+ * @brief Reads what a pin is.
+ * @param dev_id  The device.
+ * @param gpio_id The pin.
+ * @param p_cfg   Where to write it.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_gpio_get(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_gpio_cfg_t *p_cfg);
 
+/**
+ * @brief Drives an output.
+ * @param dev_id  The device.
+ * @param gpio_id The pin.
+ * @param data    The level: 0 or 1.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_gpio_write(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_uint8 data);
+
+/**
+ * @brief Reads the level of a pin.
+ * @param dev_id  The device.
+ * @param gpio_id The pin.
+ * @param p_data  Where to write it: 0 or 1.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_gpio_read(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_uint8 *p_data);
+
+/**
+ * @brief Lets an output change its level by itself, again and again.
+ * @param dev_id   The device.
+ * @param gpio_id  The pin.
+ * @param enable   TRUE to begin, FALSE to end.
+ * @param interval From one change to the next, in units of VX_GPIO_ROLLOVER_UNIT milliseconds.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_gpio_rollover_set(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_boolean enable, vx_uint32 interval);
+
+/**
+ * @brief Switches the interrupt of a pin.
+ * @param dev_id  The device.
+ * @param gpio_id The pin.
+ * @param enable  TRUE to enable.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_gpio_intr_enable(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_boolean enable);
+
+/**
+ * @brief Reads which interrupts are active now.
+ * @param dev_id        The device.
+ * @param gpio_id       The group of pins.
+ * @param p_intr_status Where to write it: bit n is pin n of the group, 1 active.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e lmq_get_gpio_intr_active_status(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_uint32 *p_intr_status);
+
+/**
+ * @brief Reads which interrupts were active since they were cleared.
+ * @param dev_id        The device.
+ * @param gpio_id       The group of pins.
+ * @param p_intr_status Where to write it: bit n is pin n of the group, 1 active.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e lmq_get_gpio_intr_latched_status(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_uint32 *p_intr_status);
+
+/**
+ * @brief Clears latched interrupts, and disables the interrupt of the same pins.
+ * @param dev_id    The device.
+ * @param gpio_id   The group of pins.
+ * @param intr_bits Which: a bit 1 clears, a bit 0 does nothing.
+ * @return VX_SUCCESS or a status.
+ */
 vx_status_e lmq_clear_gpio_intr(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_uint32 intr_bits);
 
+/**
+ * @brief Prints what the driver knows of a pin.
+ * @param dev_id  The device.
+ * @param gpio_id The pin.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e lmq_dump_gpio_db(vx_dev_id_t dev_id, vx_uint8 gpio_id);
+
+/** @} */
+
+/** @name I2C */
+/** @{ */
+
+/**
+ * @brief Switches the I2C interface.
+ * @param dev_id The device.
+ * @param enable TRUE to enable.
+ * @param speed  Of the bus, in kHz.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_i2c_enable_set(vx_dev_id_t dev_id, vx_boolean enable, vx_uint16 speed);
+
+/**
+ * @brief Writes bytes to an I2C slave.
+ * @param dev_id       The device.
+ * @param slave_addr   Its address, 7 bits.
+ * @param slave_offset Where in the slave to begin.
+ * @param data_len     How many bytes.
+ * @param p_tx_data    The bytes.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_i2c_write(vx_dev_id_t dev_id, vx_uint8 slave_addr, vx_uint8 slave_offset, vx_uint16 data_len,
+                         vx_uint8 *p_tx_data);
+
+/**
+ * @brief Reads bytes from an I2C slave.
+ * @param dev_id       The device.
+ * @param slave_addr   Its address, 7 bits.
+ * @param slave_offset Where in the slave to begin.
+ * @param data_len     How many bytes.
+ * @param p_rx_data    Where to write them.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_i2c_read(vx_dev_id_t dev_id, vx_uint8 slave_addr, vx_uint8 slave_offset, vx_uint16 data_len,
+                        vx_uint8 *p_rx_data);
+
+/** @} */
+
+/** @name SPI
+ *  line_id is an SPI line, which determines the chip select: 0 to 2. */
+/** @{ */
+
+/**
+ * @brief Switches the SPI interface.
+ * @param dev_id The device.
+ * @param enable TRUE to enable.
+ * @param int_en TRUE to enable its interrupt.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_spi_enable_set(vx_dev_id_t dev_id, vx_boolean enable, vx_boolean int_en);
+
+/**
+ * @brief Configures an SPI line.
+ * @param dev_id  The device.
+ * @param line_id The line.
+ * @param p_cfg   Its configuration.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_spi_set(vx_dev_id_t dev_id, vx_uint8 line_id, vx_spi_cfg_t *p_cfg);
+
+/**
+ * @brief Reads the configuration of an SPI line.
+ * @param dev_id  The device.
+ * @param line_id The line.
+ * @param p_cfg   Where to write it.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_spi_get(vx_dev_id_t dev_id, vx_uint8 line_id, vx_spi_cfg_t *p_cfg);
+
+/**
+ * @brief Transmits a command followed by data; vx_spi_set says how many bits of each.
+ * @param dev_id       The device.
+ * @param line_id      The line.
+ * @param p_write_data Command and data.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_spi_write(vx_dev_id_t dev_id, vx_uint8 line_id, vx_spi_data_t *p_write_data);
+
+/**
+ * @brief Transmits a command and receives data; vx_spi_set says how many bits of each.
+ * @param dev_id      The device.
+ * @param line_id     The line.
+ * @param p_read_data The command; the data comes back in it.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_spi_read(vx_dev_id_t dev_id, vx_uint8 line_id, vx_spi_data_t *p_read_data);
+
+/**
+ * @brief Transmits one byte.
+ * @param dev_id  The device.
+ * @param line_id The line.
+ * @param byte    The byte.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_spi_byte_write(vx_dev_id_t dev_id, vx_uint8 line_id, vx_uint8 byte);
+
+/**
+ * @brief Receives one byte.
+ * @param dev_id  The device.
+ * @param line_id The line.
+ * @param p_byte  Where to write it.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_spi_byte_read(vx_dev_id_t dev_id, vx_uint8 line_id, vx_uint8 *p_byte);
+
+/** @} */
+
+/** @name MDIO
+ *  IEEE 802.3, clause 22: slaves 0 to 31 with registers 0 to 31 of 16 bits. */
+/** @{ */
+
+/**
+ * @brief Enables the MDIO interface.
+ * @param dev_id The device.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e lmq_enable_mdio(vx_dev_id_t dev_id);
+
+/**
+ * @brief Disables the MDIO interface.
+ * @param dev_id The device.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e lmq_disable_mdio(vx_dev_id_t dev_id);
+
+/**
+ * @brief Sets the speed of the MDIO interface.
+ * @param dev_id The device.
+ * @param speed  In kHz.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_mdio_speed_set(vx_dev_id_t dev_id, vx_uint16 speed);
+
+/**
+ * @brief Reads the speed of the MDIO interface.
+ * @param dev_id  The device.
+ * @param p_speed Where to write it, in kHz.
+ * @return VX_SUCCESS or a status.
+ */
 vx_status_e vx_mdio_speed_get(vx_dev_id_t dev_id, vx_uint16 *p_speed);
+
+/**
+ * @brief Writes registers of an MDIO slave.
+ * @param dev_id        The device.
+ * @param slave_addr    The slave.
+ * @param register_addr The first register.
+ * @param write_cnt     How many.
+ * @param p_write_data  What to write, a word for each.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_mdio_write(vx_dev_id_t dev_id, vx_uint8 slave_addr, vx_uint8 register_addr, vx_uint8 write_cnt,
+                          vx_uint16 *p_write_data);
+
+/**
+ * @brief Reads registers of an MDIO slave.
+ * @param dev_id        The device.
+ * @param slave_addr    The slave.
+ * @param register_addr The first register.
+ * @param read_cnt      How many.
+ * @param p_read_data   Where to write them, a word for each.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_mdio_read(vx_dev_id_t dev_id, vx_uint8 slave_addr, vx_uint8 register_addr, vx_uint8 read_cnt,
+                         vx_uint16 *p_read_data);
+
+/** @} */
+
+/** @name Timers
+ *  timer_id is one of lmq_timer_id_e. */
+/** @{ */
+
+/**
+ * @brief Sets a timer. It runs from vx_timer_start on.
+ * @param dev_id   The device.
+ * @param timer_id The timer.
+ * @param p_cfg    Time and mode.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_timer_set(vx_dev_id_t dev_id, vx_uint16 timer_id, vx_timer_cfg_t *p_cfg);
+
+/**
+ * @brief Reads a timer.
+ * @param dev_id   The device.
+ * @param timer_id The timer.
+ * @param p_stat   Where to write its state.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_timer_get(vx_dev_id_t dev_id, vx_uint16 timer_id, vx_timer_status_t *p_stat);
+
+/**
+ * @brief Starts a timer with the time that was left when it was stopped.
+ * @param dev_id   The device.
+ * @param timer_id The timer.
+ * @param reload   TRUE to start with the full time instead.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_timer_start(vx_dev_id_t dev_id, vx_uint16 timer_id, vx_boolean reload);
+
+/**
+ * @brief Stops a timer, so that its event is no longer generated.
+ * @param dev_id   The device.
+ * @param timer_id The timer.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_timer_stop(vx_dev_id_t dev_id, vx_uint16 timer_id);
+
+/** @} */
+
+/** @name LEDs */
+/** @{ */
+
+/**
+ * @brief Configures a LED.
+ * @param dev_id The device.
+ * @param led_id The LED.
+ * @param p_cfg  Its configuration.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_led_set(vx_dev_id_t dev_id, vx_uint8 led_id, vx_led_cfg_t *p_cfg);
+
+/**
+ * @brief Reads the configuration of a LED.
+ * @param dev_id The device.
+ * @param led_id The LED.
+ * @param p_cfg  Where to write it.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_led_get(vx_dev_id_t dev_id, vx_uint8 led_id, vx_led_cfg_t *p_cfg);
+
+/**
+ * @brief Lets a LED show something.
+ * @param dev_id The device.
+ * @param led_id The LED.
+ * @param mode   What.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_led_trigger(vx_dev_id_t dev_id, vx_uint8 led_id, vx_led_mode_e mode);
+
+/**
+ * @brief Reads what a LED shows.
+ * @param dev_id The device.
+ * @param led_id The LED.
+ * @param p_mode Where to write it.
+ * @return VX_SUCCESS or a status.
+ */
+vx_status_e vx_led_status_get(vx_dev_id_t dev_id, vx_uint8 led_id, vx_led_mode_e *p_mode);
+
+/** @} */
 
 #ifdef __cplusplus
 }

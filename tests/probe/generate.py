@@ -31,7 +31,7 @@ def function(interface, declared):
 
 
 def layout(name, record):
-    """The C that prints the layout of one UDT."""
+    """The C that prints the layout of one UDT: a function, and the call of it."""
     members, flags = [], []
 
     def walk(record, group):
@@ -47,7 +47,8 @@ def layout(name, record):
     walk(record, "")
     udt = [f"    UDT({name});"] if flags else [f"    typedef {name} T;"]
     body = "\n".join([*udt, *members, *flags])
-    return (f"static void layout_{name}(void)\n{{\n{body}\n}}\n", f'    udt("{name}", sizeof({name}), layout_{name});\n')
+    call = f'    udt("{name}", sizeof({name}), layout_{name});\n'
+    return f"static void layout_{name}(void)\n{{\n{body}\n}}\n", call
 
 
 FUNCTIONS = """#include "probe.h"

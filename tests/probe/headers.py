@@ -109,7 +109,8 @@ class Preprocessor:
             token = run[at]
             at += 1
             brackets += (token.text == "[") - (token.text == "]")
-            macro = self.macros.get(token.text) if token.kind == "name" and token.text not in hidden and not brackets else None
+            candidate = token.kind == "name" and token.text not in hidden and not brackets
+            macro = self.macros.get(token.text) if candidate else None
             if macro is None:
                 out.append(token)
                 continue
@@ -206,7 +207,7 @@ class Headers:
     """All headers of a folder.
 
     functions, records, enums (enumerators with their values) and typedefs (type name and bounds) by name, in the order
-    of declaration.
+    of declaration. A second name of a record stands among the records.
     """
 
     def __init__(self, include):
@@ -271,12 +272,10 @@ class Headers:
             if not isinstance(what, str):
                 raise Refused(f"{name.where}: a struct, union or enum that is no typedef")
             self.declare(self.functions, name, Function(what, name.text, self.arguments()))
-        elif isinstance(what, Record):
-            self.declare(self.records, name, what)
         elif isinstance(what, dict):
             self.declare(self.enums, name, what)
-        elif what in self.records: # another name for a structure is a UDT of its own
-            self.declare(self.records, name, self.records[what])
+        elif isinstance(what, Record) or what in self.records:
+            self.declare(self.records, name, what if isinstance(what, Record) else self.records[what])
         else:
             self.declare(self.typedefs, name, (what, self.bounds()))
         self.take(";")
@@ -378,16 +377,15 @@ class Headers:
         return self.run[begin:self.at]
 
     def constant(self, run):
-        """The value of a constant expression. A cast to a scalar type, as in ((vx_uint8)8), is taken to keep the value."""
-        text = ""
-        tokens = list(self.preprocessor.expand(run))
-        scalars = [typed for typed in tokens if typed.text.startswith(("vx_", "lmq_")) and typed.text not in self.constants]
-        for typed in scalars:
-            at = tokens.index(typed)
-            if [token.text for token in tokens[at - 1:at + 2:2]] == ["(", ")"]:
-                del tokens[at - 1:at + 2]
-        for token in tokens:
-            if token.kind == "number":
+        """The value of a constant expression. Casts are passed over, as the numbers fit them."""
+        text, run, at = "", self.preprocessor.expand(run), 0
+        while at < len(run):
+            token = run[at]
+            at += 1
+            behind = [each.text for each in run[at:at + 2]]
+            if token.text == "(" and behind[1:] == [")"] and behind[0] in self.typedefs:
+                at += 2
+            elif token.kind == "number":
                 text += str(int(token.text.rstrip("uUlL"), 0))
             elif token.text in self.constants:
                 text += f"({self.constants[token.text]})"

@@ -10,14 +10,12 @@
 _Static_assert(sizeof(struct probe_argument) == 24 + 2 * PROBE_BYTES, "the test's layout of an argument");
 _Static_assert(offsetof(struct probe, arguments) == 80, "the test's layout of the record");
 
-static void fail(const char *what)
-{
+static void fail(const char *what) {
     fprintf(stderr, "probe driver: %s\n", what);
     abort();
 }
 
-static struct probe *probe(void)
-{
+static struct probe *probe(void) {
     static struct probe *shared;
     if (shared) return shared;
     const char *path = getenv("LMQ_PROBE");
@@ -29,20 +27,15 @@ static struct probe *probe(void)
     return shared;
 }
 
-void probe_call(const char *function, uint32_t count)
-{
+void probe_call(const char *function, uint32_t count) {
     snprintf(probe()->function, sizeof probe()->function, "%s", function);
     probe()->count = count;
     ++probe()->calls;
 }
 
-void probe_value(int position, int64_t value)
-{
-    probe()->arguments[position].value = value;
-}
+void probe_value(int position, int64_t value) { probe()->arguments[position].value = value; }
 
-void probe_pointer(int position, void *memory, size_t unit)
-{
+void probe_pointer(int position, void *memory, size_t unit) {
     struct probe_argument *argument = &probe()->arguments[position];
     const size_t size = argument->units * unit;
     if (size > PROBE_BYTES) fail("more is to be recorded than there is room for");
@@ -53,7 +46,4 @@ void probe_pointer(int position, void *memory, size_t unit)
     memcpy(memory, argument->fill, argument->fill_size);
 }
 
-int64_t probe_result(void)
-{
-    return probe()->result;
-}
+int64_t probe_result(void) { return probe()->result; }

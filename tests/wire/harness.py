@@ -103,7 +103,7 @@ class Probe:
 
 
 def difference(expected, got, path=""):
-    """Where two values of the wire first differ: in form, in value, in length or in the order of keys. "" if nowhere."""
+    """Where two values of the wire first differ: in form, value, length or order of keys. "" if nowhere."""
     if type(expected) is not type(got):
         return f"{path}: {got!r}, expected {expected!r}"
     if isinstance(expected, dict):
@@ -138,7 +138,8 @@ class WireTest(unittest.TestCase):
         line = cls.host.stdout.readline()
         if not line.startswith("Listening on "):
             cls.gone()
-        cls.proxy = xmlrpc.client.ServerProxy(line.split()[-1], allow_none=True)
+        cls.url = line.split()[-1]
+        cls.proxy = xmlrpc.client.ServerProxy(cls.url, allow_none=True)
         cls.addClassCleanup(cls.proxy("close"))
 
     @classmethod

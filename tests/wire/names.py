@@ -1,5 +1,5 @@
-"""Compares the names in the plug-in's rows with the text of the headers. The compiler checks all that a row says but the
-names of typedefs: vx_boolean and vx_uint8 are one type to it.
+"""Compares the names in the plug-in's rows with the text of the headers. The compiler checks all that a row says but
+the names of typedefs: vx_boolean and vx_uint8 are one type to it.
 """
 
 import os
@@ -30,7 +30,8 @@ def rows_told(interface, arguments):
             yield words[1], words[0], ""
         elif name in ("ELEMENTS", "UDT_ARRAY", "UDT_LIST"):
             # The bound of an array typedef belongs to the typedef.
-            yield words[1], words[0], "" if words[0] in interface.typedefs and interface.typedefs[words[0]][1] else words[2]
+            _, bounds = interface.typedefs.get(words[0], ("", []))
+            yield words[1], words[0], "" if bounds else words[2]
         elif name == "UDT_ARRAY_SPELLED":
             yield words[2], words[0], words[3]
         elif name == "STRING":
@@ -81,11 +82,11 @@ class Names(unittest.TestCase):
             told.add(udt)
             with self.subTest(f"{where}: {udt}"):
                 self.assertIn(udt, self.interface.records)
-                declared = list(rows_declared(self.interface.records[udt]))
+                declared = self.interface.records[udt]
                 if name == "UDT":
-                    self.assertEqual(list(rows_told(self.interface, arguments[1:])), declared)
+                    self.assertEqual(list(rows_told(self.interface, arguments[1:])), list(rows_declared(declared)))
                 else:
-                    self.assertEqual(list(rows_declared(self.interface.records[arguments[1][0].text])), declared)
+                    self.assertIs(self.interface.records[arguments[1][0].text], declared, "a second name of the same")
         self.assertEqual(told, set(self.interface.records), "UDTs with rows, and structures of the headers")
 
     def test_arguments(self):

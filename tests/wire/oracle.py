@@ -23,6 +23,7 @@ class Key:
     count: int = 1  # elements of an array
     inner: list | str = ""  # keys of a group; name of an inner UDT
     mask: int = 0  # of a flag: its bits in the number that begins at the offset
+    departs: bool = False  # by an entry of departures.py
 
 
 class Oracle:
@@ -67,6 +68,7 @@ class Oracle:
             count, is_array = count * inner, True
         spelled = SPELLED.get((udt, path), declared.type)
         key = Key("", declared.name, spelled, offset, place, count=count)
+        key.departs = (udt, path) in LISTS or (udt, path) in SPELLED or place[1] != udt
         if isinstance(what, headers.Record):
             key.kind = "nested" if not is_array else "list" if (udt, path) in LISTS else "udts"
             key.inner = declared.type
@@ -168,8 +170,8 @@ class Oracle:
                 yield {key.name: value}
 
     def together(self, keys, turn):
-        """A struct of all keys, each at another of its samples than its neighbours: what lies over another member and is
-        shorter must leave the rest of it alone. Four turns show every sample."""
+        """A struct of all keys, each at another of its samples than its neighbours: what lies over another member and
+        is shorter must leave the rest of it alone. Four turns show every sample."""
         value = {}
         for i, key in enumerate(keys, turn):
             samples = [self.together(key.inner, turn)] if key.kind == "group" else self.samples(key)

@@ -1,5 +1,5 @@
-"""Calls every API method through the host, with each form that a client can send at each position, and compares what the
-driver was handed and what came back with what the headers' text makes of it.
+"""Calls every API method through the host, with each form that a client can send at each position, and compares what
+the driver was handed and what came back with what the headers' text makes of it.
 """
 
 import functools
@@ -11,7 +11,8 @@ from harness import COUNT_FAULT, TYPE_FAULT, difference
 from oracle import Oracle
 
 INTROSPECTION = {f"lmq.{name}" for name in (
-    "capabilities", "methodSignature", "listUDTs", "UDTSignature", "UDTMalloc", "listDefines", "listEnums", "listTypedefs")}
+    "capabilities", "methodSignature", "listUDTs", "UDTSignature", "UDTMalloc", "listDefines", "listEnums",
+    "listTypedefs")}
 
 
 def for_each_function(test):
