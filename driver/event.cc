@@ -312,10 +312,12 @@ vx_status_e vx_event_global_throttle_set(vx_dev_id_t dev_id, vx_event_throttle_c
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
         check_throttle(p_cfg->enable != FALSE, p_cfg->count, p_cfg->interval);
         Events &events = device.event;
+        const bool was_on = events.global_throttle.enable != FALSE;
         events.global_throttle = *p_cfg;
         events.global_throttle.enable = p_cfg->enable ? TRUE : FALSE;
         events.global_window = {};
-        release(device, Held::by_throttle, [](const EventKey &) { return true; });
+        // What the throttles of single events hold is theirs to release.
+        if (was_on) release(device, Held::by_throttle, [](const EventKey &) { return true; });
     });
 }
 

@@ -26,7 +26,8 @@ class CpuPackets(SimTest):
         self.refused(PORT_NOT_FOUND, delete, 0, ARP, GEM, SNI, 18)
         self.ok(delete, 0, ARP, GEM, SNI, 17)
 
-        self.assertEqual(self.call("lmq_get_cpu_pkt_trap_stats", 0, ARP, ETH, ETH0, 5, 1), (0, [0, ARP, ETH, ETH0, 0, 1]))
+        self.assertEqual(self.call("lmq_get_cpu_pkt_trap_stats", 0, ARP, ETH, ETH0, 5, 1),
+                         (0, [0, ARP, ETH, ETH0, 0, 1]))
         self.ok("lmq_deregister_cpu_pkt_trap", 0, ARP)
         self.refused(ENTRY_NOT_FOUND, "lmq_deregister_cpu_pkt_trap", 0, ARP)
         self.refused(ENTRY_NOT_FOUND, "lmq_enable_cpu_pkt_trap", 0, ARP)
@@ -43,7 +44,8 @@ class CpuPackets(SimTest):
         self.ok("vx_l2_spcl_pkt_cfg_set", 0, ETH0, ARP, change)
         self.assertEqual(kept(), dict(first, pri=5, flow_enbl=1, flow_id=8))
         self.assertEqual(kept(SNI), first)
-        self.refused(RANGE_CHECK_FAIL, "vx_l2_spcl_pkt_cfg_set", 0, ETH0, ARP, dict(change, pri=6, valid={"mask": 0x21}))
+        wrong_cos = dict(change, pri=6, valid={"mask": 0x21})
+        self.refused(RANGE_CHECK_FAIL, "vx_l2_spcl_pkt_cfg_set", 0, ETH0, ARP, wrong_cos)
         self.assertEqual(kept()["pri"], 5)
         forward = {"fwd_op": {"fwd_enbl": 1, "dpid": 6}, "valid": {"mask": 4}}
         self.refused(PORT_OUT_OF_RANGE, "vx_l2_spcl_pkt_cfg_set", 0, ETH0, ARP, forward)
