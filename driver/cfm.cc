@@ -157,9 +157,7 @@ vx_status_e vx_1ag_dm_config_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_1a
 vx_status_e vx_1ag_stats_get(vx_dev_id_t dev_id, vx_1ag_stats_t *p_stats, vx_boolean clear) {
     return on_device(__func__, dev_id, {p_stats}, [&](Device &device) {
         Cfm &cfm = up_to_date(device);
-        *p_stats = {.tx_lbr_pkts = 0,
-                    .rx_dm_pkts = cfm.rx_dm.read(clear),
-                    .tx_dm_pkts = cfm.tx_dm.read(clear)};
+        *p_stats = {.tx_lbr_pkts = 0, .rx_dm_pkts = cfm.rx_dm.read(clear), .tx_dm_pkts = cfm.tx_dm.read(clear)};
     });
 }
 

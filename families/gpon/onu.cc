@@ -117,8 +117,7 @@ constexpr Help help_vx_gpon_onu_tcont_enable_set{
             "\n"
             "Enable a T-CONT\n"
             "\n"
-            "This API enables a non-default TCONT on the GPON port and assigns\n"
-            "Alloc-Id to the T-CONT.\n",
+            "This API enables a non-default TCONT on the GPON port and assigns Alloc-Id to the T-CONT.\n",
     .inputs = "dev_id   : device id\n"
               "port_id  : GPON port id\n"
               "tcont_id : T-CONT id\n"

@@ -129,7 +129,7 @@ typedef struct {
 } vx_led_cfg_t;
 
 /** @name GPIO
- *  gpio_id is a pin in the first group, and a group of 32 pins (from 0) where interrupts are read and cleared. */
+ *  gpio_id is a pin; but where interrupts are read or cleared it is a group of 32 pins, from 0. */
 /** @{ */
 
 /**

@@ -14,7 +14,8 @@ PON, ETH0 = 0, 3
 
 class Gpon(SimTest):
     clock = 50  # two calls for each state on the way to operation
-    device = {"gpon_cfg": {"vendor_id": [77, 78, 79, 80], "serial_num": 0x01020304, "passwd": [1, 2], "laser_on_time": -3}}
+    device = {"gpon_cfg": {"vendor_id": [77, 78, 79, 80], "serial_num": 0x01020304, "passwd": [1, 2],
+                           "laser_on_time": -3}}
 
     def port(self):
         return self.ok("vx_gpon_onu_port_config_get", 0, PON, {})
@@ -41,7 +42,8 @@ class Gpon(SimTest):
         self.assertEqual(set(start["valid"].values()), {1})
 
         self.ok("vx_gpon_onu_port_config_set", 0, PON,
-                {"serial_num": 9, "aes_enbl": 5, "dbru_blk_len": 77, "onu_id": 7, "valid": {"serial_num": 1, "aes_enbl": 1}})
+                {"serial_num": 9, "aes_enbl": 5, "dbru_blk_len": 77, "onu_id": 7,
+                 "valid": {"serial_num": 1, "aes_enbl": 1}})
         self.assertEqual(self.port(), dict(start, serial_num=9, aes_enbl=1))
         for name, value in ("dbru_blk_len", 4), ("sd_clear_threshold", 9), ("sf_threshold", -1):
             self.refused(RANGE_CHECK_FAIL, "vx_gpon_onu_port_config_set", 0, PON,

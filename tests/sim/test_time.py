@@ -45,7 +45,8 @@ class TimeDistribution(SimTest):
         self.ok("vx_tod_send", 0, {"send_time": 200, "tod": tod})
         self.ok("vx_tod_string_update", 0, tod)
         self.ok("vx_ptp_master_time_set", 0, {"loc_ref_time": 1, "master_time_nanosec": 42})
-        for words in "one pulse, 100 ns", "a time of day each second, 200 ns", "new time of day, 2 bytes", "master time, 42 ns":
+        for words in ("one pulse, 100 ns", "a time of day each second, 200 ns", "new time of day, 2 bytes",
+                      "master time, 42 ns"):
             self.assertIn(words, self.printed())
         for length in 0, 49:
             self.refused(RANGE_CHECK_FAIL, "vx_tod_string_update", 0, {"tod_len": length})
