@@ -9,7 +9,7 @@
  * delete looks at no entry, so it may be NULL.
  * - An added entry has zeros where no flag is set. Its ports have to exist: SNI bit 0, UNI bits 0 and 1.
  * - There can be 64 bridges. The client chooses the id. No two have the same VLAN, but for LMQ_ANY_VID, which any may
- *   have. Type NONE is no type, and a bridge has to be given its type when it is created.
+ *   have, and which a bridge has that is created without one. Type NONE is no type, and each has to be given a type.
  * - UNI ports are numbered as ports, from VX_PORT_ETH0; a UNI port is once in a bridge, but may be in several. The id
  * of a bridge port is the device's. GEM ports are 0 to 4095, the PON is 0. Deleting a bridge deletes its ports.
  * - The software VLAN layer returns the statuses of vx_status_e. It has 64 lists of up to 64 extended VLAN rules, 64

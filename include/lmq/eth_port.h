@@ -211,8 +211,8 @@ typedef struct {
  * There are VX_EEE_THRES_MAX_NUM levels of each kind, and each of the LMQ_MAX_COS queues selects one by its index.
  */
 typedef struct {
-    vx_uint16 low_thresh[(0x3)];                  /**< At or below its level a queue lets the transmitter sleep. */
-    vx_uint16 high_thresh[(0x3)];                 /**< Above its level a queue wakes the transmitter. */
+    vx_uint16 low_thresh[(0x3)]; /**< At or below its level a queue lets the transmitter sleep. */
+    vx_uint16 high_thresh[(0x3)]; /**< Above its level a queue wakes the transmitter. */
     vx_uint8 queue_low_thresh_sel[((vx_uint8)8)]; /**< Index into low_thresh, or VX_INVALID_QUEUE_THRESH_INDX. */
     vx_uint8 queue_high_thresh_sel[((vx_uint8)8)]; /**< Index into high_thresh, or VX_INVALID_QUEUE_THRESH_INDX. */
     struct {
