@@ -1,5 +1,5 @@
-// The entry point of the plug-in: it registers every method, row by row, the introspection methods first and then the API
-// methods in the order of order.def. To add a method, describe it in its family's file and name it there.
+// The entry point of the plug-in: it registers every method, row by row, the introspection methods first and then the
+// API methods in the order of order.def. To add a method, describe it in its family's file and name it there.
 #include "frame/method.h"
 #include "lmq_xmlrpc.h"
 
@@ -7,22 +7,29 @@
 namespace lmq {
 #define HANDLER(name) extern "C" xmlrpc_value *x_rpc_##name(xmlrpc_env *, xmlrpc_value *, void *, void *);
 #define INTROSPECTION(name, signature, help) HANDLER(name)
-#define API(api) extern const Method method_##api; HANDLER(api)
+#define API(api)                      \
+    extern const Method method_##api; \
+    HANDLER(api)
+// clang-format off: the order counts
 #include "introspect/methods.def"
 #include "frame/order.def"
+// clang-format on
 #undef INTROSPECTION
 #undef API
-} // namespace lmq
+}  // namespace lmq
 
 // The fault carrier is not tested between the rows: one that the registry refuses does not keep out the next.
 int xrpc_init(xmlrpc_registry *registry, xmlrpc_env *env) {
     using namespace lmq;
 #define INTROSPECTION(name, signature, help) \
     xmlrpc_registry_add_method2(env, registry, "lmq." #name, x_rpc_##name, signature, help, nullptr);
-#define API(api) \
-    xmlrpc_registry_add_method2(env, registry, "lmq." #api, x_rpc_##api, method_##api.signature, method_##api.help, nullptr);
+#define API(api)                                                                                                    \
+    xmlrpc_registry_add_method2(env, registry, "lmq." #api, x_rpc_##api, method_##api.signature, method_##api.help, \
+                                nullptr);
+    // clang-format off: the order counts
 #include "introspect/methods.def"
 #include "frame/order.def"
+    // clang-format on
 #undef INTROSPECTION
 #undef API
     return 1;

@@ -38,10 +38,10 @@ struct Reader {
 
     bool read_by_kind(xmlrpc_value *item) {
         switch (argument.kind) {
-        case ArgumentKind::value: return value(item);
-        case ArgumentKind::element: return element(item);
-        case ArgumentKind::udt: return udt_pointer(item);
-        case ArgumentKind::cookie: return cookie(item);
+            case ArgumentKind::value: return value(item);
+            case ArgumentKind::element: return element(item);
+            case ArgumentKind::udt: return udt_pointer(item);
+            case ArgumentKind::cookie: return cookie(item);
         }
         __builtin_unreachable();
     }
@@ -131,14 +131,15 @@ struct Reader {
 xmlrpc_value *echo(xmlrpc_env *env, const Method &method, const Argument &argument, const Slot &slot) {
     const bool array = slot.form == XMLRPC_TYPE_ARRAY;
     switch (argument.kind) {
-    case ArgumentKind::value: return xmlrpc_int_new(env, slot.value);
-    case ArgumentKind::element:
-        if (array) return encode_elements(env, slot.block, slot.count, argument.scalar.width);
-        return xmlrpc_int_new(env, load(slot.block, {argument.scalar.width, false}));
-    case ArgumentKind::udt:
-        if (array) return encode_udts(env, *method.udts[argument.udt], slot.block, slot.count);
-        return encode_udt(env, *method.udts[argument.udt], slot.block);
-    case ArgumentKind::cookie: return array ? xmlrpc_nil_new(env) : xmlrpc_int_new(env, 1); // constants: it does not come back
+        case ArgumentKind::value: return xmlrpc_int_new(env, slot.value);
+        case ArgumentKind::element:
+            if (array) return encode_elements(env, slot.block, slot.count, argument.scalar.width);
+            return xmlrpc_int_new(env, load(slot.block, {argument.scalar.width, false}));
+        case ArgumentKind::udt:
+            if (array) return encode_udts(env, *method.udts[argument.udt], slot.block, slot.count);
+            return encode_udt(env, *method.udts[argument.udt], slot.block);
+        case ArgumentKind::cookie:
+            return array ? xmlrpc_nil_new(env) : xmlrpc_int_new(env, 1);  // constants: it does not come back
     }
     __builtin_unreachable();
 }
@@ -153,7 +154,7 @@ bool count_is_right(xmlrpc_env *env, xmlrpc_value *parameters, unsigned count) {
     return xmlrpc_array_size(env, parameters) == static_cast<int>(count);
 }
 
-} // namespace
+}  // namespace
 
 xmlrpc_value *run_method(xmlrpc_env *env, xmlrpc_value *parameters, const Method &method, Call *call) {
     if (!count_is_right(env, parameters, method.count)) {
@@ -175,4 +176,4 @@ xmlrpc_value *run_method(xmlrpc_env *env, xmlrpc_value *parameters, const Method
     return result;
 }
 
-} // namespace lmq
+}  // namespace lmq

@@ -7,10 +7,10 @@
 // signature string follow from the prototype. Stands in namespace lmq.
 #pragma once
 
+#include <xmlrpc-c/base.h>
+
 #include <type_traits>
 #include <utility>
-
-#include <xmlrpc-c/base.h>
 
 #include "lmq/status.h"
 #include "marshal/describe.h"
@@ -19,27 +19,27 @@
 namespace lmq {
 
 enum class ArgumentKind : uint8_t {
-    value,   // scalar or enum by value: an int
-    element, // pointer to scalars: an array of ints, or an int
-    udt,     // pointer to a UDT: a struct, or an array of structs
-    cookie,  // void *: a pointer value of this process, or an array of them
+    value,    // scalar or enum by value: an int
+    element,  // pointer to scalars: an array of ints, or an int
+    udt,      // pointer to a UDT: a struct, or an array of structs
+    cookie,   // void *: a pointer value of this process, or an array of them
 };
 
 struct Argument {
-    uint16_t name; // string
-    uint16_t type; // string: declared type, as fault texts name it
+    uint16_t name;  // string
+    uint16_t type;  // string: declared type, as fault texts name it
     ArgumentKind kind;
-    Scalar scalar; // of a value or an element
-    uint8_t unit;  // of an element: bytes allocated for each
-    uint8_t udt;   // index into Method::udts
+    Scalar scalar;  // of a value or an element
+    uint8_t unit;   // of an element: bytes allocated for each
+    uint8_t udt;    // index into Method::udts
 };
 
 enum class Returns : uint8_t { status, int32, uint32, nothing };
 
 struct Method {
-    const char *signature; // as the registry takes it
+    const char *signature;  // as the registry takes it
     const char *help;
-    const char *strings; // begins with the driver function's name
+    const char *strings;  // begins with the driver function's name
     const Argument *arguments;
     const Udt *const *udts;
     uint8_t count;
@@ -50,10 +50,10 @@ struct Method {
 
 // An argument between decoding, driver call and echo.
 struct Slot {
-    int32_t value; // of a value argument
-    int count;     // items of a client's array
+    int32_t value;  // of a value argument
+    int count;      // items of a client's array
     xmlrpc_type form;
-    std::byte *block; // of a pointer argument; NULL if the client sent an empty array
+    std::byte *block;  // of a pointer argument; NULL if the client sent an empty array
 };
 
 constexpr unsigned most_arguments = 8;
@@ -73,8 +73,8 @@ inline constexpr char no_help_text[] = "No help available";
 struct Help {
     const char *title = nullptr;
     const char *text = "";
-    const char *inputs = "";  // one line for each argument; "" leaves the section out
-    const char *outputs = ""; // "" leaves the section out
+    const char *inputs = "";   // one line for each argument; "" leaves the section out
+    const char *outputs = "";  // "" leaves the section out
     const char *returns = "";
 };
 inline constexpr Help no_help{};
@@ -82,8 +82,8 @@ inline constexpr Help no_help{};
 // VALUE(T, name): a scalar or enum by value.
 #define VALUE(T, name) ::lmq::describe::value<T>(#T, #name)
 
-// ELEMENT_PTR(T, name): a pointer to scalars or enums of type T. For an array typedef such as vx_mac_addr_t it points to
-// the elements, and memory is taken in units of the whole array.
+// ELEMENT_PTR(T, name): a pointer to scalars or enums of type T. For an array typedef such as vx_mac_addr_t it points
+// to the elements, and memory is taken in units of the whole array.
 #define ELEMENT_PTR(T, name) ::lmq::describe::element_pointer<T>(#T, #name)
 
 // UDT_PTR(T, name): a pointer to a UDT.
@@ -92,15 +92,15 @@ inline constexpr Help no_help{};
 // COOKIE(name): the void * that the driver is handed the call's block for.
 #define COOKIE(name) ::lmq::describe::cookie(#name)
 
-#define METHOD(api, help_parts, ...)                                                                          \
-    namespace row_of_##api {                                                                                  \
+#define METHOD(api, help_parts, ...)                                                                                  \
+    namespace row_of_##api {                                                                                          \
         constexpr auto draft = ::lmq::describe::method<decltype(::api)>(#api, help_parts __VA_OPT__(, ) __VA_ARGS__); \
-    }                                                                                                         \
-    extern constinit const Method method_##api;                                                               \
-    constinit const Method method_##api = ::lmq::describe::packed_method<row_of_##api::draft>();              \
-    extern "C" xmlrpc_value *x_rpc_##api(xmlrpc_env *env, xmlrpc_value *parameters, void *, void *);          \
-    extern "C" xmlrpc_value *x_rpc_##api(xmlrpc_env *env, xmlrpc_value *parameters, void *, void *) {         \
-        return run_method(env, parameters, method_##api, &::lmq::TypedCall<&::api>::run);                     \
+    }                                                                                                                 \
+    extern constinit const Method method_##api;                                                                       \
+    constinit const Method method_##api = ::lmq::describe::packed_method<row_of_##api::draft>();                      \
+    extern "C" xmlrpc_value *x_rpc_##api(xmlrpc_env *env, xmlrpc_value *parameters, void *, void *);                  \
+    extern "C" xmlrpc_value *x_rpc_##api(xmlrpc_env *env, xmlrpc_value *parameters, void *, void *) {                 \
+        return run_method(env, parameters, method_##api, &::lmq::TypedCall<&::api>::run);                             \
     }
 
 // Unpacks the slots for a function and narrows each value to its parameter's type. The narrowed value replaces the one
@@ -111,7 +111,8 @@ template <class R, class... P, R (*function)(P...)>
 struct TypedCall<function> {
     template <class T>
     static T take(Slot &slot) {
-        if constexpr (std::is_pointer_v<T>) return reinterpret_cast<T>(slot.block);
+        if constexpr (std::is_pointer_v<T>)
+            return reinterpret_cast<T>(slot.block);
         else {
             const T narrowed = static_cast<T>(slot.value);
             slot.value = static_cast<int32_t>(narrowed);
@@ -120,13 +121,16 @@ struct TypedCall<function> {
     }
     static int32_t run([[maybe_unused]] Slot *slots) {
         return [&]<size_t... I>(std::index_sequence<I...>) {
-            if constexpr (std::is_void_v<R>) return function(take<P>(slots[I])...), 1; // a constant in place of a result
-            else return static_cast<int32_t>(function(take<P>(slots[I])...));
-        }(std::index_sequence_for<P...>{});
+            if constexpr (std::is_void_v<R>)
+                return function(take<P>(slots[I])...), 1;  // a constant in place of a result
+            else
+                return static_cast<int32_t>(function(take<P>(slots[I])...));
+        }
+        (std::index_sequence_for<P...>{});
     }
 };
 
-} // namespace lmq
+}  // namespace lmq
 
 namespace lmq::describe {
 
@@ -163,7 +167,8 @@ constexpr Typed<T *, 'S'> udt_pointer(const char *type, const char *name, const 
     return {{type, name, ArgumentKind::udt, {}, 0, &udt}};
 }
 
-// The block is taken by the byte, as for an unsigned char *, though pointers are stored in it: a decision of this system.
+// The block is taken by the byte, as for an unsigned char *, though pointers are stored in it: a decision of this
+// system.
 constexpr Typed<void *, 'A'> cookie(const char *name) { return {{"void", name, ArgumentKind::cookie, {1, false}, 1}}; }
 
 template <char... letters>
@@ -179,9 +184,12 @@ struct MethodDraft {
 
 template <class R>
 constexpr Returns returns() {
-    if constexpr (std::is_void_v<R>) return Returns::nothing;
-    else if constexpr (std::is_same_v<R, vx_status_e>) return Returns::status;
-    else if constexpr (std::is_same_v<R, vx_int32>) return Returns::int32;
+    if constexpr (std::is_void_v<R>)
+        return Returns::nothing;
+    else if constexpr (std::is_same_v<R, vx_status_e>)
+        return Returns::status;
+    else if constexpr (std::is_same_v<R, vx_int32>)
+        return Returns::int32;
     else {
         static_assert(std::is_same_v<R, vx_uint32>, "rows: the driver function returns a type that no method returns");
         return Returns::uint32;
@@ -190,10 +198,10 @@ constexpr Returns returns() {
 
 constexpr const char *return_type(Returns returns) {
     switch (returns) {
-    case Returns::status: return "vx_status_e";
-    case Returns::int32: return "vx_int32";
-    case Returns::uint32: return "vx_uint32";
-    case Returns::nothing: return "void";
+        case Returns::status: return "vx_status_e";
+        case Returns::int32: return "vx_int32";
+        case Returns::uint32: return "vx_uint32";
+        case Returns::nothing: return "void";
     }
     return nullptr;
 }
@@ -205,15 +213,18 @@ struct Prototype<R(P...)> {
     using result = R;
     template <class... A>
     static constexpr bool matches() {
-        if constexpr (sizeof...(P) != sizeof...(A)) return false;
-        else return (std::is_same_v<P, typename A::parameter> && ...);
+        if constexpr (sizeof...(P) != sizeof...(A))
+            return false;
+        else
+            return (std::is_same_v<P, typename A::parameter> && ...);
     }
 };
 
 template <class F, class... A>
 constexpr MethodDraft<sizeof...(A)> method(const char *api, const Help &help, const A &...arguments) {
     static_assert(sizeof...(A) <= most_arguments);
-    static_assert(Prototype<F>::template matches<A...>(), "rows: number, order or type of the arguments differ from the prototype");
+    static_assert(Prototype<F>::template matches<A...>(),
+                  "rows: number, order or type of the arguments differ from the prototype");
     return {api, signature_text<A::letter...>, help, returns<typename Prototype<F>::result>(), {arguments...}};
 }
 
@@ -221,7 +232,7 @@ constexpr MethodDraft<sizeof...(A)> method(const char *api, const Help &help, co
 template <const auto &draft>
 struct HelpText {
     struct Writer {
-        char *to = nullptr; // NULL only counts
+        char *to = nullptr;  // NULL only counts
         size_t size = 0;
         constexpr void put(char c) {
             if (to) to[size] = c;
@@ -292,12 +303,16 @@ struct PackedMethod {
     };
     static constexpr Result pack() {
         Result result;
-        result.strings.size = 0; // the function's name stands first
+        result.strings.size = 0;  // the function's name stands first
         result.strings.add(draft.api);
         for (size_t i = 0; i < count; ++i) {
             const ArgumentDraft &argument = draft.arguments[i];
-            result.arguments[i] = {result.strings.add(argument.name), result.strings.add(argument.type), argument.kind,
-                                   argument.scalar, uint8_t(argument.unit), uint8_t(result.udt_count)};
+            result.arguments[i] = {result.strings.add(argument.name),
+                                   result.strings.add(argument.type),
+                                   argument.kind,
+                                   argument.scalar,
+                                   uint8_t(argument.unit),
+                                   uint8_t(result.udt_count)};
             if (argument.kind == ArgumentKind::udt) result.udts[result.udt_count++] = argument.udt;
         }
         return result;
@@ -309,14 +324,17 @@ struct PackedMethod {
 
 template <const auto &draft>
 constexpr const char *help_text() {
-    if constexpr (draft.help.title == nullptr) return no_help_text;
-    else return HelpText<draft>::text.data();
+    if constexpr (draft.help.title == nullptr)
+        return no_help_text;
+    else
+        return HelpText<draft>::text.data();
 }
 
 template <const auto &draft>
 constexpr Method packed_method() {
     using P = PackedMethod<draft>;
-    return {draft.signature, help_text<draft>(), P::strings.data(), P::arguments.data(), P::udts.data(), uint8_t(P::count), draft.returns};
+    return {draft.signature, help_text<draft>(), P::strings.data(), P::arguments.data(),
+            P::udts.data(),  uint8_t(P::count),  draft.returns};
 }
 
-} // namespace lmq::describe
+}  // namespace lmq::describe

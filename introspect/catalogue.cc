@@ -49,7 +49,8 @@ xmlrpc_value *members(xmlrpc_env *env, const char *name) {
     xmlrpc_value *list = xmlrpc_array_new(env);
     for (const Row *row = udt->rows; row != udt->end(); row = next(row))
         append_record(env, list,
-                      x_dvr_svar(env, told_type(*udt, *row), ToldName(udt->text(row->key), udt->text(row->bound)).text, no_help_text));
+                      x_dvr_svar(env, told_type(*udt, *row), ToldName(udt->text(row->key), udt->text(row->bound)).text,
+                                 no_help_text));
     return list;
 }
 
@@ -63,7 +64,7 @@ xmlrpc_value *prototype(xmlrpc_env *env, const char *name) {
     return value;
 }
 
-} // namespace
+}  // namespace
 
 extern "C" xmlrpc_value *x_rpc_listUDTs(xmlrpc_env *env, xmlrpc_value *, void *, void *) {
     xmlrpc_value *list = xmlrpc_array_new(env);
@@ -79,4 +80,4 @@ extern "C" xmlrpc_value *x_rpc_UDTMalloc(xmlrpc_env *env, xmlrpc_value *paramete
     return look_up(env, parameters, prototype, "UDT not found");
 }
 
-} // namespace lmq
+}  // namespace lmq

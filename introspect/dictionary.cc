@@ -1,5 +1,5 @@
-// The type dictionary: lmq.listEnums, lmq.listDefines, lmq.listTypedefs, and lmq.capabilities. Order and spelling of every
-// answer come from the .def files beside this one; nothing is asked of the driver.
+// The type dictionary: lmq.listEnums, lmq.listDefines, lmq.listTypedefs, and lmq.capabilities. Order and spelling of
+// every answer come from the .def files beside this one; nothing is asked of the driver.
 //
 // Each dictionary is one long text, its parts one behind the other, so that the plug-in needs no table of pointers.
 #include "introspect/dictionary.h"
@@ -39,7 +39,7 @@ constexpr int enum_values[] = {
 };
 
 #define TEXT_OF(...) #__VA_ARGS__
-constexpr char defines[] = // name and replacement text in turn
+constexpr char defines[] =  // name and replacement text in turn
 #define DEFINE(name) #name "\0" TEXT_OF(name) "\0"
 #define DEFINE_TEXT(name, text) #name "\0" text "\0"
 #include "introspect/defines.def"
@@ -47,7 +47,7 @@ constexpr char defines[] = // name and replacement text in turn
 #undef DEFINE_TEXT
     ;
 
-constexpr char typedefs[] = // name and base type in turn
+constexpr char typedefs[] =  // name and base type in turn
 #define TYPEDEF(name, base) #name "\0" base "\0"
 #include "introspect/typedefs.def"
 #undef TYPEDEF
@@ -61,7 +61,7 @@ void set(xmlrpc_env *env, xmlrpc_value *record, const char *key, xmlrpc_value *v
     xmlrpc_DECREF(value);
 }
 
-} // namespace
+}  // namespace
 
 const char *behind_typedefs(const char *name) {
     for (const char *part = typedefs; *part; part = behind(behind(part)))
@@ -94,7 +94,8 @@ extern "C" xmlrpc_value *x_rpc_listDefines(xmlrpc_env *env, xmlrpc_value *, void
 
 extern "C" xmlrpc_value *x_rpc_listTypedefs(xmlrpc_env *env, xmlrpc_value *, void *, void *) {
     xmlrpc_value *chain = xmlrpc_struct_new(env);
-    for (const char *part = typedefs; *part; part = behind(behind(part))) set(env, chain, part, xmlrpc_string_new(env, behind(part)));
+    for (const char *part = typedefs; *part; part = behind(behind(part)))
+        set(env, chain, part, xmlrpc_string_new(env, behind(part)));
     return chain;
 }
 
@@ -105,4 +106,4 @@ extern "C" xmlrpc_value *x_rpc_capabilities(xmlrpc_env *env, xmlrpc_value *, voi
     return answer;
 }
 
-} // namespace lmq
+}  // namespace lmq

@@ -6,4 +6,4 @@ namespace lmq {
 // The type behind a name: follows the typedef chain until it ends. A name without a typedef is its own.
 const char *behind_typedefs(const char *name);
 
-} // namespace lmq
+}  // namespace lmq

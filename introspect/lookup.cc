@@ -15,7 +15,7 @@ xmlrpc_value *refuse(xmlrpc_env *env, const char *text) {
     return nullptr;
 }
 
-} // namespace
+}  // namespace
 
 FullName::FullName(const char *name) {
     memcpy(text, name_prefix, prefix_size);
@@ -34,7 +34,8 @@ void append_record(xmlrpc_env *env, xmlrpc_value *list, xmlrpc_value *record) {
 // Two losses here are decisions of this system: the item's reference is never given back, and the copy of a name that
 // is not found is never freed.
 xmlrpc_value *look_up(xmlrpc_env *env, xmlrpc_value *parameters, Answer *answer, const char *not_found) {
-    if (!parameters || xmlrpc_array_size(env, parameters) != 1) return refuse(env, "Expected one and only one parameter");
+    if (!parameters || xmlrpc_array_size(env, parameters) != 1)
+        return refuse(env, "Expected one and only one parameter");
     xmlrpc_value *item;
     xmlrpc_array_read_item(env, parameters, 0, &item);
     if (env->fault_occurred) return nullptr;
@@ -48,4 +49,4 @@ xmlrpc_value *look_up(xmlrpc_env *env, xmlrpc_value *parameters, Answer *answer,
     return answered;
 }
 
-} // namespace lmq
+}  // namespace lmq

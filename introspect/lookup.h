@@ -17,8 +17,8 @@ struct FullName {
 // Answers what a table has for a name, or NULL if it has none.
 using Answer = xmlrpc_value *(xmlrpc_env *env, const char *name);
 
-// Takes the one parameter, a string, and answers it. Every fault has the code -509: for another number of parameters, for
-// another type, and `not_found` for a name that has no answer.
+// Takes the one parameter, a string, and answers it. Every fault has the code -509: for another number of parameters,
+// for another type, and `not_found` for a name that has no answer.
 xmlrpc_value *look_up(xmlrpc_env *env, xmlrpc_value *parameters, Answer *answer, const char *not_found);
 
 // Whether a name is the full name of `bare`: "lmq.BARE", character for character.
@@ -27,4 +27,4 @@ bool is_full_name(const char *name, const char *bare);
 // Appends a record to a list, which takes it over.
 void append_record(xmlrpc_env *env, xmlrpc_value *list, xmlrpc_value *record);
 
-} // namespace lmq
+}  // namespace lmq

@@ -23,10 +23,10 @@ constexpr const Method *methods[] = {
 
 const char *primitive_return_type(Returns returns) {
     switch (returns) {
-    case Returns::status:
-    case Returns::int32: return "int";
-    case Returns::uint32: return "unsigned int";
-    case Returns::nothing: return "void";
+        case Returns::status:
+        case Returns::int32: return "int";
+        case Returns::uint32: return "unsigned int";
+        case Returns::nothing: return "void";
     }
     __builtin_unreachable();
 }
@@ -44,15 +44,16 @@ xmlrpc_value *parameter(xmlrpc_env *env, const Method &method, const Argument &a
     const char *name = method.text(argument.name);
     const char *type = method.text(argument.type);
     switch (argument.kind) {
-    case ArgumentKind::value: return x_dvr_var(env, type, c_name(argument.scalar), name, 0, no_help_text);
-    // A pointer to scalars is told by its resolved type in both places, unlike the prototype: so that a client sees the
-    // width of what it sends.
-    case ArgumentKind::element: {
-        const Pointer pointer(c_name(argument.scalar));
-        return x_dvr_var(env, pointer.text, pointer.text, name, 0, no_help_text);
-    }
-    case ArgumentKind::udt: return x_dvr_var(env, Pointer(type).text, Pointer(behind_typedefs(type)).text, name, 1, no_help_text);
-    case ArgumentKind::cookie: return x_dvr_var(env, Pointer(type).text, Pointer(type).text, name, 0, no_help_text);
+        case ArgumentKind::value: return x_dvr_var(env, type, c_name(argument.scalar), name, 0, no_help_text);
+        // A pointer to scalars is told by its resolved type in both places, unlike the prototype: so that a client sees
+        // the width of what it sends.
+        case ArgumentKind::element: {
+            const Pointer pointer(c_name(argument.scalar));
+            return x_dvr_var(env, pointer.text, pointer.text, name, 0, no_help_text);
+        }
+        case ArgumentKind::udt:
+            return x_dvr_var(env, Pointer(type).text, Pointer(behind_typedefs(type)).text, name, 1, no_help_text);
+        case ArgumentKind::cookie: return x_dvr_var(env, Pointer(type).text, Pointer(type).text, name, 0, no_help_text);
     }
     __builtin_unreachable();
 }
@@ -60,7 +61,8 @@ xmlrpc_value *parameter(xmlrpc_env *env, const Method &method, const Argument &a
 xmlrpc_value *signature(xmlrpc_env *env, const Method &method) {
     xmlrpc_value *list = xmlrpc_array_new(env);
     append_record(env, list,
-                  x_dvr_var(env, describe::return_type(method.returns), primitive_return_type(method.returns), nullptr, 0, method.help));
+                  x_dvr_var(env, describe::return_type(method.returns), primitive_return_type(method.returns), nullptr,
+                            0, method.help));
     for (unsigned i = 0; i < method.count; ++i) append_record(env, list, parameter(env, method, method.arguments[i]));
     return list;
 }
@@ -71,10 +73,10 @@ xmlrpc_value *answer(xmlrpc_env *env, const char *name) {
     return nullptr;
 }
 
-} // namespace
+}  // namespace
 
 extern "C" xmlrpc_value *x_rpc_methodSignature(xmlrpc_env *env, xmlrpc_value *parameters, void *, void *) {
     return look_up(env, parameters, answer, "Function not found");
 }
 
-} // namespace lmq
+}  // namespace lmq

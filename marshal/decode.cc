@@ -16,7 +16,7 @@ namespace {
 struct Decoder {
     xmlrpc_env *env;
     const Udt &udt;
-    std::byte *to; // the UDT's first byte
+    std::byte *to;  // the UDT's first byte
 
     std::byte *at(const Row &row) const { return to + row.offset; }
     const char *key(const Row &row) const { return udt.text(row.key); }
@@ -25,7 +25,7 @@ struct Decoder {
 
     // How fault texts are to name the keys of a group: all as the UDT's own member that holds them, or each as itself.
     struct Naming {
-        const char *member; // NULL: the key's own name
+        const char *member;  // NULL: the key's own name
         const char *udt;
     };
 
@@ -43,16 +43,16 @@ struct Decoder {
     bool member(const Row &row, xmlrpc_value *value, Naming naming) {
         const fault::Place place{naming.member ? naming.member : key(row), naming.udt};
         switch (row.kind) {
-        case Kind::scalar: return scalar(row, value, place);
-        case Kind::wide: return wide(row, value, place);
-        case Kind::string: return string(row, value, place);
-        case Kind::elements: return elements(row, value, place);
-        case Kind::nested: return nested(row, value, place);
-        case Kind::udt_array: return udt_array(row, value, place);
-        case Kind::udt_list: return udt_list(row, value, place);
-        case Kind::inline_struct: return group(row, value, place, {place.member, naming.udt});
-        case Kind::overlaid: return group(row, value, place, {nullptr, "inline struct"});
-        case Kind::flag: return flag(row, value, place);
+            case Kind::scalar: return scalar(row, value, place);
+            case Kind::wide: return wide(row, value, place);
+            case Kind::string: return string(row, value, place);
+            case Kind::elements: return elements(row, value, place);
+            case Kind::nested: return nested(row, value, place);
+            case Kind::udt_array: return udt_array(row, value, place);
+            case Kind::udt_list: return udt_list(row, value, place);
+            case Kind::inline_struct: return group(row, value, place, {place.member, naming.udt});
+            case Kind::overlaid: return group(row, value, place, {nullptr, "inline struct"});
+            case Kind::flag: return flag(row, value, place);
         }
         __builtin_unreachable();
     }
@@ -116,7 +116,7 @@ struct Decoder {
             fault::member_is_struct(env, place, c_name(element));
             return false;
         }
-        return scalar(row, value, place); // into the first element
+        return scalar(row, value, place);  // into the first element
     }
 
     bool nested(const Row &row, xmlrpc_value *value, fault::Place place) {
@@ -131,7 +131,7 @@ struct Decoder {
         const xmlrpc_type form = xmlrpc_value_type(value);
         if (form == XMLRPC_TYPE_ARRAY)
             return decode_udts(env, inner(row), at(row), value, xmlrpc_array_size(env, value), type(row));
-        if (form == XMLRPC_TYPE_STRUCT) return decode_udt(env, inner(row), at(row), value); // into the first element
+        if (form == XMLRPC_TYPE_STRUCT) return decode_udt(env, inner(row), at(row), value);  // into the first element
         fault::member_no_udt(env, place);
         return false;
     }
@@ -163,7 +163,7 @@ struct Decoder {
     }
 };
 
-} // namespace
+}  // namespace
 
 bool decode_udt(xmlrpc_env *env, const Udt &udt, std::byte *to, xmlrpc_value *value) {
     return Decoder{env, udt, to}.rows(udt.rows, udt.end(), value, {nullptr, udt.name});
@@ -184,4 +184,4 @@ bool decode_udts(xmlrpc_env *env, const Udt &udt, std::byte *to, xmlrpc_value *a
     return true;
 }
 
-} // namespace lmq
+}  // namespace lmq

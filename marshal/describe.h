@@ -40,61 +40,66 @@
 #define NESTED(T, m) ::lmq::describe::nested<decltype(S::m), T>(#m, #T, udt_##T, offsetof(S, m))
 
 // UDT_ARRAY(T, m, bound): an array of UDTs, which a client may also send as a single struct.
-#define UDT_ARRAY(T, m, bound) \
-    ::lmq::describe::udt_array<decltype(S::m), T, (bound)>(#m, #T, #bound, udt_##T, offsetof(S, m), ::lmq::Kind::udt_array)
+#define UDT_ARRAY(T, m, bound)                                                                      \
+    ::lmq::describe::udt_array<decltype(S::m), T, (bound)>(#m, #T, #bound, udt_##T, offsetof(S, m), \
+                                                           ::lmq::Kind::udt_array)
 
 // UDT_ARRAY_SPELLED(T, spelling, m, bound): the same where member lists and fault texts spell the type otherwise.
-#define UDT_ARRAY_SPELLED(T, spelling, m, bound) \
-    ::lmq::describe::udt_array<decltype(S::m), T, (bound)>(#m, spelling, #bound, udt_##T, offsetof(S, m), ::lmq::Kind::udt_array)
+#define UDT_ARRAY_SPELLED(T, spelling, m, bound)                                                          \
+    ::lmq::describe::udt_array<decltype(S::m), T, (bound)>(#m, spelling, #bound, udt_##T, offsetof(S, m), \
+                                                           ::lmq::Kind::udt_array)
 
 // UDT_LIST(T, m, bound): an array of UDTs for which a single struct is refused.
-#define UDT_LIST(T, m, bound) \
-    ::lmq::describe::udt_array<decltype(S::m), T, (bound)>(#m, #T, #bound, udt_##T, offsetof(S, m), ::lmq::Kind::udt_list)
+#define UDT_LIST(T, m, bound)                                                                       \
+    ::lmq::describe::udt_array<decltype(S::m), T, (bound)>(#m, #T, #bound, udt_##T, offsetof(S, m), \
+                                                           ::lmq::Kind::udt_list)
 
 // INLINE(m, rows...): a struct or union declared within the UDT. Fault texts of the keys inside name the UDT's own
 // member, whatever the depth: "Member addr of struct type vx_ip_addr_t: expected a vx_in_addr_t ...".
-#define INLINE(m, ...) \
-    ::lmq::describe::group<decltype(S::m)>(#m, offsetof(S, m), ::lmq::Kind::inline_struct, ::lmq::describe::join(__VA_ARGS__))
+#define INLINE(m, ...)                                                                     \
+    ::lmq::describe::group<decltype(S::m)>(#m, offsetof(S, m), ::lmq::Kind::inline_struct, \
+                                           ::lmq::describe::join(__VA_ARGS__))
 
 // OVERLAID(m, rows...): the same, but fault texts of the keys inside name the alternative as the member and "inline
 // struct" as its struct: "Member mac of struct type inline struct: expected a vx_mac_addr_t ...".
-#define OVERLAID(m, ...) \
-    ::lmq::describe::group<decltype(S::m)>(#m, offsetof(S, m), ::lmq::Kind::overlaid, ::lmq::describe::join(__VA_ARGS__))
+#define OVERLAID(m, ...)                                                              \
+    ::lmq::describe::group<decltype(S::m)>(#m, offsetof(S, m), ::lmq::Kind::overlaid, \
+                                           ::lmq::describe::join(__VA_ARGS__))
 
 // FLAGS(m, flags...): an inline struct of bit-fields, all of them, in order from bit 0. A flag may be wider than a bit.
-#define FLAGS(m, ...)                                                                                   \
-    ::lmq::describe::flags<decltype(S::m)>(                                                             \
-        #m, offsetof(S, m), sizeof(decltype(S::m){LMQ_FOR_EACH(LMQ_FLAG_ZERO, S::m, __VA_ARGS__)}),      \
-        std::array{LMQ_FOR_EACH(LMQ_FLAG, S::m, __VA_ARGS__)})
+#define FLAGS(m, ...)                                                                                              \
+    ::lmq::describe::flags<decltype(S::m)>(#m, offsetof(S, m),                                                     \
+                                           sizeof(decltype(S::m){LMQ_FOR_EACH(LMQ_FLAG_ZERO, S::m, __VA_ARGS__)}), \
+                                           std::array{LMQ_FOR_EACH(LMQ_FLAG, S::m, __VA_ARGS__)})
 
-// MASK(m, T, flags...): a mask in two views, `mask_s` with the flags and `mask`, the word over them, of type T. A client
-// that sends both gets `mask`, since it is read second. Where T is narrower than the flags, the last flags can be
-// reached through `mask_s` alone.
+// MASK(m, T, flags...): a mask in two views, `mask_s` with the flags and `mask`, the word over them, of type T. A
+// client that sends both gets `mask`, since it is read second. Where T is narrower than the flags, the last flags can
+// be reached through `mask_s` alone.
 #define MASK(m, T, ...) INLINE(m, FLAGS(m.mask_s, __VA_ARGS__), SCALAR(T, m.mask))
 
 // UDT(T, rows...): describes T and defines udt_T. Stands in namespace lmq. Does not compile before T is named in
 // families/udts.def, or clients would not be told of it.
-#define UDT(T, ...)                                                                                   \
-    namespace rows_of_##T {                                                                           \
-        using S = T;                                                                                  \
-        using declared_by_udts_def = decltype(::lmq::udt_##T);                                        \
-        constexpr auto drafts = ::lmq::describe::join(__VA_ARGS__);                                   \
-        static_assert(::lmq::describe::covers<S>(drafts),                                             \
+#define UDT(T, ...)                                                                                      \
+    namespace rows_of_##T {                                                                              \
+        using S = T;                                                                                     \
+        using declared_by_udts_def = decltype(::lmq::udt_##T);                                           \
+        constexpr auto drafts = ::lmq::describe::join(__VA_ARGS__);                                      \
+        static_assert(::lmq::describe::covers<S>(drafts),                                                \
                       "rows of " #T ": a member has no row, or the rows are not in the header's order"); \
-    }                                                                                                 \
+    }                                                                                                    \
     constinit const Udt udt_##T = ::lmq::describe::packed<rows_of_##T::drafts>(#T, sizeof(T));
 
 // UDT_AS(T, Rows): T has the members of Rows under a name of its own, which its fault texts carry.
-#define UDT_AS(T, Rows)                                                                \
+#define UDT_AS(T, Rows)                                                                 \
     static_assert(std::is_same_v<T, Rows>, "rows: the two types differ in the header"); \
     constinit const Udt udt_##T = ::lmq::describe::packed<rows_of_##Rows::drafts>(#T, sizeof(T));
 
 // What FLAGS makes of one flag. The initialiser with every flag in turn compiles in the header's order alone.
 #define LMQ_FLAG_ZERO(mask, name) .name = 0,
-#define LMQ_FLAG(mask, name)                                                       \
-    ::lmq::describe::flag<decltype(mask)>(#name, [](auto &all) {                    \
-        --all.name; /* from 0 to all ones */                                       \
-        return std::bit_width(static_cast<unsigned long long>(all.name));          \
+#define LMQ_FLAG(mask, name)                                              \
+    ::lmq::describe::flag<decltype(mask)>(#name, [](auto &all) {          \
+        --all.name; /* from 0 to all ones */                              \
+        return std::bit_width(static_cast<unsigned long long>(all.name)); \
     }),
 
 namespace lmq::describe {
@@ -129,8 +134,10 @@ constexpr bool is_scalar = std::is_integral_v<T> || std::is_enum_v<T>;
 
 template <class T>
 constexpr bool is_signed() {
-    if constexpr (std::is_enum_v<T>) return std::is_signed_v<std::underlying_type_t<T>>;
-    else return std::is_signed_v<T>;
+    if constexpr (std::is_enum_v<T>)
+        return std::is_signed_v<std::underlying_type_t<T>>;
+    else
+        return std::is_signed_v<T>;
 }
 
 // The wire key of a member: the last part of its path.
@@ -145,8 +152,13 @@ template <class Actual, class Declared>
 constexpr std::array<Draft, 1> scalar(const char *path, const char *type, size_t offset) {
     static_assert(std::is_same_v<Actual, Declared>, "rows: the header declares the member with another type");
     static_assert(is_scalar<Actual>, "rows: the member is no scalar");
-    return {Draft{.key = key_of(path), .type = type, .offset = offset, .size = sizeof(Actual), .align = alignof(Actual),
-                  .width = sizeof(Actual), .is_signed = is_signed<Actual>(),
+    return {Draft{.key = key_of(path),
+                  .type = type,
+                  .offset = offset,
+                  .size = sizeof(Actual),
+                  .align = alignof(Actual),
+                  .width = sizeof(Actual),
+                  .is_signed = is_signed<Actual>(),
                   .kind = sizeof(Actual) == 8 ? Kind::wide : Kind::scalar}};
 }
 
@@ -154,35 +166,62 @@ template <class Actual, class Declared, size_t bound>
 constexpr std::array<Draft, 1> elements(const char *path, const char *type, const char *spelled, size_t offset) {
     using Element = element_of<Declared>;
     static_assert(std::is_array_v<Actual>, "rows: the member is no array");
-    static_assert(std::is_same_v<std::remove_extent_t<Actual>, Element>, "rows: the header declares the elements with another type");
+    static_assert(std::is_same_v<std::remove_extent_t<Actual>, Element>,
+                  "rows: the header declares the elements with another type");
     static_assert(is_scalar<Element> && sizeof(Element) <= 4, "rows: the elements are no scalars of 8, 16 or 32 bits");
     static_assert(std::extent_v<Actual> == bound, "rows: the header declares another bound");
-    return {Draft{.key = key_of(path), .type = type, .bound = spelled, .offset = offset, .size = sizeof(Actual),
-                  .align = alignof(Actual), .count = bound, .width = sizeof(Element), .is_signed = is_signed<Element>(),
+    return {Draft{.key = key_of(path),
+                  .type = type,
+                  .bound = spelled,
+                  .offset = offset,
+                  .size = sizeof(Actual),
+                  .align = alignof(Actual),
+                  .count = bound,
+                  .width = sizeof(Element),
+                  .is_signed = is_signed<Element>(),
                   .kind = Kind::elements}};
 }
 
 template <class Actual, size_t bound>
 constexpr std::array<Draft, 1> string(const char *path, const char *spelled, size_t offset) {
-    static_assert(std::is_same_v<Actual, char[bound]>, "rows: the member is no array of characters, or has another bound");
-    return {Draft{.key = key_of(path), .type = "vx_char *", .bound = spelled, .offset = offset, .size = sizeof(Actual),
-                  .count = bound, .width = 1, .kind = Kind::string}};
+    static_assert(std::is_same_v<Actual, char[bound]>,
+                  "rows: the member is no array of characters, or has another bound");
+    return {Draft{.key = key_of(path),
+                  .type = "vx_char *",
+                  .bound = spelled,
+                  .offset = offset,
+                  .size = sizeof(Actual),
+                  .count = bound,
+                  .width = 1,
+                  .kind = Kind::string}};
 }
 
 template <class Actual, class Declared>
 constexpr std::array<Draft, 1> nested(const char *path, const char *type, const Udt &udt, size_t offset) {
     static_assert(std::is_same_v<Actual, Declared>, "rows: the header declares the member with another type");
     static_assert(std::is_class_v<Actual> || std::is_union_v<Actual>, "rows: the member is no UDT");
-    return {Draft{.key = key_of(path), .type = type, .offset = offset, .size = sizeof(Actual), .align = alignof(Actual),
-                  .inner = &udt, .kind = Kind::nested}};
+    return {Draft{.key = key_of(path),
+                  .type = type,
+                  .offset = offset,
+                  .size = sizeof(Actual),
+                  .align = alignof(Actual),
+                  .inner = &udt,
+                  .kind = Kind::nested}};
 }
 
 template <class Actual, class Declared, size_t bound>
 constexpr std::array<Draft, 1> udt_array(const char *path, const char *type, const char *spelled, const Udt &udt,
                                          size_t offset, Kind kind) {
     static_assert(std::is_same_v<Actual, Declared[bound]>, "rows: the header declares another element type or bound");
-    return {Draft{.key = key_of(path), .type = type, .bound = spelled, .offset = offset, .size = sizeof(Actual),
-                  .align = alignof(Actual), .count = bound, .inner = &udt, .kind = kind}};
+    return {Draft{.key = key_of(path),
+                  .type = type,
+                  .bound = spelled,
+                  .offset = offset,
+                  .size = sizeof(Actual),
+                  .align = alignof(Actual),
+                  .count = bound,
+                  .inner = &udt,
+                  .kind = kind}};
 }
 
 template <size_t... N>
@@ -198,9 +237,15 @@ constexpr auto join(const std::array<Draft, N> &...parts) {
 }
 
 template <class Actual, size_t N>
-constexpr std::array<Draft, N + 1> group(const char *path, size_t offset, Kind kind, const std::array<Draft, N> &inside) {
-    const Draft head{.key = key_of(path), .type = "inline struct", .offset = offset, .size = sizeof(Actual),
-                     .align = alignof(Actual), .count = N, .kind = kind};
+constexpr std::array<Draft, N + 1> group(const char *path, size_t offset, Kind kind,
+                                         const std::array<Draft, N> &inside) {
+    const Draft head{.key = key_of(path),
+                     .type = "inline struct",
+                     .offset = offset,
+                     .size = sizeof(Actual),
+                     .align = alignof(Actual),
+                     .count = N,
+                     .kind = kind};
     return join(std::array{head}, inside);
 }
 
@@ -216,18 +261,26 @@ constexpr bool takes(std::index_sequence<I...>) {
 }
 template <class S, size_t N = 1>
 constexpr size_t members() {
-    if constexpr (takes<S>(std::make_index_sequence<N>{})) return members<S, N + 1>();
-    else return N - 1;
+    if constexpr (takes<S>(std::make_index_sequence<N>{}))
+        return members<S, N + 1>();
+    else
+        return N - 1;
 }
 
 template <class Mask, size_t N>
-constexpr std::array<Draft, N + 1> flags(const char *path, size_t offset, size_t size, const std::array<Flag, N> &names) {
+constexpr std::array<Draft, N + 1> flags(const char *path, size_t offset, size_t size,
+                                         const std::array<Flag, N> &names) {
     static_assert(members<Mask>() == N, "rows: a flag of the mask has no row");
     std::array<Draft, N> rows{};
     size_t bit = 0;
     for (size_t i = 0; i < N; ++i) {
-        rows[i] = Draft{.key = names[i].key, .type = "vx_uint32", .offset = offset, .count = bit, .width = size,
-                        .bits = size_t(names[i].bits), .kind = Kind::flag};
+        rows[i] = Draft{.key = names[i].key,
+                        .type = "vx_uint32",
+                        .offset = offset,
+                        .count = bit,
+                        .width = size,
+                        .bits = size_t(names[i].bits),
+                        .kind = Kind::flag};
         bit += rows[i].bits;
     }
     return group<Mask>(path, offset, Kind::inline_struct, rows);
@@ -277,11 +330,14 @@ constexpr std::array<T, size> first(const std::array<T, N> &all) {
 
 constexpr size_t string_capacity = 16384;
 
-constexpr bool has_inner(Kind kind) { return kind == Kind::nested || kind == Kind::udt_array || kind == Kind::udt_list; }
+constexpr bool has_inner(Kind kind) {
+    return kind == Kind::nested || kind == Kind::udt_array || kind == Kind::udt_list;
+}
 
 template <const auto &drafts>
 struct Packed {
-    static_assert(std::all_of(drafts.begin(), drafts.end(), [](const Draft &d) { return d.offset < 65536 && d.count < 65536; }),
+    static_assert(std::all_of(drafts.begin(), drafts.end(),
+                              [](const Draft &d) { return d.offset < 65536 && d.count < 65536; }),
                   "rows: an offset or a count needs more than 16 bits");
     struct Result {
         Strings<string_capacity> strings;
@@ -294,13 +350,21 @@ struct Packed {
         for (size_t i = 0; i < drafts.size(); ++i) {
             const Draft &draft = drafts[i];
             Row &row = result.rows[i];
-            row = Row{.key = result.strings.add(draft.key), .type = result.strings.add(draft.type),
-                      .bound = result.strings.add(draft.bound), .offset = uint16_t(draft.offset),
-                      .count = uint16_t(draft.count), .width = uint8_t(draft.width), .bits = uint8_t(draft.bits),
-                      .is_signed = draft.is_signed, .inner = 0, .kind = draft.kind};
+            row = Row{.key = result.strings.add(draft.key),
+                      .type = result.strings.add(draft.type),
+                      .bound = result.strings.add(draft.bound),
+                      .offset = uint16_t(draft.offset),
+                      .count = uint16_t(draft.count),
+                      .width = uint8_t(draft.width),
+                      .bits = uint8_t(draft.bits),
+                      .is_signed = draft.is_signed,
+                      .inner = 0,
+                      .kind = draft.kind};
             if (!has_inner(draft.kind)) continue;
             // Told apart by name: under the sanitizers the comparison of two addresses is no constant.
-            const auto same = [&](const Draft &other) { return has_inner(other.kind) && std::string_view(other.type) == draft.type; };
+            const auto same = [&](const Draft &other) {
+                return has_inner(other.kind) && std::string_view(other.type) == draft.type;
+            };
             const auto first = std::find_if(drafts.begin(), drafts.begin() + ptrdiff_t(i), same);
             if (first != drafts.begin() + ptrdiff_t(i)) {
                 row.inner = result.rows[size_t(first - drafts.begin())].inner;
@@ -322,4 +386,4 @@ constexpr Udt packed(const char *name, size_t size) {
     return Udt{name, P::strings.data(), P::rows.data(), P::inner.data(), uint32_t(size), uint16_t(P::rows.size())};
 }
 
-} // namespace lmq::describe
+}  // namespace lmq::describe

@@ -12,7 +12,7 @@ namespace {
 struct Encoder {
     xmlrpc_env *env;
     const Udt &udt;
-    const std::byte *from; // the UDT's first byte
+    const std::byte *from;  // the UDT's first byte
 
     xmlrpc_value *rows(const Row *row, const Row *end) {
         xmlrpc_value *value = xmlrpc_struct_new(env);
@@ -27,23 +27,23 @@ struct Encoder {
     xmlrpc_value *member(const Row &row) {
         const std::byte *at = from + row.offset;
         switch (row.kind) {
-        case Kind::scalar: return xmlrpc_int_new(env, load(at, {row.width, row.is_signed}));
-        case Kind::wide: return wide(at);
-        case Kind::string: return string(reinterpret_cast<const char *>(at));
-        case Kind::elements: return encode_elements(env, at, row.count, row.width);
-        case Kind::nested: return encode_udt(env, *udt.inner[row.inner], at);
-        case Kind::udt_array:
-        case Kind::udt_list: return encode_udts(env, *udt.inner[row.inner], at, row.count);
-        case Kind::inline_struct:
-        case Kind::overlaid: return rows(&row + 1, next(&row));
-        case Kind::flag: return flag(row, at);
+            case Kind::scalar: return xmlrpc_int_new(env, load(at, {row.width, row.is_signed}));
+            case Kind::wide: return wide(at);
+            case Kind::string: return string(reinterpret_cast<const char *>(at));
+            case Kind::elements: return encode_elements(env, at, row.count, row.width);
+            case Kind::nested: return encode_udt(env, *udt.inner[row.inner], at);
+            case Kind::udt_array:
+            case Kind::udt_list: return encode_udts(env, *udt.inner[row.inner], at, row.count);
+            case Kind::inline_struct:
+            case Kind::overlaid: return rows(&row + 1, next(&row));
+            case Kind::flag: return flag(row, at);
         }
         __builtin_unreachable();
     }
 
     // The text up to its terminator, which may lie behind the member (see the decoder). The bytes there need not be
-    // UTF-8, which the library refuses with a fault and no value: then the text ends before them, as no fault may follow
-    // a driver call.
+    // UTF-8, which the library refuses with a fault and no value: then the text ends before them, as no fault may
+    // follow a driver call.
     xmlrpc_value *string(const char *text) {
         size_t length = strlen(text);
         xmlrpc_value *value = xmlrpc_string_new(env, text);
@@ -67,7 +67,7 @@ struct Encoder {
     }
 };
 
-} // namespace
+}  // namespace
 
 xmlrpc_value *encode_udt(xmlrpc_env *env, const Udt &udt, const std::byte *from) {
     if (!from) return xmlrpc_nil_new(env);
@@ -85,4 +85,4 @@ xmlrpc_value *encode_udts(xmlrpc_env *env, const Udt &udt, const std::byte *from
     return array;
 }
 
-} // namespace lmq
+}  // namespace lmq

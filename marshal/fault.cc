@@ -48,10 +48,11 @@ void set_member(xmlrpc_env *env, Place place, std::initializer_list<const char *
     const char *what[3] = {"", "", ""};
     size_t parts = 0;
     for (const char *part : said) what[parts++] = part;
-    set(env, XMLRPC_TYPE_ERROR, {"Member ", place.member, " of struct type ", place.udt, ": ", what[0], what[1], what[2]});
+    set(env, XMLRPC_TYPE_ERROR,
+        {"Member ", place.member, " of struct type ", place.udt, ": ", what[0], what[1], what[2]});
 }
 
-} // namespace
+}  // namespace
 
 void count(xmlrpc_env *env, const char *function, unsigned count) {
     set(env, XMLRPC_LIMIT_EXCEEDED_ERROR,
@@ -100,4 +101,4 @@ void member_too_long(xmlrpc_env *env, Place place, unsigned bound) {
          " larger than defined maximum of ", Decimal(bound).text});
 }
 
-} // namespace lmq::fault
+}  // namespace lmq::fault

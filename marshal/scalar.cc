@@ -22,29 +22,29 @@ void store_as(std::byte *to, int32_t value) {
     memcpy(to, &cut, sizeof cut);
 }
 
-} // namespace
+}  // namespace
 
 const char *c_name(Scalar scalar) {
     switch (scalar.width) {
-    case 1: return scalar.is_signed ? "signed char" : "unsigned char";
-    case 2: return scalar.is_signed ? "short" : "unsigned short";
-    default: return scalar.is_signed ? "int" : "unsigned int";
+        case 1: return scalar.is_signed ? "signed char" : "unsigned char";
+        case 2: return scalar.is_signed ? "short" : "unsigned short";
+        default: return scalar.is_signed ? "int" : "unsigned int";
     }
 }
 
 int32_t load(const std::byte *from, Scalar scalar) {
     switch (scalar.width) {
-    case 1: return scalar.is_signed ? load_as<int8_t>(from) : load_as<uint8_t>(from);
-    case 2: return scalar.is_signed ? load_as<int16_t>(from) : load_as<uint16_t>(from);
-    default: return load_as<int32_t>(from);
+        case 1: return scalar.is_signed ? load_as<int8_t>(from) : load_as<uint8_t>(from);
+        case 2: return scalar.is_signed ? load_as<int16_t>(from) : load_as<uint16_t>(from);
+        default: return load_as<int32_t>(from);
     }
 }
 
 void store(std::byte *to, uint8_t width, int32_t value) {
     switch (width) {
-    case 1: return store_as<uint8_t>(to, value);
-    case 2: return store_as<uint16_t>(to, value);
-    default: return store_as<int32_t>(to, value);
+        case 1: return store_as<uint8_t>(to, value);
+        case 2: return store_as<uint16_t>(to, value);
+        default: return store_as<int32_t>(to, value);
     }
 }
 
@@ -84,4 +84,4 @@ xmlrpc_value *encode_elements(xmlrpc_env *env, const std::byte *from, int count,
     return array;
 }
 
-} // namespace lmq
+}  // namespace lmq

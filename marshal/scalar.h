@@ -1,16 +1,16 @@
 // Scalars in memory, and arrays of scalars between a buffer and an XML-RPC array.
 #pragma once
 
+#include <xmlrpc-c/base.h>
+
 #include <cstddef>
 #include <cstdint>
-
-#include <xmlrpc-c/base.h>
 
 namespace lmq {
 
 // The scalar type of an element or a member, as far as memory knows it.
 struct Scalar {
-    uint8_t width; // in bytes: 1, 2 or 4
+    uint8_t width;  // in bytes: 1, 2 or 4
     bool is_signed;
 };
 
@@ -36,4 +36,4 @@ bool decode_elements(xmlrpc_env *env, std::byte *to, xmlrpc_value *array, int co
 // Makes an array of `count` ints, or nil for a NULL buffer. Elements of one and two bytes are read unsigned.
 xmlrpc_value *encode_elements(xmlrpc_env *env, const std::byte *from, int count, uint8_t width);
 
-} // namespace lmq
+}  // namespace lmq

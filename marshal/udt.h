@@ -1,9 +1,9 @@
 // UDTs between memory and XML-RPC structs, by their rows.
 #pragma once
 
-#include <cstddef>
-
 #include <xmlrpc-c/base.h>
+
+#include <cstddef>
 
 #include "marshal/row.h"
 
@@ -25,4 +25,4 @@ xmlrpc_value *encode_udt(xmlrpc_env *env, const Udt &udt, const std::byte *from)
 // Makes an array of `count` structs, or nil for a NULL source.
 xmlrpc_value *encode_udts(xmlrpc_env *env, const Udt &udt, const std::byte *from, int count);
 
-} // namespace lmq
+}  // namespace lmq

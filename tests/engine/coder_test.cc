@@ -1,7 +1,7 @@
 // The rules of decoding and encoding, one by one, on UDTs made for them.
-#include <vector>
-
 #include <gtest/gtest.h>
+
+#include <vector>
 
 #include "lmq_xmlrpc.h"
 #include "marshal/scalar.h"
@@ -51,8 +51,10 @@ std::string echo(const lmq::Udt &udt, const std::string &json) {
 }
 
 TEST(Scalars, AreCutToTheirWidthAndExtendedBySign) {
-    EXPECT_EQ(echo<scalars_t>(lmq::udt_scalars_t, "{}"), R"({"u8":0,"s8":0,"u16":0,"s16":0,"u32":0,"s32":0,"mode":0,"u64":0,"s64":0})");
-    EXPECT_EQ(echo<scalars_t>(lmq::udt_scalars_t, R"({"u8":511,"s8":255,"u16":-1,"s16":65535,"u32":-1,"s32":-5,"mode":123456})"),
+    EXPECT_EQ(echo<scalars_t>(lmq::udt_scalars_t, "{}"),
+              R"({"u8":0,"s8":0,"u16":0,"s16":0,"u32":0,"s32":0,"mode":0,"u64":0,"s64":0})");
+    EXPECT_EQ(echo<scalars_t>(lmq::udt_scalars_t,
+                              R"({"u8":511,"s8":255,"u16":-1,"s16":65535,"u32":-1,"s32":-5,"mode":123456})"),
               R"({"u8":255,"s8":-1,"u16":65535,"s16":-1,"u32":-1,"s32":-5,"mode":123456,"u64":0,"s64":0})");
 }
 
@@ -89,12 +91,13 @@ TEST(Structs, KeepWhatIsAbsentAndIgnoreWhatIsUnknown) {
 TEST(Structs, AFaultLeavesWhatWasDecoded) {
     Block<scalars_t> block;
     EXPECT_NE(decode(lmq::udt_scalars_t, block, R"({"s64":1,"u16":"x","u8":3})"), "");
-    EXPECT_EQ(block.udt[0].u8, 3); // in order of declaration, not of sending
+    EXPECT_EQ(block.udt[0].u8, 3);  // in order of declaration, not of sending
     EXPECT_EQ(block.udt[0].s64, 0);
 }
 
 TEST(Elements, FillFromTheStartAndAnswerTheWholeBound) {
-    EXPECT_EQ(echo<arrays_t>(lmq::udt_arrays_t, R"({"mac":[300,2],"behind":511,"map":[-1,2],"words":[-1],"modes":[-9,70000]})"),
+    EXPECT_EQ(echo<arrays_t>(lmq::udt_arrays_t,
+                             R"({"mac":[300,2],"behind":511,"map":[-1,2],"words":[-1],"modes":[-9,70000]})"),
               R"({"mac":[44,2,0,0,0,0],"behind":[255,0,0,0,0,0],"map":[65535,2,0],"words":[-1,0],"modes":[-9,70000]})");
     Block<arrays_t> block;
     block.udt[0].mac[1] = 5;
@@ -117,8 +120,10 @@ TEST(Elements, RunOnOverTheMembersBehind) {
 
 TEST(Elements, OfOtherWireTypesAreRefused) {
     const std::string member = "-501 Member mac of struct type arrays_t: ";
-    EXPECT_EQ(fault<arrays_t>(lmq::udt_arrays_t, R"({"mac":{}})"), member + "is a struct, but I expected a unsigned char *");
-    EXPECT_EQ(fault<arrays_t>(lmq::udt_arrays_t, R"({"mac":true})"), member + "expected a vx_mac_addr_t but got something else");
+    EXPECT_EQ(fault<arrays_t>(lmq::udt_arrays_t, R"({"mac":{}})"),
+              member + "is a struct, but I expected a unsigned char *");
+    EXPECT_EQ(fault<arrays_t>(lmq::udt_arrays_t, R"({"mac":true})"),
+              member + "expected a vx_mac_addr_t but got something else");
     EXPECT_EQ(fault<arrays_t>(lmq::udt_arrays_t, R"({"mac":[1,true]})"),
               "-501 Array of unsigned char * entry: expected a vx_mac_addr_t but got something else");
     EXPECT_EQ(fault<arrays_t>(lmq::udt_arrays_t, R"({"map":[{}]})"),
@@ -158,7 +163,8 @@ TEST_F(Named, TakesUpToItsBoundAndPutsTheTerminatorBehind) {
 
 TEST_F(Named, IsRefusedBeyondItsBoundAndWhenItIsNoString) {
     const std::string member = "-501 Member name of struct type named_t: ";
-    EXPECT_EQ(fault<named_t>(lmq::udt_named_t, R"({"name":"0123456789abcdefg"})"), member + "strlen of name larger than defined maximum of 16");
+    EXPECT_EQ(fault<named_t>(lmq::udt_named_t, R"({"name":"0123456789abcdefg"})"),
+              member + "strlen of name larger than defined maximum of 16");
     for (const char *wrong : {"1", "[101]", "{}", "null"})
         EXPECT_EQ(fault<named_t>(lmq::udt_named_t, std::string(R"({"name":)") + wrong + "}"),
                   member + "expected a vx_char * but got something else");
@@ -175,17 +181,25 @@ TEST(Nested, UdtsAndArraysOfThem) {
 }
 
 TEST(Nested, FaultTexts) {
-    EXPECT_EQ(fault<tree_t>(lmq::udt_tree_t, R"({"one":[]})"), "-501 Member one of struct type tree_t: expected a inner_t but got something else");
-    EXPECT_EQ(fault<tree_t>(lmq::udt_tree_t, R"({"one":{"y":"x"}})"), "-501 Member y of struct type inner_t: expected a vx_uint16 but got something else");
-    EXPECT_EQ(fault<tree_t>(lmq::udt_tree_t, R"({"many":1})"), "-501 Member many of struct type tree_t: expected an array or a struct, but got something else");
-    EXPECT_EQ(fault<tree_t>(lmq::udt_tree_t, R"({"many":[{},1]})"), "-501 Array of inner_t * entry: expected a inner_t but got something else");
-    EXPECT_EQ(fault<tree_t>(lmq::udt_tree_t, R"({"spelled":[[]]})"), "-501 Array of struct inner_s * entry: expected a inner_t but got something else");
-    EXPECT_EQ(fault<inner_t>(lmq::udt_twin_t, R"({"x":""})"), "-501 Member x of struct type twin_t: expected a vx_uint16 but got something else");
+    EXPECT_EQ(fault<tree_t>(lmq::udt_tree_t, R"({"one":[]})"),
+              "-501 Member one of struct type tree_t: expected a inner_t but got something else");
+    EXPECT_EQ(fault<tree_t>(lmq::udt_tree_t, R"({"one":{"y":"x"}})"),
+              "-501 Member y of struct type inner_t: expected a vx_uint16 but got something else");
+    EXPECT_EQ(fault<tree_t>(lmq::udt_tree_t, R"({"many":1})"),
+              "-501 Member many of struct type tree_t: expected an array or a struct, but got something else");
+    EXPECT_EQ(fault<tree_t>(lmq::udt_tree_t, R"({"many":[{},1]})"),
+              "-501 Array of inner_t * entry: expected a inner_t but got something else");
+    EXPECT_EQ(fault<tree_t>(lmq::udt_tree_t, R"({"spelled":[[]]})"),
+              "-501 Array of struct inner_s * entry: expected a inner_t but got something else");
+    EXPECT_EQ(fault<inner_t>(lmq::udt_twin_t, R"({"x":""})"),
+              "-501 Member x of struct type twin_t: expected a vx_uint16 but got something else");
 }
 
 TEST(Masks, FlatFlagsTakeTheirLowBitsAndKeepTheirNeighbours) {
-    EXPECT_EQ(echo<flat_t>(lmq::udt_flat_t, R"({"a":9,"valid":{"b":3,"rest":5}})"), R"({"a":9,"valid":{"a":0,"b":1,"rest":5}})");
-    EXPECT_EQ(echo<flat_t>(lmq::udt_flat_t, R"({"valid":{"a":2,"rest":-1}})"), R"({"a":0,"valid":{"a":0,"b":0,"rest":1073741823}})");
+    EXPECT_EQ(echo<flat_t>(lmq::udt_flat_t, R"({"a":9,"valid":{"b":3,"rest":5}})"),
+              R"({"a":9,"valid":{"a":0,"b":1,"rest":5}})");
+    EXPECT_EQ(echo<flat_t>(lmq::udt_flat_t, R"({"valid":{"a":2,"rest":-1}})"),
+              R"({"a":0,"valid":{"a":0,"b":0,"rest":1073741823}})");
     Block<flat_t> block;
     block.udt[0].valid = {1, 1, 77};
     EXPECT_EQ(decode(lmq::udt_flat_t, block, R"({"valid":{"b":0}})"), "");
@@ -193,8 +207,10 @@ TEST(Masks, FlatFlagsTakeTheirLowBitsAndKeepTheirNeighbours) {
 }
 
 TEST(Masks, OfTheWordShapeLetTheWordWin) {
-    EXPECT_EQ(echo<word_t>(lmq::udt_word_t, R"({"valid":{"mask":5}})"), R"({"a":0,"valid":{"mask_s":{"a":1,"b":0,"c":1},"mask":5}})");
-    EXPECT_EQ(echo<word_t>(lmq::udt_word_t, R"({"valid":{"mask":4,"mask_s":{"a":1,"b":1}}})"), R"({"a":0,"valid":{"mask_s":{"a":0,"b":0,"c":1},"mask":4}})");
+    EXPECT_EQ(echo<word_t>(lmq::udt_word_t, R"({"valid":{"mask":5}})"),
+              R"({"a":0,"valid":{"mask_s":{"a":1,"b":0,"c":1},"mask":5}})");
+    EXPECT_EQ(echo<word_t>(lmq::udt_word_t, R"({"valid":{"mask":4,"mask_s":{"a":1,"b":1}}})"),
+              R"({"a":0,"valid":{"mask_s":{"a":0,"b":0,"c":1},"mask":4}})");
     EXPECT_EQ(echo<bare_t>(lmq::udt_bare_t, R"({"mask":2,"mask_s":{"a":1}})"), R"({"mask_s":{"a":0,"b":1},"mask":2})");
 }
 
@@ -209,41 +225,59 @@ TEST(Masks, AWordNarrowerThanTheFlagsLeavesTheRest) {
 
 TEST(Masks, FaultTextsNameTheMemberOfTheUdt) {
     const std::string valid = "-501 Member valid of struct type word_t: expected ";
-    EXPECT_EQ(fault<word_t>(lmq::udt_word_t, R"({"valid":3})"), valid + "an inline struct for member valid but got something else");
-    EXPECT_EQ(fault<word_t>(lmq::udt_word_t, R"({"valid":{"mask_s":3}})"), valid + "an inline struct for member mask_s but got something else");
-    EXPECT_EQ(fault<word_t>(lmq::udt_word_t, R"({"valid":{"mask_s":{"b":true}}})"), valid + "a vx_uint32 but got something else");
-    EXPECT_EQ(fault<word_t>(lmq::udt_word_t, R"({"valid":{"mask":true}})"), valid + "a vx_uint32 but got something else");
-    EXPECT_EQ(fault<bare_t>(lmq::udt_bare_t, R"({"mask_s":{"b":[]}})"), "-501 Member mask_s of struct type bare_t: expected a vx_uint32 but got something else");
-    EXPECT_EQ(fault<bare_t>(lmq::udt_bare_t, R"({"mask":[]})"), "-501 Member mask of struct type bare_t: expected a vx_uint32 but got something else");
+    EXPECT_EQ(fault<word_t>(lmq::udt_word_t, R"({"valid":3})"),
+              valid + "an inline struct for member valid but got something else");
+    EXPECT_EQ(fault<word_t>(lmq::udt_word_t, R"({"valid":{"mask_s":3}})"),
+              valid + "an inline struct for member mask_s but got something else");
+    EXPECT_EQ(fault<word_t>(lmq::udt_word_t, R"({"valid":{"mask_s":{"b":true}}})"),
+              valid + "a vx_uint32 but got something else");
+    EXPECT_EQ(fault<word_t>(lmq::udt_word_t, R"({"valid":{"mask":true}})"),
+              valid + "a vx_uint32 but got something else");
+    EXPECT_EQ(fault<bare_t>(lmq::udt_bare_t, R"({"mask_s":{"b":[]}})"),
+              "-501 Member mask_s of struct type bare_t: expected a vx_uint32 but got something else");
+    EXPECT_EQ(fault<bare_t>(lmq::udt_bare_t, R"({"mask":[]})"),
+              "-501 Member mask of struct type bare_t: expected a vx_uint32 but got something else");
 }
 
 TEST(Unions, StoreEveryAlternativeInOrderAndAnswerAll) {
-    EXPECT_EQ(echo<choice_t>(lmq::udt_choice_t, R"({"type":9,"of":{"key":65537,"one":{"x":5,"y":6},"list":[{},{"x":3}]}})"),
-              R"({"type":9,"of":{"one":{"x":1,"y":1},"list":[{"x":1,"y":1},{"x":3,"y":0}],"pair":{"low":1,"high":1},"key":65537}})");
+    EXPECT_EQ(
+        echo<choice_t>(lmq::udt_choice_t, R"({"type":9,"of":{"key":65537,"one":{"x":5,"y":6},"list":[{},{"x":3}]}})"),
+        R"({"type":9,"of":{"one":{"x":1,"y":1},"list":[{"x":1,"y":1},{"x":3,"y":0}],"pair":{"low":1,"high":1},"key":65537}})");
     EXPECT_EQ(echo<overlaid_t>(lmq::udt_overlaid_t, R"({"addr":{"mac":[1,2,3,4,5,6],"ipv4":{"s_addr":16909060}}})"),
               R"({"addr":{"mac":[4,3,2,1,5,6],"ipv4":{"s_addr":16909060},"mode":16909060}})");
     // The IPv6 view is read second: its first two bytes and then its first word lie over the IPv4 address.
-    EXPECT_EQ(echo<vx_ip_addr_t>(lmq::udt_vx_ip_addr_t, R"({"addr":{"v6":{"in6_u":{"u6_addr8":[9,9,9,9,9],"u6_addr32":[1]}},"v4":{"s_addr":-1}},"ip_ver":1})"),
-              R"({"addr":{"v4":{"s_addr":1},"v6":{"in6_u":{"u6_addr8":[1,0,0,0,9,0,0,0,0,0,0,0,0,0,0,0],)"
-              R"("u6_addr16":[1,0,9,0,0,0,0,0],"u6_addr32":[1,9,0,0]}}},"ip_ver":1})");
+    EXPECT_EQ(
+        echo<vx_ip_addr_t>(
+            lmq::udt_vx_ip_addr_t,
+            R"({"addr":{"v6":{"in6_u":{"u6_addr8":[9,9,9,9,9],"u6_addr32":[1]}},"v4":{"s_addr":-1}},"ip_ver":1})"),
+        R"({"addr":{"v4":{"s_addr":1},"v6":{"in6_u":{"u6_addr8":[1,0,0,0,9,0,0,0,0,0,0,0,0,0,0,0],)"
+        R"("u6_addr16":[1,0,9,0,0,0,0,0],"u6_addr32":[1,9,0,0]}}},"ip_ver":1})");
 }
 
 TEST(Unions, FaultTextsNameTheMemberOrTheAlternative) {
     const std::string of = "-501 Member of of struct type choice_t: expected ";
-    EXPECT_EQ(fault<choice_t>(lmq::udt_choice_t, R"({"of":1})"), of + "an inline struct for member of but got something else");
+    EXPECT_EQ(fault<choice_t>(lmq::udt_choice_t, R"({"of":1})"),
+              of + "an inline struct for member of but got something else");
     EXPECT_EQ(fault<choice_t>(lmq::udt_choice_t, R"({"of":{"one":1}})"), of + "a inner_t but got something else");
     EXPECT_EQ(fault<choice_t>(lmq::udt_choice_t, R"({"of":{"list":{}}})"), of + "a inner_t * but got something else");
-    EXPECT_EQ(fault<choice_t>(lmq::udt_choice_t, R"({"of":{"list":[1]}})"), "-501 Array of inner_t * entry: expected a inner_t but got something else");
-    EXPECT_EQ(fault<choice_t>(lmq::udt_choice_t, R"({"of":{"pair":1}})"), of + "an inline struct for member pair but got something else");
-    EXPECT_EQ(fault<choice_t>(lmq::udt_choice_t, R"({"of":{"pair":{"high":""}}})"), of + "a vx_uint16 but got something else");
+    EXPECT_EQ(fault<choice_t>(lmq::udt_choice_t, R"({"of":{"list":[1]}})"),
+              "-501 Array of inner_t * entry: expected a inner_t but got something else");
+    EXPECT_EQ(fault<choice_t>(lmq::udt_choice_t, R"({"of":{"pair":1}})"),
+              of + "an inline struct for member pair but got something else");
+    EXPECT_EQ(fault<choice_t>(lmq::udt_choice_t, R"({"of":{"pair":{"high":""}}})"),
+              of + "a vx_uint16 but got something else");
     EXPECT_EQ(fault<choice_t>(lmq::udt_choice_t, R"({"of":{"key":""}})"), of + "a vx_uint32 but got something else");
 
     const std::string inside = " of struct type inline struct: ";
-    EXPECT_EQ(fault<overlaid_t>(lmq::udt_overlaid_t, R"({"addr":1})"),
-              "-501 Member addr of struct type overlaid_t: expected an inline struct for member addr but got something else");
-    EXPECT_EQ(fault<overlaid_t>(lmq::udt_overlaid_t, R"({"addr":{"mac":{}}})"), "-501 Member mac" + inside + "is a struct, but I expected a unsigned char *");
-    EXPECT_EQ(fault<overlaid_t>(lmq::udt_overlaid_t, R"({"addr":{"mac":""}})"), "-501 Member mac" + inside + "expected a vx_mac_addr_t but got something else");
-    EXPECT_EQ(fault<overlaid_t>(lmq::udt_overlaid_t, R"({"addr":{"ipv4":1}})"), "-501 Member ipv4" + inside + "expected a vx_in_addr_t but got something else");
+    EXPECT_EQ(
+        fault<overlaid_t>(lmq::udt_overlaid_t, R"({"addr":1})"),
+        "-501 Member addr of struct type overlaid_t: expected an inline struct for member addr but got something else");
+    EXPECT_EQ(fault<overlaid_t>(lmq::udt_overlaid_t, R"({"addr":{"mac":{}}})"),
+              "-501 Member mac" + inside + "is a struct, but I expected a unsigned char *");
+    EXPECT_EQ(fault<overlaid_t>(lmq::udt_overlaid_t, R"({"addr":{"mac":""}})"),
+              "-501 Member mac" + inside + "expected a vx_mac_addr_t but got something else");
+    EXPECT_EQ(fault<overlaid_t>(lmq::udt_overlaid_t, R"({"addr":{"ipv4":1}})"),
+              "-501 Member ipv4" + inside + "expected a vx_in_addr_t but got something else");
     EXPECT_EQ(fault<vx_ip_addr_t>(lmq::udt_vx_ip_addr_t, R"({"addr":{"v4":1}})"),
               "-501 Member addr of struct type vx_ip_addr_t: expected a vx_in_addr_t but got something else");
 }
@@ -259,9 +293,10 @@ TEST(RoundTrip, OfAnyBytes) {
         Value again(lmq::encode_udt(env, udt, back.data()));
         EXPECT_EQ(to_json(value.get()), to_json(again.get())) << udt.name;
     };
-    for (const lmq::Udt *udt : {&lmq::udt_scalars_t, &lmq::udt_arrays_t, &lmq::udt_tree_t, &lmq::udt_flat_t, &lmq::udt_word_t,
-                                &lmq::udt_bare_t, &lmq::udt_choice_t, &lmq::udt_overlaid_t, &lmq::udt_vx_ip_addr_t})
+    for (const lmq::Udt *udt :
+         {&lmq::udt_scalars_t, &lmq::udt_arrays_t, &lmq::udt_tree_t, &lmq::udt_flat_t, &lmq::udt_word_t,
+          &lmq::udt_bare_t, &lmq::udt_choice_t, &lmq::udt_overlaid_t, &lmq::udt_vx_ip_addr_t})
         check(*udt);
 }
 
-} // namespace
+}  // namespace

@@ -1,8 +1,8 @@
 // The rules of the handler frame, on driver functions made for them: counts, forms, narrowing, echoes, faults, and the
 // texts that a row is registered with.
-#include <cstring>
-
 #include <gtest/gtest.h>
+
+#include <cstring>
 
 #include "tests/engine/sample.h"
 #include "tests/engine/values.h"
@@ -42,7 +42,8 @@ TEST_F(Frame, CountsTheParametersFirst) {
     const std::string fault = "-509 Input argument size mismatch: function \"sample_values\" expects 4 argument(s)!";
     for (const char *wrong : {"[]", "[1,2,3]", "[1,2,3,4,5]"}) expect_fault(lmq::x_rpc_sample_values, wrong, fault);
     EXPECT_EQ(call(lmq::x_rpc_sample_values, nullptr), fault);
-    EXPECT_EQ(call(lmq::x_rpc_sample_none, "[1]"), "-509 Input argument size mismatch: function \"sample_none\" expects 0 argument(s)!");
+    EXPECT_EQ(call(lmq::x_rpc_sample_none, "[1]"),
+              "-509 Input argument size mismatch: function \"sample_none\" expects 0 argument(s)!");
     EXPECT_EQ(handed.calls, 0);
     EXPECT_EQ(call(lmq::x_rpc_sample_none, nullptr), "[-7]");
     EXPECT_EQ(call(lmq::x_rpc_sample_none, "[]"), "[-7]");
@@ -58,14 +59,19 @@ TEST_F(Frame, RefusesOtherFormsAtEachPosition) {
         expect_fault(lmq::x_rpc_sample_udt, std::string("[1,") + wrong + "]",
                      "-501 Function input 2: expected an array or a struct, but got something else");
     }
-    expect_fault(lmq::x_rpc_sample_udt, "[1,5]", "-501 Function input 2: expected an array or a struct, but got something else");
-    expect_fault(lmq::x_rpc_sample_udt, "[1,[{},1]]", "-501 Array of inner_t * entry: expected a inner_t but got something else");
-    expect_fault(lmq::x_rpc_sample_shorts, "[{}]", "-501 Function input 1: is a struct, but I expected a unsigned short *");
+    expect_fault(lmq::x_rpc_sample_udt, "[1,5]",
+                 "-501 Function input 2: expected an array or a struct, but got something else");
+    expect_fault(lmq::x_rpc_sample_udt, "[1,[{},1]]",
+                 "-501 Array of inner_t * entry: expected a inner_t but got something else");
+    expect_fault(lmq::x_rpc_sample_shorts, "[{}]",
+                 "-501 Function input 1: is a struct, but I expected a unsigned short *");
     expect_fault(lmq::x_rpc_sample_mac, "[{}]", "-501 Function input 1: is a struct, but I expected a unsigned char *");
     expect_fault(lmq::x_rpc_sample_modes, "[{}]", "-501 Function input 1: is a struct, but I expected a int *");
-    expect_fault(lmq::x_rpc_sample_shorts, "[[1,\"\"]]", "-501 Array of unsigned short * entry: expected a vx_port_id_t but got something else");
+    expect_fault(lmq::x_rpc_sample_shorts, "[[1,\"\"]]",
+                 "-501 Array of unsigned short * entry: expected a vx_port_id_t but got something else");
     // The first argument that is wrong is the one that is told.
-    expect_fault(lmq::x_rpc_sample_udt, "[true,5]", "-501 Function input 1: expected a vx_dev_id_t but got something else");
+    expect_fault(lmq::x_rpc_sample_udt, "[true,5]",
+                 "-501 Function input 1: expected a vx_dev_id_t but got something else");
 }
 
 TEST_F(Frame, EchoesElementsInTheFormThatWasSent) {
@@ -82,7 +88,7 @@ TEST_F(Frame, EchoesElementsInTheFormThatWasSent) {
 TEST_F(Frame, StoresAWholeIntForNarrowElements) {
     EXPECT_EQ(call(lmq::x_rpc_sample_shorts, "[197121]"), "[0,65244]");
     EXPECT_EQ(memcmp(handed.block, "\1\2\3\0", 4), 0);
-    EXPECT_EQ(call(lmq::x_rpc_sample_bytes, "[511]"), "[-2,255]"); // and an unsigned result comes out negative
+    EXPECT_EQ(call(lmq::x_rpc_sample_bytes, "[511]"), "[-2,255]");  // and an unsigned result comes out negative
 }
 
 TEST_F(Frame, EchoesUdtsInTheFormThatWasSent) {
@@ -116,7 +122,7 @@ TEST_F(Frame, HandsACookieTheBlockAndAnswersConstants) {
     EXPECT_EQ(call(lmq::x_rpc_sample_free, list({cookie.get()}).get()), "[1,1]");
     EXPECT_EQ(memcmp(handed.block, &pointer, 2), 0);
     EXPECT_EQ(call(lmq::x_rpc_sample_free, list({list({cookie.get(), cookie.get()}).get()}).get()), "[1,null]");
-    EXPECT_EQ(memcmp(handed.block, "\1\1", 2), 0); // one byte apart
+    EXPECT_EQ(memcmp(handed.block, "\1\1", 2), 0);  // one byte apart
 }
 #endif
 
@@ -131,10 +137,11 @@ TEST(Rows, HelpTextHasItsParts) {
     EXPECT_STREQ(lmq::method_sample_values.help, "No help available");
     EXPECT_STREQ(lmq::method_sample_udt.help,
                  "vx_status_e sample_udt( vx_dev_id_t dev_id, inner_t * p_cfg )\n\nTakes a structure\n\n"
-                 " This API takes a structure.\n  \nINPUTS:\n\n  dev_id : device\n  p_cfg : structure\n\nReturns:\n  VX_SUCCESS\n");
+                 " This API takes a structure.\n  \nINPUTS:\n\n  dev_id : device\n  p_cfg : structure\n\nReturns:\n  "
+                 "VX_SUCCESS\n");
     EXPECT_STREQ(lmq::method_sample_none.help,
                  "vx_int32 sample_none(  )\n\nDoes nothing\n\n This API does nothing.\n Nothing at all.\n  \n"
                  "\nOUTPUTS:\n\n  nothing\n\nReturns:\n  -7\n");
 }
 
-} // namespace
+}  // namespace

@@ -12,7 +12,7 @@ void note(const void *pointer, size_t size) {
     if (pointer) memcpy(handed.block, pointer, size);
 }
 
-} // namespace
+}  // namespace
 
 vx_status_e sample_values(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint32 word, vx_ip_ver_t mode) {
     ++handed.calls;
@@ -71,72 +71,38 @@ void sample_free(void *cookie) {
 
 namespace lmq {
 
-UDT(scalars_t,
-    SCALAR(vx_uint8,    u8),
-    SCALAR(vx_int8,     s8),
-    SCALAR(vx_uint16,   u16),
-    SCALAR(vx_int16,    s16),
-    SCALAR(vx_uint32,   u32),
-    SCALAR(vx_int32,    s32),
-    SCALAR(vx_ip_ver_t, mode),
-    SCALAR(vx_uint64,   u64),
-    SCALAR(vx_int64,    s64))
+UDT(scalars_t, SCALAR(vx_uint8, u8), SCALAR(vx_int8, s8), SCALAR(vx_uint16, u16), SCALAR(vx_int16, s16),
+    SCALAR(vx_uint32, u32), SCALAR(vx_int32, s32), SCALAR(vx_ip_ver_t, mode), SCALAR(vx_uint64, u64),
+    SCALAR(vx_int64, s64))
 
-UDT(arrays_t,
-    ELEMENTS(vx_mac_addr_t, mac, 6),
-    ELEMENTS(vx_uint8,      behind, 6),
-    ELEMENTS(vx_uint16,     map, (3)),
-    ELEMENTS(vx_uint32,     words, 2),
-    ELEMENTS(vx_ip_ver_t,   modes, 2))
+UDT(arrays_t, ELEMENTS(vx_mac_addr_t, mac, 6), ELEMENTS(vx_uint8, behind, 6), ELEMENTS(vx_uint16, map, (3)),
+    ELEMENTS(vx_uint32, words, 2), ELEMENTS(vx_ip_ver_t, modes, 2))
 
-UDT(named_t,
-    STRING(name, 16),
-    ELEMENTS(vx_mac_addr_t, behind, 6))
+UDT(named_t, STRING(name, 16), ELEMENTS(vx_mac_addr_t, behind, 6))
 
-UDT(inner_t,
-    SCALAR(vx_uint16, x),
-    SCALAR(vx_uint16, y))
+UDT(inner_t, SCALAR(vx_uint16, x), SCALAR(vx_uint16, y))
 
 UDT_AS(twin_t, inner_t)
 
-UDT(tree_t,
-    NESTED(inner_t, one),
-    UDT_ARRAY(inner_t, many, 2),
-    UDT_ARRAY_SPELLED(inner_t, "struct inner_s", spelled, 2))
+UDT(tree_t, NESTED(inner_t, one), UDT_ARRAY(inner_t, many, 2), UDT_ARRAY_SPELLED(inner_t, "struct inner_s", spelled, 2))
 
-UDT(flat_t,
-    SCALAR(vx_uint8, a),
-    FLAGS(valid, a, b, rest))
+UDT(flat_t, SCALAR(vx_uint8, a), FLAGS(valid, a, b, rest))
 
-UDT(word_t,
-    SCALAR(vx_uint8, a),
-    MASK(valid, vx_uint32, a, b, c))
+UDT(word_t, SCALAR(vx_uint8, a), MASK(valid, vx_uint32, a, b, c))
 
-UDT(narrow_t,
-    MASK(valid, vx_uint8, f0, f1, f2, f3, f4, f5, f6, f7, f8))
+UDT(narrow_t, MASK(valid, vx_uint8, f0, f1, f2, f3, f4, f5, f6, f7, f8))
 
-UDT(bare_t,
-    FLAGS(mask_s, a, b),
-    SCALAR(vx_uint32, mask))
+UDT(bare_t, FLAGS(mask_s, a, b), SCALAR(vx_uint32, mask))
 
-UDT(choice_t,
-    SCALAR(vx_uint32, type),
-    INLINE(of,
-        NESTED(inner_t, of.one),
-        UDT_LIST(inner_t, of.list, 2),
-        INLINE(of.pair,
-            SCALAR(vx_uint16, of.pair.low),
-            SCALAR(vx_uint16, of.pair.high)),
-        SCALAR(vx_uint32, of.key)))
+UDT(choice_t, SCALAR(vx_uint32, type),
+    INLINE(of, NESTED(inner_t, of.one), UDT_LIST(inner_t, of.list, 2),
+           INLINE(of.pair, SCALAR(vx_uint16, of.pair.low), SCALAR(vx_uint16, of.pair.high)), SCALAR(vx_uint32, of.key)))
 
-UDT(overlaid_t,
-    OVERLAID(addr,
-        ELEMENTS(vx_mac_addr_t, addr.mac, 6),
-        NESTED(vx_in_addr_t, addr.ipv4),
-        SCALAR(vx_ip_ver_t, addr.mode)))
+UDT(overlaid_t, OVERLAID(addr, ELEMENTS(vx_mac_addr_t, addr.mac, 6), NESTED(vx_in_addr_t, addr.ipv4),
+                         SCALAR(vx_ip_ver_t, addr.mode)))
 
-METHOD(sample_values, no_help,
-       VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint32, word), VALUE(vx_ip_ver_t, mode))
+METHOD(sample_values, no_help, VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint32, word),
+       VALUE(vx_ip_ver_t, mode))
 
 constexpr Help help_sample_none{
     .title = "Does nothing",
@@ -160,4 +126,4 @@ constexpr Help help_sample_udt{
 METHOD(sample_udt, help_sample_udt, VALUE(vx_dev_id_t, dev_id), UDT_PTR(inner_t, p_cfg))
 METHOD(sample_free, no_help, COOKIE(cookie))
 
-} // namespace lmq
+}  // namespace lmq

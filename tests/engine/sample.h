@@ -143,4 +143,4 @@ SAMPLE(sample_free);
 }
 extern const Method method_sample_values, method_sample_none, method_sample_udt, method_sample_free;
 
-} // namespace lmq
+}  // namespace lmq

@@ -1,11 +1,11 @@
 // XML-RPC values written as JSON, for tests.
 #include "tests/engine/values.h"
 
-#include <cstdint>
-#include <stdexcept>
-
-#include <nlohmann/json.hpp>
 #include <xmlrpc-c/json.h>
+
+#include <cstdint>
+#include <nlohmann/json.hpp>
+#include <stdexcept>
 
 namespace {
 
@@ -15,7 +15,8 @@ Value make(Env &env, const nlohmann::json &json) {
     if (json.is_boolean()) return Value(xmlrpc_bool_new(env, json.get<bool>()));
     if (json.is_number_integer()) {
         const auto number = json.get<int64_t>();
-        return Value(number == static_cast<int32_t>(number) ? xmlrpc_int_new(env, static_cast<int>(number)) : xmlrpc_i8_new(env, number));
+        return Value(number == static_cast<int32_t>(number) ? xmlrpc_int_new(env, static_cast<int>(number))
+                                                            : xmlrpc_i8_new(env, number));
     }
     if (json.is_number()) return Value(xmlrpc_double_new(env, json.get<double>()));
     if (json.is_string()) return Value(xmlrpc_string_new(env, json.get<std::string>().c_str()));
@@ -25,11 +26,12 @@ Value make(Env &env, const nlohmann::json &json) {
         return array;
     }
     Value object(xmlrpc_struct_new(env));
-    for (const auto &[key, member] : json.items()) xmlrpc_struct_set_value(env, object.get(), key.c_str(), make(env, member).get());
+    for (const auto &[key, member] : json.items())
+        xmlrpc_struct_set_value(env, object.get(), key.c_str(), make(env, member).get());
     return object;
 }
 
-} // namespace
+}  // namespace
 
 Value from_json(const std::string &json) {
     Env env;

@@ -1,10 +1,10 @@
 // XML-RPC values written as JSON, for tests: an object is a struct, a number beyond 32 bits an i8, null a nil.
 #pragma once
 
+#include <xmlrpc-c/base.h>
+
 #include <memory>
 #include <string>
-
-#include <xmlrpc-c/base.h>
 
 // A fault carrier that cleans up after itself.
 struct Env {
@@ -26,4 +26,4 @@ struct Drop {
 using Value = std::unique_ptr<xmlrpc_value, Drop>;
 
 Value from_json(const std::string &json);
-std::string to_json(xmlrpc_value *value); // without blanks
+std::string to_json(xmlrpc_value *value);  // without blanks

@@ -1,6 +1,7 @@
 // The heap calls of the built plug-in, counted one by one: those of a handler and those of the tracker. This program's
 // own malloc and its like note each call that comes from the plug-in, and pass all on to the C library's.
 #include <dlfcn.h>
+#include <gtest/gtest.h>
 #include <link.h>
 
 #include <cstdint>
@@ -8,8 +9,6 @@
 #include <cstdlib>
 #include <string>
 #include <vector>
-
-#include <gtest/gtest.h>
 
 #include "lmq/lmq.h"
 #include "lmq_xmlrpc.h"
@@ -26,23 +25,23 @@ namespace {
 
 struct HeapCall {
     enum What { malloc, calloc, realloc, free } what;
-    size_t size; // bytes, or 0 for free
+    size_t size;  // bytes, or 0 for free
     const void *block;
 };
 
-uintptr_t plugin_begin, plugin_end; // code of the plug-in
-std::vector<HeapCall> *heap_calls;  // NULL: nothing is noted
+uintptr_t plugin_begin, plugin_end;  // code of the plug-in
+std::vector<HeapCall> *heap_calls;   // NULL: nothing is noted
 
 void note(const void *from, HeapCall::What what, size_t size, const void *block) {
     const auto at = reinterpret_cast<uintptr_t>(from);
     if (!heap_calls || at < plugin_begin || at >= plugin_end) return;
     auto *into = heap_calls;
-    heap_calls = nullptr; // the vector's own
+    heap_calls = nullptr;  // the vector's own
     into->push_back({what, size, block});
     heap_calls = into;
 }
 
-} // namespace
+}  // namespace
 
 extern "C" {
 void *malloc(size_t size) {
@@ -74,7 +73,7 @@ using Handler = xmlrpc_value *(xmlrpc_env *, xmlrpc_value *, void *, void *);
 std::vector<std::pair<std::string, Handler *>> registered;
 
 struct Plugin {
-    void *driver = dlopen(DRIVER, RTLD_NOW | RTLD_GLOBAL); // first, as a host does
+    void *driver = dlopen(DRIVER, RTLD_NOW | RTLD_GLOBAL);  // first, as a host does
     void *library = dlopen(PLUGIN, RTLD_NOW | RTLD_LOCAL);
     void (*initialize)() = symbol<void()>("__x_mm_initialize");
     void (*add_ptr)(void *) = symbol<void(void *)>("__x_mm_add_ptr");
@@ -134,7 +133,8 @@ std::string heap_calls_of(Action action) {
         if (call.size) text += " " + std::to_string(call.size);
         text += " ";
         text += call.block ? std::string(1, static_cast<char>('A' + letter)) : "NULL";
-        if (call.what == HeapCall::free) blocks[letter] = reinterpret_cast<const void *>(1); // its address may come again
+        if (call.what == HeapCall::free)
+            blocks[letter] = reinterpret_cast<const void *>(1);  // its address may come again
     }
     return text;
 }
@@ -157,7 +157,7 @@ TEST(Heap, AHandlerTakesOneBlockForEachPointerArgument) {
     EXPECT_EQ(heap_calls_of("lmq.vx_watchdog_get", "[0,{}]"),
               "malloc " + list + " A, calloc " + watchdog + " B, free B, free A, malloc " + list + " C");
     EXPECT_EQ(heap_calls_of("lmq.vx_watchdog_get", "[0,[]]"), "malloc " + list + " A, free A, malloc " + list + " B");
-    EXPECT_EQ(heap_calls_of("lmq.vx_mac_addr_get", "[0,[0,0,0,0,0,0]]"), // seven units of six bytes
+    EXPECT_EQ(heap_calls_of("lmq.vx_mac_addr_get", "[0,[0,0,0,0,0,0]]"),  // seven units of six bytes
               "malloc " + list + " A, calloc 42 B, free B, free A, malloc " + list + " C");
 }
 
@@ -199,7 +199,7 @@ TEST(Tracker, AlwaysArmsAndNeverFreesWhatItForgets) {
               "free A, malloc " + list + " B, free B, malloc " + list + " C");
 }
 
-} // namespace
+}  // namespace
 
 extern "C" void xmlrpc_registry_add_method2(xmlrpc_env *, xmlrpc_registry *, const char *name, xmlrpc_method2 handler,
                                             const char *, const char *, void *) {
