@@ -10,7 +10,8 @@ namespace lmq {
 #define API(api)                      \
     extern const Method method_##api; \
     HANDLER(api)
-// clang-format off: the order counts
+// The order counts.
+// clang-format off
 #include "introspect/methods.def"
 #include "frame/order.def"
 // clang-format on
@@ -26,7 +27,8 @@ int xrpc_init(xmlrpc_registry *registry, xmlrpc_env *env) {
 #define API(api)                                                                                                    \
     xmlrpc_registry_add_method2(env, registry, "lmq." #api, x_rpc_##api, method_##api.signature, method_##api.help, \
                                 nullptr);
-    // clang-format off: the order counts
+    // The order counts.
+    // clang-format off
 #include "introspect/methods.def"
 #include "frame/order.def"
     // clang-format on
