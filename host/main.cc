@@ -16,6 +16,7 @@
 
 #include "address.h"
 #include "library.h"
+#include "prepass.h"
 #include "registry.h"
 #include "server.h"
 #include "stop.h"
@@ -33,6 +34,8 @@ constexpr const char plugin_name[] = "lmq_xmlrpc.so";
 constexpr std::size_t document_limit = std::size_t{4} * 1024 * 1024;
 
 struct Options {
+    std::size_t max_body = document_limit;
+    PrepassLimits limits;
     std::string plugin;
     std::string driver;
     std::string listen = "127.0.0.1:8080";
@@ -59,15 +62,18 @@ void run(const Options &options) {
     load_driver(options.driver);
     const Library plugin = load_plugin(options.plugin);
     auto *init = plugin.function<decltype(xrpc_init)>("xrpc_init");
-    Registry registry(document_limit);
+    Registry registry(options.max_body);
+    Prepass prepass(options.limits);
     try {
         registry.fill(init);
     } catch (const std::exception &error) {
         throw std::runtime_error("the " + plugin.description() + " cannot register its methods: " + error.what());
     }
 
-    Server server(address.listen(), document_limit,
-                  [&registry](std::string_view document) { return registry.call(document); });
+    Server server(address.listen(), options.max_body, [&](std::string_view call) {
+        const Verdict verdict = prepass.examine(call);
+        return verdict.fault ? document(*verdict.fault) : registry.call(call);
+    });
     std::printf("Listening on http://%s%s\n", address.text().c_str(), Server::path);
     std::fflush(stdout);
     server.run(stop);
@@ -98,6 +104,15 @@ int main(int argc, char **argv) {
                    "Default: 127.0.0.1:8080. There is neither encryption nor a password:\n"
                    "whoever reaches the port commands the chip")
         ->type_name("ADDR:PORT");
+    app.add_option("--max-body", options.max_body, "The longest call in bytes. Default: 4MB")
+        ->transform(CLI::AsSizeValue(false))
+        ->type_name("SIZE");
+    app.add_option("--max-depth", options.limits.depth, "Values inside each other. Default: 32")
+        ->check(CLI::Range(1, 64))
+        ->type_name("N");
+    app.add_option("--max-values", options.limits.values, "Values of a call. Default: 100000")->type_name("N");
+    app.add_option("--max-members", options.limits.members, "Members of a struct. Default: 1024")->type_name("N");
+    app.add_option("--max-calls", options.limits.calls, "Calls in a system.multicall. Default: 100")->type_name("N");
     app.footer(
         "Exit status: 0 after a signal; 1 if the host is used wrongly or cannot start, and one line on\n"
         "standard error says why.");
