@@ -100,8 +100,6 @@ std::string quoted(std::string_view text) {
     return "'" + std::string(text.substr(0, end)) + "...'";
 }
 
-constexpr std::string_view multicall = "system.multicall";
-
 /** Where the struct of an inner call is: call, params, param, value, array, data, value, struct (and the document). */
 constexpr std::size_t inner_struct_depth = 9;
 

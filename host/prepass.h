@@ -17,6 +17,9 @@ struct XML_ParserStruct;
 
 namespace lmq::host {
 
+/** The method that carries out a list of other calls. */
+inline constexpr std::string_view multicall = "system.multicall";
+
 /** What a call may hold at the most. The largest answer of the interface, sent back as a call, passes the defaults. */
 struct PrepassLimits {
     /** Values inside each other. The XML-RPC library itself ends at 64. */

@@ -36,6 +36,7 @@ class Running:
     def __init__(self, *options, program=HOST, stop=signal.SIGTERM, listen="127.0.0.1:0", errors=""):
         self.stop = stop
         self.errors = errors
+        self.expected = 0
         self.proxies = contextlib.ExitStack()
         self.process = subprocess.Popen(
             [program, "--listen", listen, *options],
@@ -60,7 +61,7 @@ class Running:
         finally:
             self.proxies.close()
         if kind is None:
-            assert (self.process.returncode, output) == (0, ""), (self.process.returncode, output, errors)
+            assert (self.process.returncode, output) == (self.expected, ""), (self.process.returncode, output, errors)
             assert re.fullmatch(self.errors, errors), errors
 
     def proxy(self):
@@ -77,6 +78,12 @@ class Running:
         """Sends one request and returns its status and its body."""
         with self.connect() as connection:
             connection.request("POST", "/RPC2", body, {**XML, **headers})
+            answer = connection.getresponse()
+            return answer.status, answer.read()
+
+    def get(self, path, **headers):
+        with self.connect() as connection:
+            connection.request("GET", path, headers=headers)
             answer = connection.getresponse()
             return answer.status, answer.read()
 

@@ -40,7 +40,7 @@ class Start(unittest.TestCase):
                 (("--plugin", LIBRARIES / "host_test_plugin_refused.so", "--driver", driver("one")),
                  "plug-in '.*refused.so' cannot register its methods: .*test.echo"),
                 ((*one, "--listen", busy), f"cannot listen on {busy}: Address already in use"),
-                ((*one, "--listen", "192.0.2.1:80"), "cannot listen on 192.0.2.1:80: Cannot assign"),
+                ((*one, "--insecure", "--listen", "192.0.2.1:80"), "cannot listen on 192.0.2.1:80: Cannot assign"),
                 ((*one, "--listen", "8080"), "'8080': no port"),
                 ((*one, "--listen", ":8080"), "':8080': '' is not an IPv4 address"),
                 ((*one, "--listen", "::1:8080"), "'::1:8080': an IPv6 address stands in brackets"),
@@ -154,13 +154,13 @@ class Http(unittest.TestCase):
             # Nothing of the body is sent: the announcement alone is refused.
             for length in (BODY_LIMIT + 1, 2**63):
                 with host.socket() as client:
-                    client.sendall(b"POST /RPC2 HTTP/1.1\r\nHost: x\r\nContent-Type: text/xml\r\n"
+                    client.sendall(b"POST /RPC2 HTTP/1.1\r\nHost: localhost\r\nContent-Type: text/xml\r\n"
                                    b"Content-Length: %d\r\n\r\n" % length)
                     answer = client.makefile("rb").read()
                     self.assertTrue(answer.startswith(b"HTTP/1.1 413 "), answer)
             # A client that never ends is hung up on.
             with host.socket() as client, self.assertRaises(OSError):
-                client.sendall(b"POST /none HTTP/1.1\r\nHost: x\r\nTransfer-Encoding: chunked\r\n\r\n")
+                client.sendall(b"POST /none HTTP/1.1\r\nHost: localhost\r\nTransfer-Encoding: chunked\r\n\r\n")
                 for _ in range(1000):
                     client.sendall(b"10000\r\n" + b"x" * 0x10000 + b"\r\n")
 
@@ -181,12 +181,12 @@ class Http(unittest.TestCase):
         with serve() as host, contextlib.ExitStack() as stack:
             idle = [stack.enter_context(host.socket()) for _ in range(100)]
             for client in idle[:50]:
-                client.sendall(b"POST /RPC2 HTTP/1.1\r\nHost: x\r\nContent-Type: text/xml\r\nContent-Length: 99\r\n\r\n<")
+                client.sendall(b"POST /RPC2 HTTP/1.1\r\nHost: localhost\r\nContent-Type: text/xml\r\nContent-Length: 99\r\n\r\n<")
             for client in idle[:25]:
                 client.close()
             with host.socket() as gone:
                 body = call("test.sleep", 100)
-                gone.sendall(b"POST /RPC2 HTTP/1.1\r\nHost: x\r\nContent-Type: text/xml\r\n"
+                gone.sendall(b"POST /RPC2 HTTP/1.1\r\nHost: localhost\r\nContent-Type: text/xml\r\n"
                              b"Content-Length: %d\r\n\r\n%s" % (len(body), body))
             start = time.monotonic()
             proxy = host.proxy()
