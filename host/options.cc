@@ -67,6 +67,7 @@ std::optional<Options> read_options(int argc, char **argv, int &status) {
     app.formatter(std::make_shared<Help>());
     app.set_version_flag("--version", "lmq-host " LMQ_HOST_VERSION, "Print the version and leave");
     app.set_help_flag("-h,--help", "Print this text and leave");
+    app.allow_config_extras(CLI::config_extras_mode::error);
     app.set_config("--config", "", "Read options from a file of lines NAME=VALUE")->type_name("PATH");
     const auto text = [&app](const char *name, auto &to, const char *type, const char *help) {
         return app.add_option(name, to, help)->type_name(type);

@@ -42,7 +42,7 @@ class Running:
             [program, "--listen", listen, *options],
             stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
         self.line = self.process.stdout.readline()
-        match = re.fullmatch(r"Listening on (http://(.*):(\d+)/RPC2)\n", self.line)
+        match = re.fullmatch(r"Listening on (https?://(.*):(\d+)/RPC2)\n", self.line)
         if not match:
             self.process.kill()
             raise AssertionError(self.line + self.process.communicate()[1])
