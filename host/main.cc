@@ -13,6 +13,7 @@
 
 #include "address.h"
 #include "in_process.h"
+#include "notify.h"
 #include "options.h"
 #include "server.h"
 #include "service.h"
@@ -66,6 +67,7 @@ void run(const Options &options) {
         std::printf("Listening on %s\n", options.socket.c_str());
     }
     std::fflush(stdout);
+    notify("READY=1");
     server.run(stop);
 }
 

@@ -19,6 +19,8 @@
 #include <utility>
 #include <vector>
 
+#include "notify.h"
+
 namespace lmq::host {
 namespace {
 
@@ -273,16 +275,26 @@ Server::Server(FileDescriptor listener, const Options &options, const Tls &tls, 
     listener.release();
     epoll_ = MHD_get_daemon_info(daemon_, MHD_DAEMON_INFO_EPOLL_FD)->epoll_fd;
     next_sweep_ = Clock::now() + sweep_interval;
+    watchdog_ = watchdog_interval();
+    next_watchdog_ = Clock::now();
 }
 
 Server::~Server() { MHD_stop_daemon(daemon_); }
+
+void Server::feed_watchdog() {
+    if (watchdog_.count() == 0 || Clock::now() < next_watchdog_) return;
+    notify("WATCHDOG=1");
+    next_watchdog_ = Clock::now() + watchdog_;
+}
 
 void Server::run(const StopSignals &stop) {
     while (!wait(stop.descriptor(), poll_timeout())) {
         MHD_run(daemon_);
         advance();
         if (Clock::now() >= next_sweep_) sweep();
+        feed_watchdog();
     }
+    notify("STOPPING=1");
     drain();
 }
 
@@ -300,6 +312,7 @@ int Server::poll_timeout() {
     }
     if (backend_.timeout() >= 0) consider(backend_.timeout());
     if (!peers_.empty()) until(next_sweep_);
+    if (watchdog_.count() > 0) until(next_watchdog_);
     if (current_ != nullptr && options_.slow.count() > 0 && !told_slow_) until(begun_ + options_.slow);
     return least == INT_MAX ? -1 : static_cast<int>(least);
 }
@@ -424,6 +437,7 @@ void Server::drain() {
         wait(-1, static_cast<int>(std::min(static_cast<unsigned>(poll_timeout()), 1000U)));
         MHD_run(daemon_);
         if (current_ != nullptr) deadline = Clock::now() + drain_time;
+        feed_watchdog();
         advance();
     }
 }

@@ -75,6 +75,7 @@ class Server {
     void finish(Backend::Outcome outcome);
     void sweep();
     void make_room();
+    void feed_watchdog();
     Reply health() const;
     void drain();
 
@@ -99,6 +100,9 @@ class Server {
     /** The bytes of all bodies. */
     std::size_t bodies_ = 0;
     Clock::time_point next_sweep_;
+    /** How often the service manager wants a sign of life; 0 for never. A call that hangs does not keep it back. */
+    std::chrono::milliseconds watchdog_{0};
+    Clock::time_point next_watchdog_;
     /**
      * Whether the HTTP library has work that no socket tells of: an answer to send, or, after a connection has been
      * closed, new ones to accept, which it stops to do while there are too many.

@@ -33,14 +33,15 @@ def call(method, *arguments):
 class Running:
     """A host that serves. It must end with status 0, its one line of output, and no errors but the expected ones."""
 
-    def __init__(self, *options, program=HOST, stop=signal.SIGTERM, listen="127.0.0.1:0", errors=""):
+    def __init__(self, *options, program=HOST, stop=signal.SIGTERM, listen="127.0.0.1:0", errors="",
+                 environment=None):
         self.stop = stop
         self.errors = errors
         self.expected = 0
         self.proxies = contextlib.ExitStack()
         self.process = subprocess.Popen(
             [program, "--listen", listen, *options],
-            stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+            stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, env=environment)
         self.line = self.process.stdout.readline()
         match = re.fullmatch(r"Listening on (https?://(.*):(\d+)/RPC2)\n", self.line)
         if not match:

@@ -5,6 +5,7 @@ import contextlib
 import http.client
 import os
 import pathlib
+import re
 import resource
 import shutil
 import signal
@@ -87,6 +88,38 @@ class Start(unittest.TestCase):
         with serve(listen="[::1]:0") as host:
             self.assertEqual(host.address, "[::1]")
             self.assertEqual(host.proxy().test.echo(1), [1])
+
+
+class Service(unittest.TestCase):
+    def test_a_service_manager_is_told(self):
+        with tempfile.TemporaryDirectory() as folder, socket.socket(socket.AF_UNIX, socket.SOCK_DGRAM) as manager:
+            path = os.path.join(folder, "notify")
+            manager.bind(path)
+            manager.settimeout(10)
+            environment = {**os.environ, "NOTIFY_SOCKET": path, "WATCHDOG_USEC": "400000"}
+            with serve(environment=environment) as host, host.connect() as connection:
+                self.assertEqual(manager.recv(100), b"READY=1")
+                # A call that hangs in the driver does not keep the watchdog hungry.
+                connection.request("POST", "/RPC2", call("test.sleep", 800), XML)
+                start = time.monotonic()
+                self.assertEqual([manager.recv(100) for _ in range(4)], [b"WATCHDOG=1"] * 4)
+                self.assertLess(time.monotonic() - start, 2)
+                self.assertEqual(connection.getresponse().status, 200)
+            manager.setblocking(False)
+            messages = []
+            with contextlib.suppress(BlockingIOError):
+                while True:
+                    messages.append(manager.recv(100))
+            self.assertEqual(set(messages) - {b"WATCHDOG=1"}, {b"STOPPING=1"})
+
+    def test_help_fits_a_screen_and_the_man_page_has_all_of_it(self):
+        text = subprocess.run([HOST, "--help"], capture_output=True, text=True, check=True).stdout
+        self.assertLessEqual(len(text.splitlines()), 50)
+        self.assertLessEqual(max(map(len, text.splitlines())), 110)
+        page = pathlib.Path(__file__).parents[2].joinpath("packaging", "lmq-host.8").read_text(encoding="utf-8")
+        for option in re.findall(r"^ +(?:-h,)?(--[a-z-]+)", text, re.M):
+            if option not in ("--help", "--version"):
+                self.assertIn(option.replace("-", r"\-"), page)
 
 
 class Http(unittest.TestCase):
