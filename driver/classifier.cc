@@ -22,7 +22,6 @@
 #include <chrono>
 
 #include "driver/chip.h"
-#include "driver/not_modelled.h"
 
 namespace lmq::sim {
 
@@ -589,8 +588,38 @@ vx_status_e lmq_dump_cls_key_list(vx_dev_id_t dev_id, vx_port_id_t port_id) {
     });
 }
 
-vx_status_e lmq_dump_pkt_flow(vx_dev_id_t, vx_flow_id_t) { return kNotModelled; }
+namespace {
 
-vx_status_e lmq_dump_pkt_flow_all(vx_dev_id_t, vx_uint16) { return kNotModelled; }
+void print_upstream(Device &device, const vx_flow_us_cfg_t &flow) {
+    device.system.print("flow", "%u: upstream from port %u to port %u, sub-port %u, key type %d, priority %u",
+                        flow.flow_id, unsigned{flow.port_num}, unsigned{flow.map_port}, unsigned{flow.map_sub_port},
+                        static_cast<int>(flow.key.key_type), unsigned{flow.pri});
+}
+
+void print_downstream(Device &device, const Flows::Downstream &flow) {
+    device.system.print("flow", "%u: downstream from port %u to port %u, key type %d, priority %u", flow.cfg.flow_id,
+                        unsigned{flow.port}, unsigned{flow.cfg.map_port}, static_cast<int>(flow.cfg.key.key_type),
+                        unsigned{flow.cfg.pri});
+}
+
+}  // namespace
+
+vx_status_e lmq_dump_pkt_flow(vx_dev_id_t dev_id, vx_flow_id_t flow_id) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        refuse_if(!device.flow.exists(flow_id), VX_ERR_FE_INVALID_FLOW_ID);
+        if (const auto *upstream = device.flow.upstream.find(flow_id)) print_upstream(device, *upstream);
+        if (const auto *downstream = device.flow.downstream.find(flow_id)) print_downstream(device, *downstream);
+    });
+}
+
+vx_status_e lmq_dump_pkt_flow_all(vx_dev_id_t dev_id, vx_uint16 cnt) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        unsigned left = cnt;
+        for (const auto &entry : device.flow.upstream)
+            if (left != 0) print_upstream(device, entry.second), --left;
+        for (const auto &entry : device.flow.downstream)
+            if (left != 0) print_downstream(device, entry.second), --left;
+    });
+}
 
 }  // extern "C"

@@ -4,6 +4,8 @@
 
 #include <netdb.h>
 #include <netinet/in.h>
+#include <sys/stat.h>
+#include <sys/un.h>
 
 #include <cerrno>
 #include <charconv>
@@ -15,7 +17,7 @@
 namespace lmq::host {
 namespace {
 
-constexpr int backlog = 128;
+constexpr int backlog = 1024;
 
 [[noreturn]] void refuse(const std::string &text, const std::string &why) {
     throw std::runtime_error("bad listen address '" + text + "': " + why);
@@ -67,6 +69,13 @@ FileDescriptor Address::listen() {
     return listener;
 }
 
+bool Address::is_loopback() const {
+    if (storage_.ss_family == AF_INET) {
+        return ntohl(reinterpret_cast<const sockaddr_in &>(storage_).sin_addr.s_addr) >> 24 == IN_LOOPBACKNET;
+    }
+    return IN6_IS_ADDR_LOOPBACK(&reinterpret_cast<const sockaddr_in6 &>(storage_).sin6_addr) != 0;
+}
+
 std::string Address::text() const {
     char host[NI_MAXHOST] = "";
     char port[NI_MAXSERV] = "";
@@ -74,6 +83,32 @@ std::string Address::text() const {
     std::string result = host;
     if (storage_.ss_family == AF_INET6) result.insert(0, 1, '[').push_back(']');
     return result.append(":").append(port);
+}
+
+FileDescriptor listen_at(const std::string &path) {
+    const auto fail = [&path](const std::string &why) {
+        throw std::runtime_error("cannot listen on '" + path + "': " + why);
+    };
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    if (path.size() >= sizeof address.sun_path) fail("the path is too long");
+    path.copy(address.sun_path, path.size());
+    const auto *generic = reinterpret_cast<const sockaddr *>(&address);
+
+    struct stat found {};
+    if (lstat(path.c_str(), &found) == 0 && S_ISSOCK(found.st_mode)) {
+        const FileDescriptor probe(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+        if (connect(probe.get(), generic, sizeof address) == 0) fail("somebody serves there already");
+        if (errno == ECONNREFUSED) unlink(path.c_str());
+    }
+    FileDescriptor listener(socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
+    const mode_t before = umask(0177);
+    const bool bound = listener.get() >= 0 && bind(listener.get(), generic, sizeof address) == 0;
+    const int error = errno;
+    umask(before);
+    if (!bound) fail(std::generic_category().message(error));
+    if (::listen(listener.get(), backlog) < 0) fail(std::generic_category().message(errno));
+    return listener;
 }
 
 }  // namespace lmq::host

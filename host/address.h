@@ -27,6 +27,9 @@ class Address {
      */
     FileDescriptor listen();
 
+    /** Whether only this machine reaches the address. */
+    bool is_loopback() const;
+
     /** The address as it stands in a URL: "127.0.0.1:8080" or "[::1]:8080". */
     std::string text() const;
 
@@ -37,6 +40,12 @@ class Address {
     sockaddr_storage storage_{};
     socklen_t length_ = 0;
 };
+
+/**
+ * Listens on a Unix socket that only its owner may use. A socket that a dead host has left there is replaced.
+ * @throws std::runtime_error with the path and the reason, such as a host that serves there already.
+ */
+FileDescriptor listen_at(const std::string &path);
 
 }  // namespace lmq::host
 

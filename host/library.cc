@@ -31,8 +31,10 @@ bool Library::satisfies(const char *name) const {
 
 std::string Library::description() const { return role_ + " '" + path_.string() + "'"; }
 
+void *Library::find(const char *name) const { return dlsym(handle_, name); }
+
 void *Library::symbol(const char *name) const {
-    void *address = dlsym(handle_, name);
+    void *address = find(name);
     if (address == nullptr) throw std::runtime_error("the " + description() + " does not export " + name);
     return address;
 }

@@ -36,10 +36,17 @@ class Library {
         return reinterpret_cast<Function *>(symbol(name));
     }
 
+    /** The exported function of that name, or null. The type is taken on trust. */
+    template <class Function>
+    Function *optional_function(const char *name) const {
+        return reinterpret_cast<Function *>(find(name));
+    }
+
     /** The library in a message: its role and its file. */
     std::string description() const;
 
   private:
+    void *find(const char *name) const;
     void *symbol(const char *name) const;
 
     std::string role_;

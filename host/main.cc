@@ -1,116 +1,91 @@
-// lmq-host: an XML-RPC server in front of a chip driver. This file holds the options, the order of the start and the
-// exit statuses; what each step does is in the files beside it.
-#include <lmq_xmlrpc.h>
+// lmq-host: an XML-RPC server in front of a chip driver. This file holds the order of the start and the exit statuses;
+// what each step does is in the files beside it.
+#include <unistd.h>
 
-#include <CLI/CLI.hpp>
 #include <csignal>
-#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
-#include <filesystem>
+#include <memory>
 #include <stdexcept>
 #include <string>
-#include <string_view>
 #include <utility>
 
 #include "address.h"
-#include "library.h"
-#include "registry.h"
+#include "in_process.h"
+#include "notify.h"
+#include "options.h"
 #include "server.h"
+#include "service.h"
 #include "stop.h"
+#include "tls.h"
+#include "users.h"
+#include "worker.h"
 
 namespace {
 
 using namespace lmq::host;
-namespace fs = std::filesystem;
 
-/** The name that the plug-in asks the loader for. A driver must carry it, or the loader would look for another one. */
-constexpr const char driver_name[] = "liblmq.so";
-constexpr const char plugin_name[] = "lmq_xmlrpc.so";
-
-/** The longest call document in bytes. The largest answer of the interface, sent back as a call, fits in with room. */
-constexpr std::size_t document_limit = std::size_t{4} * 1024 * 1024;
-
-struct Options {
-    std::string plugin;
-    std::string driver;
-    std::string listen = "127.0.0.1:8080";
+/** Removes a Unix socket when the host ends. */
+struct Remove {
+    void operator()(const std::string *path) const {
+        if (!path->empty()) unlink(path->c_str());
+    }
 };
 
-Library load_driver(const std::string &named) {
-    Library driver("driver", named.empty() ? find_library("driver", driver_name, "--driver") : fs::path(named),
-                   Library::Exports::shared);
-    if (!driver.satisfies(driver_name)) {
-        throw std::runtime_error("the " + driver.description() + " does not carry the name (SONAME) " + driver_name);
-    }
-    return driver;
-}
-
-Library load_plugin(const std::string &named) {
-    return {"plug-in", named.empty() ? find_library("plug-in", plugin_name, "--plugin") : fs::path(named),
-            Library::Exports::own};
+std::unique_ptr<Backend> start_backend(const Options &options) {
+    Open open = [driver = options.driver, plugin = options.plugin, limit = options.server.max_body] {
+        return load_service(driver, plugin, limit);
+    };
+    if (options.in_process) return std::make_unique<InProcess>(open);
+    return std::make_unique<Worker>(std::move(open), options.worker);
 }
 
 void run(const Options &options) {
     const StopSignals stop;
     Address address(options.listen);
-
-    load_driver(options.driver);
-    const Library plugin = load_plugin(options.plugin);
-    auto *init = plugin.function<decltype(xrpc_init)>("xrpc_init");
-    Registry registry(document_limit);
-    try {
-        registry.fill(init);
-    } catch (const std::exception &error) {
-        throw std::runtime_error("the " + plugin.description() + " cannot register its methods: " + error.what());
+    const bool guarded = !options.auth.empty() || !options.tls_client_authority.empty();
+    if (options.socket.empty() && !address.is_loopback() && !guarded && !options.insecure) {
+        throw std::runtime_error("whoever reaches " + address.text() +
+                                 " would command the chip: give --auth, --tls-client-ca or --insecure");
     }
+    const Tls tls = read_tls(options.tls_certificate, options.tls_key, options.tls_client_authority);
+    const Gate gate(options.gate, options.auth.empty() ? nullptr : std::make_unique<Users>(options.auth));
+    const MethodFilter filter(options.rules, options.read_only);
+    Prepass prepass(options.limits);
+    Monitor monitor(options.access_log, options.log_format);
+    const std::unique_ptr<Backend> backend = start_backend(options);
 
-    Server server(address.listen(), document_limit,
-                  [&registry](std::string_view document) { return registry.call(document); });
-    std::printf("Listening on http://%s%s\n", address.text().c_str(), Server::path);
+    FileDescriptor listener = options.socket.empty() ? address.listen() : listen_at(options.socket);
+    const std::unique_ptr<const std::string, Remove> socket(&options.socket);
+    Server server(std::move(listener), options.server, tls, gate, prepass, filter, monitor, *backend);
+    if (options.check) return;
+    if (options.socket.empty()) {
+        const char *scheme = tls.certificate.empty() ? "http" : "https";
+        std::printf("Listening on %s://%s%s\n", scheme, address.text().c_str(), calls_path.data());
+    } else {
+        std::printf("Listening on %s\n", options.socket.c_str());
+    }
     std::fflush(stdout);
+    notify("READY=1");
     server.run(stop);
 }
 
 }  // namespace
 
 int main(int argc, char **argv) {
-    Options options;
-    CLI::App app(
-        "Serves the operations of a chip driver over XML-RPC.\n\n"
-        "Loads a driver and the plug-in, prints the URL of the service on standard output once it listens, and serves\n"
-        "calls one at a time until SIGTERM or SIGINT. A call under way is finished and answered first.",
-        "lmq-host");
-    app.set_version_flag("--version", "lmq-host " LMQ_HOST_VERSION, "Print the version and leave");
-    app.set_help_flag("-h,--help", "Print this text and leave");
-    app.add_option("--driver", options.driver,
-                   "The chip driver: a shared library with the SONAME liblmq.so.\n"
-                   "Default: liblmq.so beside the program, else in " LMQ_HOST_LIBRARIES_FROM_PROGRAM " from there")
-        ->type_name("PATH");
-    app.add_option("--plugin", options.plugin,
-                   "The plug-in that makes the driver callable.\n"
-                   "Default: lmq_xmlrpc.so, looked for like the driver")
-        ->type_name("PATH");
-    app.add_option("--listen", options.listen,
-                   "The address and port to serve, such as [::1]:8080, or 0.0.0.0:8080\n"
-                   "for every IPv4 address of the machine; port 0 picks a free one.\n"
-                   "Default: 127.0.0.1:8080. There is neither encryption nor a password:\n"
-                   "whoever reaches the port commands the chip")
-        ->type_name("ADDR:PORT");
-    app.footer(
-        "Exit status: 0 after a signal; 1 if the host is used wrongly or cannot start, and one line on\n"
-        "standard error says why.");
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError &error) {
-        return app.exit(error) == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
-    }
+    int status = EXIT_SUCCESS;
+    const auto options = read_options(argc, argv, status);
+    if (!options) return status;
 
     // A client that hangs up while its answer is being sent is not a reason to end.
     std::signal(SIGPIPE, SIG_IGN);
     try {
-        run(options);
+        if (!options->make_user.empty()) {
+            std::puts(Users::line(options->make_user, ask_password()).c_str());
+            return EXIT_SUCCESS;
+        }
+        run(*options);
     } catch (const std::exception &error) {
         std::fprintf(stderr, "lmq-host: %s\n", error.what());
         return EXIT_FAILURE;

@@ -1,6 +1,9 @@
 // A plug-in whose methods show what the host does with them. REGISTER_TWICE makes the registry refuse a method.
 #include <lmq_xmlrpc.h>
+#include <signal.h>
+#include <stdlib.h>
 #include <time.h>
+#include <unistd.h>
 
 int host_test_driver_id(void);
 
@@ -26,6 +29,40 @@ static xmlrpc_value *driver(xmlrpc_env *env, xmlrpc_value *params, void *server,
     return xmlrpc_int_new(env, host_test_driver_id());
 }
 
+// Ends the process by a signal, or with a status if that is negative.
+static xmlrpc_value *end(xmlrpc_env *env, xmlrpc_value *params, void *server, void *call) {
+    (void)server, (void)call;
+    xmlrpc_int how = 0;
+    xmlrpc_decompose_value(env, params, "(i)", &how);
+    if (env->fault_occurred) return NULL;
+    if (how < 0) _exit(-how);
+    raise(how);
+    return xmlrpc_int_new(env, how);
+}
+
+static xmlrpc_value *process(xmlrpc_env *env, xmlrpc_value *params, void *server, void *call) {
+    (void)params, (void)server, (void)call;
+    return xmlrpc_int_new(env, getpid());
+}
+
+// Takes some megabytes and does not give them back.
+static xmlrpc_value *lose(xmlrpc_env *env, xmlrpc_value *params, void *server, void *call) {
+    (void)server, (void)call;
+    xmlrpc_int megabytes = 0;
+    xmlrpc_decompose_value(env, params, "(i)", &megabytes);
+    if (env->fault_occurred) return NULL;
+    const size_t size = (size_t)megabytes << 20;
+    volatile char *block = malloc(size);
+    for (size_t at = 0; block != NULL && at < size; at += 4096) block[at] = 1;
+    return xmlrpc_int_new(env, megabytes);
+}
+
+// Answers as the methods of an interface do that return a status and their arguments.
+static xmlrpc_value *status_get(xmlrpc_env *env, xmlrpc_value *params, void *server, void *call) {
+    (void)params, (void)server, (void)call;
+    return xmlrpc_build_value(env, "(is)", (xmlrpc_int32)-7, "argument");
+}
+
 // XML-RPC has no form for a pointer.
 static xmlrpc_value *unprintable(xmlrpc_env *env, xmlrpc_value *params, void *server, void *call) {
     (void)params, (void)server, (void)call;
@@ -36,6 +73,10 @@ int xrpc_init(xmlrpc_registry *registry, xmlrpc_env *env) {
     xmlrpc_registry_add_method2(env, registry, "test.echo", echo, "?", "", NULL);
     xmlrpc_registry_add_method2(env, registry, "test.sleep", sleep_ms, "i:i", "", NULL);
     xmlrpc_registry_add_method2(env, registry, "test.driver", driver, "i:", "", NULL);
+    xmlrpc_registry_add_method2(env, registry, "test.end", end, "i:i", "", NULL);
+    xmlrpc_registry_add_method2(env, registry, "test.process", process, "i:", "", NULL);
+    xmlrpc_registry_add_method2(env, registry, "test.lose", lose, "i:i", "", NULL);
+    xmlrpc_registry_add_method2(env, registry, "test.status_get", status_get, "A:", "", NULL);
     xmlrpc_registry_add_method2(env, registry, "test.unprintable", unprintable, "i:", "", NULL);
 #ifdef REGISTER_TWICE
     xmlrpc_registry_add_method2(env, registry, "test.echo", echo, "?", "", NULL);

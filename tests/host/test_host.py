@@ -1,7 +1,4 @@
-"""Runs lmq-host with small drivers and plug-ins and talks to it through real sockets.
-
-CTest sets the three variables that say where the programs are.
-"""
+"""The host's start, its HTTP and its end, through real sockets."""
 
 import concurrent.futures
 import contextlib
@@ -19,68 +16,7 @@ import time
 import unittest
 import xmlrpc.client
 
-HOST = pathlib.Path(os.environ["LMQ_HOST"])
-LIBRARIES = pathlib.Path(os.environ["LMQ_HOST_TEST_LIBRARIES"])
-LIBRARIES_FROM_PROGRAM = os.environ["LMQ_HOST_LIBRARIES_FROM_PROGRAM"]
-
-PLUGIN = LIBRARIES / "host_test_plugin.so"
-BODY_LIMIT = 4 * 1024 * 1024
-XML = {"Content-Type": "text/xml"}
-
-
-def driver(name):
-    return LIBRARIES / name / "liblmq.so"
-
-
-def call(method, *arguments):
-    return xmlrpc.client.dumps(arguments, method).encode()
-
-
-class Running:
-    """A host that serves. It must end with status 0, its one line of output, and no errors but the expected ones."""
-
-    def __init__(self, *options, program=HOST, stop=signal.SIGTERM, listen="127.0.0.1:0", errors=""):
-        self.stop = stop
-        self.errors = errors
-        self.proxies = contextlib.ExitStack()
-        self.process = subprocess.Popen(
-            [program, "--listen", listen, *options],
-            stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
-        self.line = self.process.stdout.readline()
-        match = re.fullmatch(r"Listening on (http://(.*):(\d+)/RPC2)\n", self.line)
-        if not match:
-            self.process.kill()
-            raise AssertionError(self.line + self.process.communicate()[1])
-        self.url, self.address, self.port = match[1], match[2], int(match[3])
-
-    def __enter__(self):
-        return self
-
-    def __exit__(self, kind, *_):
-        self.process.send_signal(self.stop)
-        try:
-            output, errors = self.process.communicate(timeout=20)
-        except subprocess.TimeoutExpired:
-            self.process.kill()
-            raise
-        finally:
-            self.proxies.close()
-        if kind is None:
-            assert (self.process.returncode, output) == (0, ""), (self.process.returncode, output, errors)
-            assert re.fullmatch(self.errors, errors), errors
-
-    def proxy(self):
-        return self.proxies.enter_context(xmlrpc.client.ServerProxy(self.url))
-
-    def connect(self):
-        return contextlib.closing(http.client.HTTPConnection("127.0.0.1", self.port, timeout=10))
-
-    def socket(self):
-        return socket.create_connection(("127.0.0.1", self.port), timeout=10)
-
-
-def serve(**more):
-    return Running("--plugin", PLUGIN, "--driver", driver("one"), **more)
+from harness import (BODY_LIMIT, HOST, LIBRARIES, LIBRARIES_FROM_PROGRAM, PLUGIN, XML, Running, call, driver, serve)
 
 
 class Start(unittest.TestCase):
@@ -105,7 +41,7 @@ class Start(unittest.TestCase):
                 (("--plugin", LIBRARIES / "host_test_plugin_refused.so", "--driver", driver("one")),
                  "plug-in '.*refused.so' cannot register its methods: .*test.echo"),
                 ((*one, "--listen", busy), f"cannot listen on {busy}: Address already in use"),
-                ((*one, "--listen", "192.0.2.1:80"), "cannot listen on 192.0.2.1:80: Cannot assign"),
+                ((*one, "--insecure", "--listen", "192.0.2.1:80"), "cannot listen on 192.0.2.1:80: Cannot assign"),
                 ((*one, "--listen", "8080"), "'8080': no port"),
                 ((*one, "--listen", ":8080"), "':8080': '' is not an IPv4 address"),
                 ((*one, "--listen", "::1:8080"), "'::1:8080': an IPv6 address stands in brackets"),
@@ -152,6 +88,38 @@ class Start(unittest.TestCase):
         with serve(listen="[::1]:0") as host:
             self.assertEqual(host.address, "[::1]")
             self.assertEqual(host.proxy().test.echo(1), [1])
+
+
+class Service(unittest.TestCase):
+    def test_a_service_manager_is_told(self):
+        with tempfile.TemporaryDirectory() as folder, socket.socket(socket.AF_UNIX, socket.SOCK_DGRAM) as manager:
+            path = os.path.join(folder, "notify")
+            manager.bind(path)
+            manager.settimeout(10)
+            environment = {**os.environ, "NOTIFY_SOCKET": path, "WATCHDOG_USEC": "400000"}
+            with serve(environment=environment) as host, host.connect() as connection:
+                self.assertEqual(manager.recv(100), b"READY=1")
+                # A call that hangs in the driver does not keep the watchdog hungry.
+                connection.request("POST", "/RPC2", call("test.sleep", 800), XML)
+                start = time.monotonic()
+                self.assertEqual([manager.recv(100) for _ in range(4)], [b"WATCHDOG=1"] * 4)
+                self.assertLess(time.monotonic() - start, 2)
+                self.assertEqual(connection.getresponse().status, 200)
+            manager.setblocking(False)
+            messages = []
+            with contextlib.suppress(BlockingIOError):
+                while True:
+                    messages.append(manager.recv(100))
+            self.assertEqual(set(messages) - {b"WATCHDOG=1"}, {b"STOPPING=1"})
+
+    def test_help_fits_a_screen_and_the_man_page_has_all_of_it(self):
+        text = subprocess.run([HOST, "--help"], capture_output=True, text=True, check=True).stdout
+        self.assertLessEqual(len(text.splitlines()), 50)
+        self.assertLessEqual(max(map(len, text.splitlines())), 110)
+        page = pathlib.Path(__file__).parents[2].joinpath("packaging", "lmq-host.8").read_text(encoding="utf-8")
+        for option in re.findall(r"^ +(?:-h,)?(--[a-z-]+)", text, re.M):
+            if option not in ("--help", "--version"):
+                self.assertIn(option.replace("-", r"\-"), page)
 
 
 class Http(unittest.TestCase):
@@ -219,13 +187,13 @@ class Http(unittest.TestCase):
             # Nothing of the body is sent: the announcement alone is refused.
             for length in (BODY_LIMIT + 1, 2**63):
                 with host.socket() as client:
-                    client.sendall(b"POST /RPC2 HTTP/1.1\r\nHost: x\r\nContent-Type: text/xml\r\n"
+                    client.sendall(b"POST /RPC2 HTTP/1.1\r\nHost: localhost\r\nContent-Type: text/xml\r\n"
                                    b"Content-Length: %d\r\n\r\n" % length)
                     answer = client.makefile("rb").read()
                     self.assertTrue(answer.startswith(b"HTTP/1.1 413 "), answer)
             # A client that never ends is hung up on.
             with host.socket() as client, self.assertRaises(OSError):
-                client.sendall(b"POST /none HTTP/1.1\r\nHost: x\r\nTransfer-Encoding: chunked\r\n\r\n")
+                client.sendall(b"POST /none HTTP/1.1\r\nHost: localhost\r\nTransfer-Encoding: chunked\r\n\r\n")
                 for _ in range(1000):
                     client.sendall(b"10000\r\n" + b"x" * 0x10000 + b"\r\n")
 
@@ -246,12 +214,12 @@ class Http(unittest.TestCase):
         with serve() as host, contextlib.ExitStack() as stack:
             idle = [stack.enter_context(host.socket()) for _ in range(100)]
             for client in idle[:50]:
-                client.sendall(b"POST /RPC2 HTTP/1.1\r\nHost: x\r\nContent-Type: text/xml\r\nContent-Length: 99\r\n\r\n<")
+                client.sendall(b"POST /RPC2 HTTP/1.1\r\nHost: localhost\r\nContent-Type: text/xml\r\nContent-Length: 99\r\n\r\n<")
             for client in idle[:25]:
                 client.close()
             with host.socket() as gone:
                 body = call("test.sleep", 100)
-                gone.sendall(b"POST /RPC2 HTTP/1.1\r\nHost: x\r\nContent-Type: text/xml\r\n"
+                gone.sendall(b"POST /RPC2 HTTP/1.1\r\nHost: localhost\r\nContent-Type: text/xml\r\n"
                              b"Content-Length: %d\r\n\r\n%s" % (len(body), body))
             start = time.monotonic()
             proxy = host.proxy()

@@ -1,0 +1,74 @@
+// What carries out calls: something that takes one document at a time and comes back with its answer, without ever
+// holding up whoever asks. in_process.h does it in this process, worker.h in another one.
+#ifndef LMQ_HOST_BACKEND_H
+#define LMQ_HOST_BACKEND_H
+
+#include <poll.h>
+#include <sys/types.h>
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace lmq::host {
+
+/** Takes the document of a call and returns that of the answer. Throws if the result has no form in XML. */
+using Call = std::function<std::string(std::string_view document)>;
+
+/** Loads the driver and the plug-in. Throws an error of one line. */
+using Open = std::function<Call()>;
+
+class Backend {
+  public:
+    struct Outcome {
+        /** An answer; a result that has no form in XML; or a process that ended over the call. */
+        enum class Kind { answer, unanswerable, lost };
+        Kind kind;
+        /** The answer's document, or what happened. */
+        std::string text;
+    };
+
+    /** For the metrics. */
+    struct State {
+        /** The process that holds the driver. */
+        pid_t pid = 0;
+        std::uint64_t restarts = 0;
+        std::uint64_t recycled = 0;
+    };
+
+    Backend() = default;
+    virtual ~Backend() = default;
+    Backend(const Backend &) = delete;
+    Backend &operator=(const Backend &) = delete;
+
+    /** Whether begin() may be called. */
+    virtual bool ready() const = 0;
+
+    /**
+     * Starts a call. step() returns its outcome, sooner or later.
+     * @param document The call. The backend keeps it for as long as it needs it.
+     * @param method   Its method, for the log.
+     */
+    virtual void begin(std::string document, const std::string &method) = 0;
+
+    /** Does what can be done without waiting. Returns the outcome of the call in hand, once. */
+    virtual std::optional<Outcome> step() = 0;
+
+    /** The descriptors that make step() worth calling; -1 stands for none. */
+    virtual std::array<pollfd, 2> waits() const = 0;
+
+    /** In how many milliseconds step() is worth calling whatever the descriptors say; -1 for never. */
+    virtual int timeout() const = 0;
+
+    /** Whether calls can be carried out, now or after the one in hand. */
+    virtual bool alive() const = 0;
+
+    virtual State state() const = 0;
+};
+
+}  // namespace lmq::host
+
+#endif

@@ -1,0 +1,33 @@
+// Faults that the host itself answers with: what went wrong, and the document that tells it.
+#ifndef LMQ_HOST_FAULT_H
+#define LMQ_HOST_FAULT_H
+
+#include <string>
+#include <string_view>
+
+namespace lmq::host {
+
+/** Why a call is not carried out. The codes are those that the XML-RPC library uses for the same matters. */
+struct Fault {
+    static constexpr int internal = -500;
+    static constexpr int malformed = -503;
+    static constexpr int refused = -507;
+    static constexpr int limit = -509;
+
+    int code;
+    /** A sentence or two in UTF-8. */
+    std::string text;
+};
+
+/** The answer that carries a fault. */
+std::string document(const Fault &fault);
+
+/**
+ * The fault code in the document of an answer.
+ * @return 0 if the answer is not a fault.
+ */
+int fault_code(std::string_view answer);
+
+}  // namespace lmq::host
+
+#endif

@@ -1,0 +1,332 @@
+// The walk over a call's document with expat. A stack holds the open elements; which element may stand in which, and
+// how often, is decided when it opens, and text when it closes. To know a further type, add it to `scalars`.
+#include "prepass.h"
+
+#include <expat.h>
+#include <strings.h>
+
+#include <algorithm>
+#include <charconv>
+#include <climits>
+#include <cmath>
+#include <cstdint>
+#include <new>
+#include <system_error>
+
+namespace lmq::host {
+namespace {
+
+enum class Kind { document, call, method_name, params, param, value, scalar, array, data, structure, member, name };
+
+/** What a method may be called. Names with blanks or signs of another alphabet could slip past a filter. */
+bool is_method_name(std::string_view name) {
+    return !name.empty() && std::all_of(name.begin(), name.end(), [](char c) {
+        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' || c == '.' ||
+               c == ':' || c == '/' || c == '-';
+    });
+}
+
+bool is_blank(std::string_view text) { return text.find_first_not_of(" \t\r\n") == std::string_view::npos; }
+
+enum class Number { good, malformed, out_of_range };
+
+/**
+ * An optional sign and digits. The library ends the process over other text in an i8, blanks included, so that none is
+ * let through in any type.
+ */
+template <class Integer>
+Number integer(std::string_view text) {
+    if (text.starts_with('+') && text.size() > 1 && text[1] != '-') text.remove_prefix(1);
+    Integer value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error == std::errc::invalid_argument || end != text.data() + text.size()) return Number::malformed;
+    return error == std::errc() ? Number::good : Number::out_of_range;
+}
+
+/** NaN and infinity overflow the library's stack when they are sent back. */
+Number real(std::string_view text) {
+    if (text.starts_with('+') && text.size() > 1 && text[1] != '-') text.remove_prefix(1);
+    if (text.find_first_not_of("0123456789+-.eE") != std::string_view::npos) return Number::malformed;
+    double value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error == std::errc::invalid_argument || end != text.data() + text.size()) return Number::malformed;
+    return error == std::errc() && std::isfinite(value) ? Number::good : Number::out_of_range;
+}
+
+Number boolean(std::string_view text) { return text == "0" || text == "1" ? Number::good : Number::malformed; }
+
+Number empty(std::string_view text) { return is_blank(text) ? Number::good : Number::malformed; }
+
+/** CCYYMMDDThh:mm:ss and perhaps a fraction. */
+Number date(std::string_view text) {
+    constexpr std::string_view pattern = "########T##:##:##";
+    const auto matches = [](char c, char wanted) { return wanted == '#' ? c >= '0' && c <= '9' : c == wanted; };
+    if (text.size() < pattern.size() || !std::equal(pattern.begin(), pattern.end(), text.begin(),
+                                                    [&](char wanted, char c) { return matches(c, wanted); })) {
+        return Number::malformed;
+    }
+    text.remove_prefix(pattern.size());
+    const bool fraction = text.empty() || (text[0] == '.' && text.size() > 1 && text.size() < 8 &&
+                                           text.find_first_not_of("0123456789", 1) == std::string_view::npos);
+    return fraction ? Number::good : Number::malformed;
+}
+
+struct Scalar {
+    std::string_view name;
+    /** Judges the text; null if any text goes. */
+    Number (*judge)(std::string_view);
+};
+
+constexpr Scalar scalars[] = {
+    {"i8", integer<std::int64_t>},
+    {"int", integer<std::int32_t>},
+    {"i4", integer<std::int32_t>},
+    {"string", nullptr},
+    {"boolean", boolean},
+    {"double", real},
+    {"nil", empty},
+    {"base64", nullptr},
+    {"ex:i8", integer<std::int64_t>},
+    {"ex:nil", empty},
+    {"dateTime.iso8601", date},
+};
+
+/** The part of a client's text that an answer repeats: short, and whole characters only. */
+std::string quoted(std::string_view text) {
+    constexpr std::size_t most = 40;
+    if (text.size() <= most) return "'" + std::string(text) + "'";
+    std::size_t end = most;
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;
+    return "'" + std::string(text.substr(0, end)) + "...'";
+}
+
+/** Where the struct of an inner call is: call, params, param, value, array, data, value, struct (and the document). */
+constexpr std::size_t inner_struct_depth = 9;
+
+/** One walk. No exception may pass through expat, so an exhausted memory is noted and told afterwards. */
+class Walk {
+  public:
+    Walk(const PrepassLimits &limits, XML_Parser parser) : limits_(limits), parser_(parser) {
+        XML_SetUserData(parser, this);
+        XML_SetElementHandler(parser, guarded<&Walk::open, const XML_Char *, const XML_Char **>,
+                              guarded<&Walk::close, const XML_Char *>);
+        XML_SetCharacterDataHandler(parser, guarded<&Walk::characters, const XML_Char *, int>);
+        XML_SetXmlDeclHandler(parser, guarded<&Walk::declaration, const XML_Char *, const XML_Char *, int>);
+        XML_SetStartDoctypeDeclHandler(
+            parser, guarded<&Walk::doctype, const XML_Char *, const XML_Char *, const XML_Char *, int>);
+        stack_.push_back({Kind::document, 0, nullptr});
+    }
+
+    Verdict run(std::string_view document) {
+        // Expat takes lengths as int; the HTTP side lets nothing in that is near this.
+        if (document.size() > INT_MAX) refuse(Fault::limit, "The call is too long.");
+        const bool wide = document.find('\0') != std::string_view::npos || document.starts_with("\xFE\xFF") ||
+                          document.starts_with("\xFF\xFE");
+        if (wide) refuse(Fault::malformed, "The call is not encoded in UTF-8.");
+        if (!verdict_.fault &&
+            XML_Parse(parser_, document.data(), static_cast<int>(document.size()), XML_TRUE) != XML_STATUS_OK &&
+            !verdict_.fault && !out_of_memory_) {
+            const char *what = XML_ErrorString(XML_GetErrorCode(parser_));
+            refuse(Fault::malformed, "The call is not well-formed XML: " + std::string(what) + " in line " +
+                                         std::to_string(XML_GetCurrentLineNumber(parser_)) + ".");
+        }
+        if (out_of_memory_) throw std::bad_alloc();
+        return std::move(verdict_);
+    }
+
+  private:
+    struct Element {
+        Kind kind;
+        /** Elements in it so far. */
+        std::size_t children;
+        const Scalar *scalar;
+        /** In a struct: whether the member that is open names the method of an inner call. */
+        bool names_method = false;
+    };
+
+    template <auto Member, class... Arguments>
+    static void guarded(void *walk, Arguments... arguments) {
+        auto &self = *static_cast<Walk *>(walk);
+        if (self.verdict_.fault || self.out_of_memory_) return;
+        try {
+            (self.*Member)(arguments...);
+        } catch (const std::bad_alloc &) {
+            self.out_of_memory_ = true;
+            XML_StopParser(self.parser_, XML_FALSE);
+        }
+    }
+
+    void refuse(int code, std::string text) {
+        verdict_.fault = Fault{code, std::move(text)};
+        XML_StopParser(parser_, XML_FALSE);
+    }
+
+    void declaration(const XML_Char *, const XML_Char *encoding, int) {
+        if (encoding == nullptr || strcasecmp(encoding, "UTF-8") == 0) return;
+        refuse(Fault::malformed, "The call is encoded in " + quoted(encoding) + "; only UTF-8 is accepted.");
+    }
+
+    // A few entities that stand for each other make gigabytes.
+    void doctype(const XML_Char *, const XML_Char *, const XML_Char *, int) {
+        refuse(Fault::malformed, "The call declares a document type; neither that nor entities are accepted.");
+    }
+
+    void open(const XML_Char *tag, const XML_Char **) {
+        Element &parent = stack_.back();
+        const std::string_view name = tag;
+        const std::size_t before = parent.children++;
+        if (!is_blank(text_)) return misplaced();
+        text_.clear();
+        const auto go = [&](Kind kind, std::string_view wanted, bool allowed) {
+            if (!allowed || name != wanted) return unexpected(name);
+            stack_.push_back({kind, 0, nullptr});
+            if (kind == Kind::value) count_value();
+        };
+        switch (parent.kind) {
+            case Kind::document: return go(Kind::call, "methodCall", true);
+            case Kind::call:
+                if (before == 0) return go(Kind::method_name, "methodName", true);
+                return go(Kind::params, "params", before == 1);
+            case Kind::params: return go(Kind::param, "param", true);
+            case Kind::param: return go(Kind::value, "value", before == 0);
+            case Kind::value: return open_type(name, before);
+            case Kind::array: return go(Kind::data, "data", before == 0);
+            case Kind::data:
+                if (stack_.size() == inner_struct_depth - 2 && verdict_.method == multicall &&
+                    before >= limits_.calls) {
+                    return refuse(Fault::limit,
+                                  "The system.multicall holds more than " + std::to_string(limits_.calls) + " calls.");
+                }
+                return go(Kind::value, "value", true);
+            case Kind::structure:
+                if (before >= limits_.members) {
+                    return refuse(Fault::limit,
+                                  "A struct holds more than " + std::to_string(limits_.members) + " members.");
+                }
+                return go(Kind::member, "member", true);
+            case Kind::member:
+                if (before == 0) return go(Kind::name, "name", true);
+                return go(Kind::value, "value", before == 1);
+            case Kind::method_name:
+            case Kind::scalar:
+            case Kind::name: return unexpected(name);
+        }
+    }
+
+    void open_type(std::string_view name, std::size_t before) {
+        if (before > 0) return unexpected(name);
+        if (name == "struct") return stack_.push_back({Kind::structure, 0, nullptr});
+        if (name == "array") return stack_.push_back({Kind::array, 0, nullptr});
+        const auto *scalar = std::find_if(std::begin(scalars), std::end(scalars),
+                                          [name](const Scalar &candidate) { return candidate.name == name; });
+        if (scalar == std::end(scalars)) return unexpected(name);
+        stack_.push_back({Kind::scalar, 0, scalar});
+    }
+
+    void count_value() {
+        ++depth_;
+        if (depth_ > limits_.depth) {
+            return refuse(Fault::limit, "The call nests values more than " + std::to_string(limits_.depth) + " deep.");
+        }
+        if (++values_ > limits_.values) {
+            refuse(Fault::limit, "The call holds more than " + std::to_string(limits_.values) + " values.");
+        }
+    }
+
+    void characters(const XML_Char *text, int length) { text_.append(text, static_cast<std::size_t>(length)); }
+
+    void close(const XML_Char *tag) {
+        const Element element = stack_.back();
+        stack_.pop_back();
+        switch (element.kind) {
+            case Kind::document: break;
+            case Kind::method_name:
+                if (!is_method_name(text_)) return bad_method(text_);
+                verdict_.method = text_;
+                break;
+            case Kind::name:
+                stack_[stack_.size() - 2].names_method =
+                    stack_.size() == inner_struct_depth + 1 && verdict_.method == multicall && text_ == "methodName";
+                break;
+            case Kind::scalar:
+                judge(*element.scalar);
+                scalar_text_ = text_;
+                break;
+            case Kind::value:
+                --depth_;
+                if (element.children > 0 && !is_blank(text_)) return misplaced();
+                note_inner_method(element.children > 0 ? scalar_text_ : text_);
+                break;
+            case Kind::call:
+            case Kind::param:
+            case Kind::array:
+            case Kind::member:
+                if (element.children < (element.kind == Kind::member ? 2U : 1U)) {
+                    return refuse(Fault::malformed, "The element <" + std::string(tag) + "> is not complete.");
+                }
+                [[fallthrough]];
+            case Kind::params:
+            case Kind::data:
+            case Kind::structure:
+                if (!is_blank(text_)) return misplaced();
+                scalar_text_.clear();
+        }
+        text_.clear();
+    }
+
+    void judge(const Scalar &scalar) {
+        if (scalar.judge == nullptr) return;
+        switch (scalar.judge(text_)) {
+            case Number::good: return;
+            case Number::malformed:
+                return refuse(Fault::malformed, quoted(text_) + " is not of type " + std::string(scalar.name) + ".");
+            case Number::out_of_range:
+                return refuse(Fault::malformed,
+                              quoted(text_) + " is out of the range of type " + std::string(scalar.name) + ".");
+        }
+    }
+
+    // A struct may name its method twice. Whichever the library takes, both have to pass the filters.
+    void note_inner_method(const std::string &name) {
+        if (stack_.size() != inner_struct_depth + 1 || verdict_.method != multicall) return;
+        if (!stack_[inner_struct_depth - 1].names_method) return;
+        if (!is_method_name(name)) return bad_method(name);
+        if (name == multicall) return refuse(Fault::refused, "A system.multicall cannot call system.multicall.");
+        verdict_.inner.push_back(name);
+    }
+
+    void bad_method(std::string_view name) { refuse(Fault::malformed, quoted(name) + " is not the name of a method."); }
+    void unexpected(std::string_view name) {
+        refuse(Fault::malformed, "The element <" + std::string(name.substr(0, 40)) + "> has no place where it stands.");
+    }
+    void misplaced() { refuse(Fault::malformed, quoted(text_) + " stands beside an element, where no text can be."); }
+
+    const PrepassLimits &limits_;
+    XML_Parser parser_;
+    Verdict verdict_;
+    std::vector<Element> stack_;
+    /** The text since the last element opened or closed. */
+    std::string text_;
+    /** The text of the value's type that closed last. Empty after a struct or an array. */
+    std::string scalar_text_;
+    std::size_t depth_ = 0;
+    std::size_t values_ = 0;
+    bool out_of_memory_ = false;
+};
+
+}  // namespace
+
+void Prepass::Free::operator()(XML_ParserStruct *parser) const { XML_ParserFree(parser); }
+
+Prepass::Prepass(const PrepassLimits &limits) : limits_(limits), parser_(XML_ParserCreate("UTF-8")) {
+    if (parser_ == nullptr) throw std::bad_alloc();
+}
+
+Verdict Prepass::examine(std::string_view document) {
+    Walk walk(limits_, parser_.get());
+    Verdict verdict = walk.run(document);
+    XML_ParserReset(parser_.get(), "UTF-8");
+    return verdict;
+}
+
+}  // namespace lmq::host

@@ -1,0 +1,63 @@
+// The pre-pass: reads the document of a call once, before the XML-RPC library does, and refuses what the library cannot
+// bear. Some numbers that are none end its process, entities make it work for hours, and so on; prepass.cc says which
+// rule is there for what. It also tells which methods a call is about, for filters, logs and metrics.
+#ifndef LMQ_HOST_PREPASS_H
+#define LMQ_HOST_PREPASS_H
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "fault.h"
+
+struct XML_ParserStruct;
+
+namespace lmq::host {
+
+/** The method that carries out a list of other calls. */
+inline constexpr std::string_view multicall = "system.multicall";
+
+/** What a call may hold at the most. The largest answer of the interface, sent back as a call, passes the defaults. */
+struct PrepassLimits {
+    /** Values inside each other. The XML-RPC library itself ends at 64. */
+    std::size_t depth = 32;
+    std::size_t values = 100'000;
+    /** Members of one struct. The library looks each up in all that came before it. */
+    std::size_t members = 1'024;
+    /** Calls in one system.multicall. */
+    std::size_t calls = 100;
+};
+
+/** What the pre-pass found. */
+struct Verdict {
+    /** Why the call must not reach the library; none if it may. */
+    std::optional<Fault> fault;
+    /** The method, as far as the document was read. */
+    std::string method;
+    /** The methods that a system.multicall calls, in their order. Empty for every other method. */
+    std::vector<std::string> inner;
+};
+
+class Prepass {
+  public:
+    /** @throws std::bad_alloc if there is no memory for the XML parser. */
+    explicit Prepass(const PrepassLimits &limits);
+
+    /** Reads one document. What it was told before has no influence. */
+    Verdict examine(std::string_view document);
+
+  private:
+    struct Free {
+        void operator()(XML_ParserStruct *parser) const;
+    };
+
+    PrepassLimits limits_;
+    std::unique_ptr<XML_ParserStruct, Free> parser_;
+};
+
+}  // namespace lmq::host
+
+#endif
