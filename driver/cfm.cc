@@ -27,10 +27,6 @@ constexpr int kAllOpCodes = VX_CFM_1DM | VX_CFM_DMR | VX_CFM_DMM;
 constexpr unsigned kSequenceNumberBytes = 4;
 constexpr Clock::Time kDelayPeriod = 1s;
 
-void check_port(vx_port_id_t port) { refuse_if(port > VX_PORT_VOIP0, VX_ERR_PORT_NUM_OUT_OF_RANGE); }
-
-vx_boolean truth(vx_boolean value) { return value ? TRUE : FALSE; }
-
 /* How many periods have passed since the last message; that is then the last of them. */
 vx_uint32 periods(Clock::Time &last, Clock::Time period, Clock::Time now) {
     const auto count = (now - last) / period;
@@ -79,8 +75,8 @@ vx_status_e vx_1ag_lbm_config_set(vx_dev_id_t dev_id, vx_1ag_lbm_cfg_t *p_cfg) {
         if (flags.lbr_tx_gem_port) check_range(p_cfg->lbr_tx_gem_port, 0, kGreatestGemPort);
         if (flags.lbr_cos) check_range(p_cfg->lbr_cos, 0, kGreatestCos);
         vx_1ag_lbm_cfg_t &kept = device.cfm.lbm;
-        merge(flags.enbl_lbm_proc, kept.enbl_lbm_proc, truth(p_cfg->enbl_lbm_proc));
-        merge(flags.accept_mcast_da, kept.accept_mcast_da, truth(p_cfg->accept_mcast_da));
+        merge(flags.enbl_lbm_proc, kept.enbl_lbm_proc, as_boolean(p_cfg->enbl_lbm_proc));
+        merge(flags.accept_mcast_da, kept.accept_mcast_da, as_boolean(p_cfg->accept_mcast_da));
         merge(flags.md_level, kept.md_level, p_cfg->md_level);
         merge(flags.lbr_tx_port, kept.lbr_tx_port, p_cfg->lbr_tx_port);
         merge(flags.lbr_tx_gem_port, kept.lbr_tx_gem_port, p_cfg->lbr_tx_gem_port);
@@ -99,7 +95,7 @@ vx_status_e vx_1ag_ccm_config_set(vx_dev_id_t dev_id, vx_1ag_ccm_cfg_t *p_cfg) {
         vx_1ag_ccm_cfg_t next = cfm.ccm;
         merge(flags.ccm_tx_mode, next.ccm_tx_mode, p_cfg->ccm_tx_mode);
         merge(flags.repeat_timer, next.repeat_timer, p_cfg->repeat_timer);
-        merge(flags.enbl_seq_num, next.enbl_seq_num, truth(p_cfg->enbl_seq_num));
+        merge(flags.enbl_seq_num, next.enbl_seq_num, as_boolean(p_cfg->enbl_seq_num));
         merge(flags.seq_num_offset, next.seq_num_offset, p_cfg->seq_num_offset);
         merge(flags.seq_num_val, next.seq_num_val, p_cfg->seq_num_val);
         check_range(next.ccm_tx_mode, VX_CFM_CCM_TX_DISABLE, VX_CFM_CCM_REPEAT_TX);
@@ -125,7 +121,7 @@ vx_status_e vx_1ag_ccm_pkt_buf_set(vx_dev_id_t dev_id, vx_1ag_ccm_pkt_buf_cfg_t 
         vx_1ag_ccm_pkt_buf_cfg_t &kept = up_to_date(device).packet;
         merge(flags.port_num, kept.port_num, p_cfg->port_num);
         kept.gem_port_id = p_cfg->gem_port_id;
-        merge(flags.enbl_byte_swap, kept.enbl_byte_swap, truth(p_cfg->enbl_byte_swap));
+        merge(flags.enbl_byte_swap, kept.enbl_byte_swap, as_boolean(p_cfg->enbl_byte_swap));
         merge(flags.pkt_len, kept.pkt_len, p_cfg->pkt_len);
         merge(flags.p_pkt_buff, kept.p_pkt_buff, p_cfg->p_pkt_buff);
     });
@@ -142,8 +138,9 @@ vx_status_e vx_1ag_dm_config_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_1a
         refuse_if(p_cfg->enbl_rx && p_cfg->rx_op_code == 0, VX_ERR_GLBL_INVALID_PARAMS);
         Cfm::DelayPort &port = up_to_date(device).delay_ports[port_id];
         if (!port.cfg.enbl_tx) port.sent = device.system.clock.now();
-        port.cfg = {
-            .enbl_rx = truth(p_cfg->enbl_rx), .enbl_tx = truth(p_cfg->enbl_tx), .rx_op_code = p_cfg->rx_op_code};
+        port.cfg = {.enbl_rx = as_boolean(p_cfg->enbl_rx),
+                    .enbl_tx = as_boolean(p_cfg->enbl_tx),
+                    .rx_op_code = p_cfg->rx_op_code};
     });
 }
 

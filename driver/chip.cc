@@ -31,12 +31,41 @@ constexpr const char *kModuleNames[] = {
 }  // namespace
 
 Device::Device(System &owner, vx_dev_id_t dev_id, const lmq_dev_startup_cfg_s &cfg)
-    : system(owner), id(dev_id), config(cfg), lifecycle(dev_id, owner.config, cfg) {}
+    : system(owner),
+      id(dev_id),
+      config(cfg),
+      lifecycle(dev_id, owner.config, cfg, owner.clock.now()),
+      peripheral(cfg.gpio_cfg),
+      gpon(cfg, owner.clock.now()),
+      traffic(owner.plan, owner.clock.now()) {}
 
-System::System(const vx_startup_cfg_t &cfg, Clock started) : config(cfg), clock(started) {
+Environment Environment::read() {
+    return {Clock(Clock::step_from_environment()), TrafficPlan::from_environment(), Preset::from_environment()};
+}
+
+System::System(const vx_startup_cfg_t &cfg, const Environment &environment)
+    : config(cfg), clock(environment.clock), plan(environment.plan) {
     log_level.fill(VX_LOG_LVL_MINOR);
     for (vx_dev_id_t id = 0; id < config.num_dev; ++id) {
         if (config.dev_cfg[id].enbl) start_device(id, config.dev_cfg[id]);
+    }
+    if (!environment.preset) return;
+    faults = environment.preset->faults();
+    for (std::optional<Device> &device : devices_) {
+        if (device) environment.preset->apply(*device);
+    }
+}
+
+void System::begin_call() {
+    clock.begin_call();
+    for (std::optional<Device> &device : devices_) {
+        if (!device) continue;
+        // First what raises events, and last what notifies those that are due.
+        pass_time(*device, device->lifecycle);
+        pass_time(*device, device->peripheral);
+        pass_time(*device, device->gpon);
+        pass_time(*device, device->traffic);
+        pass_time(*device, device->event);
     }
 }
 
@@ -81,6 +110,16 @@ Chip &Chip::instance() {
 System &Chip::system() {
     refuse_if(!power, VX_ERR_GLBL_SYS_UNINTIALIZED);
     return *power;
+}
+
+void Chip::fail_on_demand(const char *function) {
+    std::optional<vx_status_e> status = faults.call(function);
+    if (power) {
+        // Both lists count the call.
+        const std::optional<vx_status_e> preset = power->faults.call(function);
+        if (!status) status = preset;
+    }
+    if (status) throw Refusal{*status};
 }
 
 vx_status_e status_of_exception(const char *function) noexcept {

@@ -24,6 +24,7 @@
 #include "driver/cpu_packet.h"
 #include "driver/eth_port.h"
 #include "driver/event.h"
+#include "driver/fault.h"
 #include "driver/flow.h"
 #include "driver/gpon.h"
 #include "driver/gpon_tm.h"
@@ -33,7 +34,9 @@
 #include "driver/mcast.h"
 #include "driver/peripheral.h"
 #include "driver/policer.h"
+#include "driver/preset.h"
 #include "driver/time.h"
+#include "driver/traffic.h"
 #include "driver/vlan_bridge.h"
 #include "lmq/lmq.h"
 
@@ -53,6 +56,12 @@ inline void refuse_if(bool wrong, vx_status_e status) {
 inline void check_range(std::int64_t value, std::int64_t first, std::int64_t last) {
     refuse_if(value < first || value > last, VX_ERR_GLBL_RANGE_CHECK_FAIL);
 }
+
+/** @brief Refuses a number that is no port of a device. */
+inline void check_port(std::int64_t port) { refuse_if(port > VX_PORT_VOIP0, VX_ERR_PORT_NUM_OUT_OF_RANGE); }
+
+/** @brief A boolean as it is kept: anything but 0 comes back as 1. */
+constexpr vx_boolean as_boolean(bool given) { return given ? TRUE : FALSE; }
 
 /** @brief Modules that log: vx_mod_id_e counts from 0 to one less. */
 inline constexpr std::size_t kModules = 0
@@ -89,6 +98,17 @@ struct Device {
     Gpon gpon;
     GponTm gpon_tm;
     Cfm cfm;
+    Traffic traffic;
+};
+
+/** @brief What the environment says of a system, as it was when the system was initialised. */
+struct Environment {
+    Clock clock;                     /**< At 0. */
+    std::optional<TrafficPlan> plan; /**< Nothing for no traffic. */
+    std::optional<Preset> preset;
+
+    /** @throws std::invalid_argument with a text that names the variable and what was expected. */
+    static Environment read();
 };
 
 /** @brief The driver between lmq_init_system and lmq_shutdown_system. */
@@ -96,12 +116,15 @@ class System {
   public:
     /**
      * @brief Starts the devices that are enabled; the others are in reset.
-     * @param cfg     A configuration that was checked.
-     * @param started A clock at 0.
+     * @param cfg         A configuration that was checked.
+     * @param environment What else the system starts with. The preset is applied once the devices are up.
      */
-    System(const vx_startup_cfg_t &cfg, Clock started);
+    System(const vx_startup_cfg_t &cfg, const Environment &environment);
     System(const System &) = delete;
     System &operator=(const System &) = delete;
+
+    /** @brief A driver function is called: the clock goes on, and what has fallen due since the last call happens. */
+    void begin_call();
 
     /** @brief A device by its id, of whichever integer type. Refuses an id that is none, and a device in reset. */
     Device &device(std::int64_t dev_id);
@@ -120,6 +143,8 @@ class System {
 
     const vx_startup_cfg_t config;
     Clock clock;
+    const std::optional<TrafficPlan> plan;
+    Faults faults;                                /**< Those of the preset. */
     std::array<vx_log_lvl_e, kModules> log_level; /**< By vx_mod_id_e. */
     bool print_register_access = false;
 
@@ -135,8 +160,12 @@ class Chip {
     /** @brief The system. Refuses while there is none. */
     System &system();
 
+    /** @brief Refuses a call that has to fail, by LMQ_SIM_FAIL or by the preset. */
+    void fail_on_demand(const char *function);
+
     std::optional<System> power; /**< Empty before lmq_init_system. */
-    std::mutex mutex;            /**< Held by guarded() for the whole of an operation. */
+    Faults faults = Faults::from_environment();
+    std::mutex mutex; /**< Held by guarded() for the whole of an operation. */
 };
 
 /** @brief The status of the exception being handled. What no operation throws on purpose is also reported. */
@@ -161,7 +190,8 @@ vx_status_e guarded(const char *function, Body body) noexcept {
     try {
         Chip &chip = Chip::instance();
         const std::lock_guard lock(chip.mutex);
-        if (chip.power) chip.power->clock.begin_call();
+        if (chip.power) chip.power->begin_call();
+        chip.fail_on_demand(function);
         body(chip);
         return VX_SUCCESS;
     } catch (...) {

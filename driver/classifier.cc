@@ -31,10 +31,6 @@ using Port = Classifier::Port;
 using Fib = vx_cls_fib_data_t;
 using Rule = vx_cls_rule_cfg_t;
 
-void check_port(vx_port_id_t port) { refuse_if(port > VX_PORT_VOIP0, VX_ERR_PORT_NUM_OUT_OF_RANGE); }
-
-vx_boolean boolean(vx_boolean value) { return value ? TRUE : FALSE; }
-
 template <typename Body>
 vx_status_e on_port(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id,
                     std::initializer_list<const void *> pointers, Body body) {
@@ -207,14 +203,14 @@ void check(const Fib &fib) {
 void take(Fib &kept, const Fib &given) {
     check(given);
     const auto &flags = given.valid.mask_s;
-    kept.valid_flag = boolean(given.valid_flag);
-    kept.permit = boolean(given.permit);
-    kept.permit_filter_dis = boolean(given.permit_filter_dis);
-    kept.permit_priority = boolean(given.permit_priority);
+    kept.valid_flag = as_boolean(given.valid_flag);
+    kept.permit = as_boolean(given.permit);
+    kept.permit_filter_dis = as_boolean(given.permit_filter_dis);
+    kept.permit_priority = as_boolean(given.permit_priority);
     if (flags.dst_port_fields) {
         kept.dst_port_num = given.dst_port_num;
-        kept.mirror_enbl = boolean(given.mirror_enbl);
-        kept.mirror_pkt_src = boolean(given.mirror_pkt_src);
+        kept.mirror_enbl = as_boolean(given.mirror_enbl);
+        kept.mirror_pkt_src = as_boolean(given.mirror_pkt_src);
         kept.gem_id_sel = given.gem_id_sel;
         kept.gem_subpid = given.gem_subpid;
     }
@@ -222,14 +218,14 @@ void take(Fib &kept, const Fib &given) {
         kept.inner_vlan_cmd = given.inner_vlan_cmd;
         kept.inner_tpid_sel = given.inner_tpid_sel;
         kept.inner_vid = given.inner_vid;
-        kept.top_vid_sel = boolean(given.top_vid_sel);
+        kept.top_vid_sel = as_boolean(given.top_vid_sel);
         kept.top_vlan_cmd = given.top_vlan_cmd;
         kept.top_tpid_sel = given.top_tpid_sel;
         kept.top_vid = given.top_vid;
         kept.egr_chk_vlan_sel = given.egr_chk_vlan_sel;
-        kept.outer_de_override_enbl = boolean(given.outer_de_override_enbl);
+        kept.outer_de_override_enbl = as_boolean(given.outer_de_override_enbl);
         kept.outer_de_value = given.outer_de_value;
-        kept.inner_de_override_enbl = boolean(given.inner_de_override_enbl);
+        kept.inner_de_override_enbl = as_boolean(given.inner_de_override_enbl);
         kept.inner_de_value = given.inner_de_value;
     }
     if (flags.dscp_fields) {
@@ -247,16 +243,16 @@ void take(Fib &kept, const Fib &given) {
         kept.cos = given.cos;
     }
     if (flags.learn_fields) {
-        kept.learn_dsbl = boolean(given.learn_dsbl);
-        kept.learn_limit_permit = boolean(given.learn_limit_permit);
+        kept.learn_dsbl = as_boolean(given.learn_dsbl);
+        kept.learn_limit_permit = as_boolean(given.learn_limit_permit);
     }
     if (flags.rate_limit_fields) {
         kept.flow_id_sel = given.flow_id_sel;
         kept.flow_id = given.flow_id;
-        kept.bypass_rate_limiter = boolean(given.bypass_rate_limiter);
+        kept.bypass_rate_limiter = as_boolean(given.bypass_rate_limiter);
     }
     if (flags.sw_id_fields) {
-        kept.sw_id_sel = boolean(given.sw_id_sel);
+        kept.sw_id_sel = as_boolean(given.sw_id_sel);
         kept.sw_id = given.sw_id;
     }
 }
@@ -320,9 +316,9 @@ vx_status_e vx_cls_ctrl_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_cls_cl_
         vx_cls_cl_ctrl_t &kept = port.control;
         merge(flags.mac_da_range, kept.mac_da_high, cfg->mac_da_high);
         merge(flags.mac_da_range, kept.mac_da_low, cfg->mac_da_low);
-        merge(flags.mac_filter_aging_en, kept.mac_filter_aging_en, boolean(cfg->mac_filter_aging_en));
-        merge(flags.tos_ecn_msk_en, kept.tos_ecn_msk_en, boolean(cfg->tos_ecn_msk_en));
-        merge(flags.ce_msk_cfi_flg, kept.ce_msk_cfi_flg, boolean(cfg->ce_msk_cfi_flg));
+        merge(flags.mac_filter_aging_en, kept.mac_filter_aging_en, as_boolean(cfg->mac_filter_aging_en));
+        merge(flags.tos_ecn_msk_en, kept.tos_ecn_msk_en, as_boolean(cfg->tos_ecn_msk_en));
+        merge(flags.ce_msk_cfi_flg, kept.ce_msk_cfi_flg, as_boolean(cfg->ce_msk_cfi_flg));
     });
 }
 
@@ -356,7 +352,7 @@ vx_status_e vx_cls_rule_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 d
         Rule &kept = rule_at(port, domain_id, rule_offset);
         refuse_if(!visit_keys(*p_cfg, [](const auto &) {}), VX_ERR_FE_CLS_INVALID_KEY_TYPE);
         kept = p_cfg->entryvalid ? *p_cfg : Rule{};
-        kept.entryvalid = boolean(p_cfg->entryvalid);
+        kept.entryvalid = as_boolean(p_cfg->entryvalid);
     });
 }
 
@@ -408,7 +404,7 @@ vx_status_e vx_cls_l4_port_range_set(vx_dev_id_t dev_id, vx_port_id_t port_id, v
         vx_cls_l4_port_range_t &kept = range_at(port, port_type, index);
         refuse_if(p_cfg->low_port > p_cfg->high_port, VX_ERR_FE_CLS_INVALID_PORT_RANGE_FOR_L4_PORT);
         kept = *p_cfg;
-        kept.cmp_en = boolean(p_cfg->cmp_en);
+        kept.cmp_en = as_boolean(p_cfg->cmp_en);
     });
 }
 
@@ -421,10 +417,10 @@ vx_status_e vx_cls_spcl_ptn_ctrl_set(vx_dev_id_t dev_id, vx_port_id_t port_id, v
     return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) {
         check_range(p_cfg->spcl_hdr_mode_sel, CLS_SPCL_MODE_STA, CLS_SPCL_MODE_DYN);
         port.pattern_control = {.spcl_hdr_mode_sel = p_cfg->spcl_hdr_mode_sel,
-                                .spcl_hdr_after_l2hdr_en = boolean(p_cfg->spcl_hdr_after_l2hdr_en),
-                                .spcl_hdr_after_iphdr_en = boolean(p_cfg->spcl_hdr_after_iphdr_en),
-                                .spcl_hdr_after_l4hdr_en = boolean(p_cfg->spcl_hdr_after_l4hdr_en),
-                                .spcl_hdr_parsing_en = boolean(p_cfg->spcl_hdr_parsing_en),
+                                .spcl_hdr_after_l2hdr_en = as_boolean(p_cfg->spcl_hdr_after_l2hdr_en),
+                                .spcl_hdr_after_iphdr_en = as_boolean(p_cfg->spcl_hdr_after_iphdr_en),
+                                .spcl_hdr_after_l4hdr_en = as_boolean(p_cfg->spcl_hdr_after_l4hdr_en),
+                                .spcl_hdr_parsing_en = as_boolean(p_cfg->spcl_hdr_parsing_en),
                                 .spcl_glb_hdr_strt_idx = p_cfg->spcl_glb_hdr_strt_idx};
     });
 }
@@ -454,7 +450,7 @@ vx_status_e vx_cls_aging_timer_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_
         check_port(port_id);
         Classifier::Aging &kept = at(device.classifier.ports[port_id].aging, index);
         kept = {.cfg = *p_cfg, .since = device.system.clock.now()};
-        kept.cfg.entry_dynamic = boolean(p_cfg->entry_dynamic);
+        kept.cfg.entry_dynamic = as_boolean(p_cfg->entry_dynamic);
     });
 }
 

@@ -95,8 +95,6 @@ using namespace lmq::sim;
 
 namespace {
 
-void check_port(vx_port_id_t port) { refuse_if(port > VX_PORT_VOIP0, VX_ERR_PORT_NUM_OUT_OF_RANGE); }
-
 vx_uint16 queues_of(vx_port_id_t port) { return port == VX_PORT_SNI0 ? GponTm::kUsQueues : CosQueues::kPortQueues; }
 
 /* Takes an array over when its bit is in the mask; a value that is not below `end` refuses all. */
@@ -125,8 +123,6 @@ void get_port(const Setting<vx_port_id_t, Cfg> &setting, vx_port_id_t port, Cfg 
     check_port(port);
     *to = setting.get(port);
 }
-
-constexpr vx_boolean as_boolean(auto value) { return value ? TRUE : FALSE; }
 
 }  // namespace
 

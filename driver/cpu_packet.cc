@@ -12,8 +12,8 @@
  * - A special packet is permitted and learned from at first; the members that one flag selects together are flow_enbl
  *   with flow_id and mirror_enbl with mirror_before_pe.
  * - Ingress filters are for the SNI and Ethernet ports. Removing types of which none is in the filter is refused.
- * - vx_cpu_packet_tx sends 14 to 2000 bytes, does not read them, and counts them on the port; OMCI and OAM messages may
- * be shorter, and go to the SNI alone. The management port sends while its interface is enabled.
+ * - vx_cpu_packet_tx sends 14 to 2000 bytes, reads their destination alone, and counts them on the port; OMCI and OAM
+ * messages may be shorter, and go to the SNI alone. The management port sends while its interface is enabled.
  */
 #include "driver/cpu_packet.h"
 
@@ -29,15 +29,13 @@ constexpr vx_uint16 kMaxFrame = 2000; /* IEEE 802.3: an envelope frame. */
 
 bool is_eth_port(vx_uint16 port) { return port >= VX_PORT_ETH0 && port < VX_PORT_ETH0 + LMQ_PORT_ETH_NUM; }
 
-void check_port(vx_uint16 port) { refuse_if(port > VX_PORT_VOIP0, VX_ERR_PORT_NUM_OUT_OF_RANGE); }
-
 /* A port of the network or of a user. */
 void check_sni_or_uni(vx_uint16 port) {
     check_port(port);
     refuse_if(port != VX_PORT_SNI0 && !is_eth_port(port), VX_ERR_PORT_TYPE_MISMATCH);
 }
 
-void check_port(vx_port_type_t type, vx_uint16 port) {
+void check_typed_port(vx_port_type_t type, vx_uint16 port) {
     check_port(port);
     switch (type) {
         case VX_PORT_TYPE_GPON:
@@ -148,7 +146,7 @@ vx_status_e lmq_add_port_to_cpu_pkt_trap(vx_dev_id_t dev_id, vx_uint32 handle, v
                                          vx_uint16 port_num, vx_uint16 sub_port_id) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
         CpuTrap &kept = trap(device, handle);
-        check_port(port_type, port_num);
+        check_typed_port(port_type, port_num);
         const CpuPort port{port_type, port_num, sub_port_id};
         refuse_if(kept.ports.contains(port), VX_ERR_PORT_EXIST);
         refuse_if(kept.ports.size() >= kMaxTrapPorts, VX_ERR_GLBL_SW_RESOURCE_UNAVAIL);
@@ -160,7 +158,7 @@ vx_status_e lmq_delete_port_from_cpu_pkt_trap(vx_dev_id_t dev_id, vx_uint32 hand
                                               vx_uint16 port_num, vx_uint16 sub_port_id) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
         CpuTrap &kept = trap(device, handle);
-        check_port(port_type, port_num);
+        check_typed_port(port_type, port_num);
         refuse_if(kept.ports.erase({port_type, port_num, sub_port_id}) == 0, VX_ERR_PORT_NOT_FOUND);
     });
 }
@@ -169,7 +167,7 @@ vx_status_e lmq_get_cpu_pkt_trap_stats(vx_dev_id_t dev_id, vx_l2_spcl_pkt_type_t
                                        vx_uint16 port_num, vx_uint32 *p_stats, vx_boolean clear) {
     return on_device(__func__, dev_id, {p_stats}, [&](Device &device) {
         check_type(pkt_type);
-        check_port(port_type, port_num);
+        check_typed_port(port_type, port_num);
         CpuPackets &state = device.cpu_packet;
         refuse_if(!state.traps.contains(static_cast<vx_uint32>(pkt_type)), VX_ERR_FE_CPU_PKT_TRAP_NOT_ACTIVE);
         *p_stats = state.trapped[{pkt_type, port_type, port_num}].read(clear != FALSE);
@@ -275,7 +273,7 @@ vx_status_e vx_cpu_packet_tx(vx_dev_id_t dev_id, vx_uint16 pkt_len, vx_uint8 *p_
         const bool message = p_cfg->is_gpon_omci || p_cfg->is_epon_oam;
         check_range(pkt_len, message ? 1 : kMinFrame, kMaxFrame);
         check_range(p_cfg->pkt_priority, 0, LMQ_MAX_COS - 1);
-        check_port(p_cfg->port_type, p_cfg->port_num);
+        check_typed_port(p_cfg->port_type, p_cfg->port_num);
         refuse_if(message && p_cfg->port_num != VX_PORT_SNI0, VX_ERR_PORT_TYPE_MISMATCH);
         if (p_cfg->port_num == VX_PORT_MGMT) {
             Management &interface = device.management;
@@ -283,9 +281,7 @@ vx_status_e vx_cpu_packet_tx(vx_dev_id_t dev_id, vx_uint16 pkt_len, vx_uint8 *p_
             interface.tx_packets.add(1);
             interface.tx_bytes.add(pkt_len);
         }
-        CpuSent &sent = device.cpu_packet.sent[p_cfg->port_num];
-        sent.packets.add(1);
-        sent.bytes.add(pkt_len);
+        count_sent(device, *p_cfg, p_pkt_buff, pkt_len);
     });
 }
 

@@ -30,18 +30,12 @@ struct CpuTrap {
     std::set<CpuPort> ports;
 };
 
-/** @brief What the CPU has sent on a port. */
-struct CpuSent {
-    Counter<vx_uint64> packets, bytes;
-};
-
 /** @brief State of the family. */
 struct CpuPackets {
     CpuPackets();
 
     std::map<vx_uint32, CpuTrap> traps; /**< By handle, which is the type of packet. */
     std::map<std::tuple<vx_l2_spcl_pkt_type_t, vx_port_type_t, vx_uint16>, Counter<vx_uint32>> trapped;
-    std::map<vx_port_id_t, CpuSent> sent;
 
     std::map<std::tuple<vx_port_id_t, vx_l2_spcl_pkt_type_t>, lmq_fe_spcl_pkt_ctrl_t> control;
     Setting<std::tuple<vx_port_id_t, vx_uint16, vx_l2_spcl_pkt_type_t>, vx_l2_spcl_pkt_action_t> behavior;

@@ -16,7 +16,9 @@
  * - Queues are empty: each that selects a level is below its low one, and none above its high one. No pause is seen.
  * - A low water mark above the high one is VX_ERR_PORT_INVALID_CFG.
  * - Each of the 32 PHYs has 32 registers that are 0 at first and keep what is written, without an effect.
- * - Gaps, times, rates and levels have no unit here: they are kept. Gaps begin as 12. The counters stay 0.
+ * - Gaps, times, rates and levels have no unit here: they are kept. Gaps begin as 12.
+ * - A change of the link of a port from VX_PORT_ETH0 raises VX_EVENT_ETH_LINK_STATUS_CHNG. A link that is there from
+ *   the start is no change.
  */
 #include "driver/eth_port.h"
 
@@ -31,8 +33,6 @@ namespace {
 
 constexpr vx_uint8 kLastMdio = 31;
 constexpr vx_uint8 kLeastGap = 12;
-
-vx_boolean flag(vx_boolean given) { return given ? TRUE : FALSE; }
 
 bool has_eee(vx_port_id_t port_id) { return port_id >= VX_PORT_ETH0; }
 
@@ -72,8 +72,9 @@ EthPort start(const Device &device, vx_port_id_t port_id) {
     return port;
 }
 
-/** @brief The port. Refuses one that is none, or no Ethernet port. */
-EthPort &port_of(Device &device, vx_port_id_t port_id) {
+}  // namespace
+
+EthPort &eth_port(Device &device, vx_port_id_t port_id) {
     refuse_if(port_id >= VX_PORT_ETH0 + LMQ_PORT_ETH_NUM && port_id != VX_PORT_VOIP0, VX_ERR_PORT_NUM_OUT_OF_RANGE);
     refuse_if(port_id == VX_PORT_VOIP0 || port_id == VX_PORT_CPU, VX_ERR_PORT_TYPE_MISMATCH);
     refuse_if(port_id == VX_PORT_SNI0 && device.config.dev_mode != LMQ_DEV_MODE_AE, VX_ERR_PORT_TYPE_MISMATCH);
@@ -82,22 +83,7 @@ EthPort &port_of(Device &device, vx_port_id_t port_id) {
     return known != ports.end() ? known->second : ports.emplace(port_id, start(device, port_id)).first->second;
 }
 
-/** @brief Runs an operation on an Ethernet port, as on_device() on a device. */
-template <typename Body>
-vx_status_e on_port(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id,
-                    std::initializer_list<const void *> pointers, Body body) noexcept {
-    return on_device(function, dev_id, pointers, [&](Device &device) { body(port_of(device, port_id)); });
-}
-
-/** @brief The same, for an operation of EEE. */
-template <typename Body>
-vx_status_e on_eee_port(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id, const void *pointer,
-                        Body body) noexcept {
-    return on_port(function, dev_id, port_id, {pointer}, [&](EthPort &port) {
-        refuse_if(!has_eee(port_id), VX_ERR_PORT_EEE_NOT_SUPPORTED);
-        body(port);
-    });
-}
+namespace {
 
 /** @brief The link that a mode comes to. */
 struct Link {
@@ -131,6 +117,37 @@ Link link(vx_eth_port_mode_t mode, vx_eth_cap_t type) {
     throw Refusal{VX_ERR_GLBL_RANGE_CHECK_FAIL};
 }
 
+/** @brief Changes a port, and raises an event if that has changed its link. */
+template <typename Body>
+void change(Device &device, vx_port_id_t port_id, Body body) {
+    EthPort &port = eth_port(device, port_id);
+    const vx_eth_port_status_t before = link_of(port);
+    body(port);
+    const vx_eth_port_status_t now = link_of(port);
+    const bool same = before.link_status == now.link_status && before.speed == now.speed && before.duplex == now.duplex;
+    if (same || port_id < VX_PORT_ETH0) return;
+    lmq_event_data_u data{};
+    data.link_chng_data = {now.speed, now.duplex, as_boolean(now.link_status == VX_LINK_UP)};
+    raise_event(device, {VX_EVENT_ETH_LINK_STATUS_CHNG, port_id, 0}, data);
+}
+
+/** @brief Runs an operation on an Ethernet port, as on_device() on a device. */
+template <typename Body>
+vx_status_e on_port(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id,
+                    std::initializer_list<const void *> pointers, Body body) noexcept {
+    return on_device(function, dev_id, pointers, [&](Device &device) { change(device, port_id, body); });
+}
+
+/** @brief The same, for an operation of EEE. */
+template <typename Body>
+vx_status_e on_eee_port(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id, const void *pointer,
+                        Body body) noexcept {
+    return on_port(function, dev_id, port_id, {pointer}, [&](EthPort &port) {
+        refuse_if(!has_eee(port_id), VX_ERR_PORT_EEE_NOT_SUPPORTED);
+        body(port);
+    });
+}
+
 /** @brief Refuses what is neither the index of a level nor "no level". */
 void check_selection(const vx_uint8 (&queues)[LMQ_MAX_COS]) {
     for (const vx_uint8 index : queues) {
@@ -139,6 +156,16 @@ void check_selection(const vx_uint8 (&queues)[LMQ_MAX_COS]) {
 }
 
 }  // namespace
+
+vx_eth_port_status_t link_of(const EthPort &port) {
+    if (port.config.admin_status == VX_ADMIN_STATUS_DOWN) return {VX_LINK_DOWN, VX_SPEED_INVALID, VX_DUPLEX_INVALID};
+    const Link now = link(port.mode, port.config.port_type);
+    return {VX_LINK_UP, now.speed, now.duplex};
+}
+
+void set_admin_status(Device &device, vx_port_id_t port_id, vx_admin_status_t status) {
+    change(device, port_id, [&](EthPort &port) { port.config.admin_status = status; });
+}
 
 }  // namespace lmq::sim
 
@@ -156,10 +183,10 @@ vx_status_e vx_eth_port_config_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_
         merge(flags.admin_status, kept.admin_status, p_cfg->admin_status);
         merge(flags.tx_ipg, kept.tx_ipg, p_cfg->tx_ipg);
         merge(flags.rx_ipg, kept.rx_ipg, p_cfg->rx_ipg);
-        merge(flags.tx_enable, kept.tx_enable, flag(p_cfg->tx_enable));
-        merge(flags.rx_enable, kept.rx_enable, flag(p_cfg->rx_enable));
-        merge(flags.crc_bypass, kept.crc_bypass, flag(p_cfg->crc_bypass));
-        merge(flags.drop_under_sized_pkt, kept.drop_under_sized_pkt, flag(p_cfg->drop_under_sized_pkt));
+        merge(flags.tx_enable, kept.tx_enable, as_boolean(p_cfg->tx_enable));
+        merge(flags.rx_enable, kept.rx_enable, as_boolean(p_cfg->rx_enable));
+        merge(flags.crc_bypass, kept.crc_bypass, as_boolean(p_cfg->crc_bypass));
+        merge(flags.drop_under_sized_pkt, kept.drop_under_sized_pkt, as_boolean(p_cfg->drop_under_sized_pkt));
         merge(flags.mdix_mode, kept.mdix_mode, p_cfg->mdix_mode);
     });
 }
@@ -190,12 +217,7 @@ vx_status_e vx_eth_port_auto_nego_restart(vx_dev_id_t dev_id, vx_port_id_t port_
 }
 
 vx_status_e vx_eth_port_status_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_eth_port_status_t *p_cfg) {
-    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](EthPort &port) {
-        *p_cfg = {VX_LINK_DOWN, VX_SPEED_INVALID, VX_DUPLEX_INVALID};
-        if (port.config.admin_status == VX_ADMIN_STATUS_DOWN) return;
-        const Link now = link(port.mode, port.config.port_type);
-        *p_cfg = {VX_LINK_UP, now.speed, now.duplex};
-    });
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](EthPort &port) { *p_cfg = link_of(port); });
 }
 
 vx_status_e vx_eth_port_loopback_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_eth_port_loopback_t lpbk_mode) {
@@ -231,7 +253,7 @@ vx_status_e vx_eth_port_eee_cfg_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx
     return on_eee_port(__func__, dev_id, port_id, p_cfg, [&](EthPort &port) {
         const auto &flags = p_cfg->valid;
         vx_eth_port_eee_cfg_t &kept = port.eee;
-        merge(flags.enbl_eee, kept.enbl_eee, flag(p_cfg->enbl_eee));
+        merge(flags.enbl_eee, kept.enbl_eee, as_boolean(p_cfg->enbl_eee));
         merge(flags.min_tx_sleep_time, kept.min_tx_sleep_time, p_cfg->min_tx_sleep_time);
         merge(flags.pre_tx_sleep_timeout_delay, kept.pre_tx_sleep_timeout_delay, p_cfg->pre_tx_sleep_timeout_delay);
         merge(flags.min_tx_wake_time, kept.min_tx_wake_time, p_cfg->min_tx_wake_time);
@@ -320,8 +342,8 @@ vx_status_e vx_eth_port_flowctrl_config_get(vx_dev_id_t dev_id, vx_port_id_t por
 vx_status_e vx_eth_port_flowctrl_enable_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_boolean rx_pause,
                                             vx_boolean tx_pause) {
     return on_port(__func__, dev_id, port_id, {}, [&](EthPort &port) {
-        port.rx_pause = flag(rx_pause);
-        port.tx_pause = flag(tx_pause);
+        port.rx_pause = as_boolean(rx_pause);
+        port.tx_pause = as_boolean(tx_pause);
     });
 }
 

@@ -33,6 +33,17 @@ struct EthPorts {
     Setting<std::pair<vx_uint8, vx_uint8>, vx_uint16> registers; /**< By PHY address and register. */
 };
 
+struct Device;
+
+/** @brief A port, for the other families. Refuses one that is none, or no Ethernet port. */
+EthPort &eth_port(Device &device, vx_port_id_t port_id);
+
+/** @brief The state of a port's link. */
+vx_eth_port_status_t link_of(const EthPort &port);
+
+/** @brief Takes a port up or down, as vx_eth_port_config_set() does. */
+void set_admin_status(Device &device, vx_port_id_t port_id, vx_admin_status_t status);
+
 }  // namespace lmq::sim
 
 #endif

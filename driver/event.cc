@@ -4,7 +4,7 @@
  *
  * Choices:
  * - To notify an event is to print it if a debug handler is registered for it, and else to log it (module evt, level
- *   info): there is no callback behind this interface. What falls due is notified when the family is used next.
+ *   info): there is no callback behind this interface. What falls due is notified at the next call of any function.
  * - The units of holdover_time and interval are 10 ms.
  * - Ethernet and EEE events belong to an Ethernet port, GPON events to the SNI, PCM events to the VoIP port; those of
  *   forwarding engine and buffer manager that are not the device's belong to any port. All others are the device's, and
@@ -230,6 +230,24 @@ DebugHandlerKey key_of(vx_event_type_e type, vx_boolean in_kernel, const lmq_dbg
 
 }  // namespace
 
+bool occurs(EventKey key) {
+    try {
+        checked(key);
+        return true;
+    } catch (const Refusal &) {
+        return false;
+    }
+}
+
+void pass_time(Device &device, Events &) { settle(device); }
+
+lmq_event_data_u debug_event_data(vx_event_type_e type) {
+    lmq_event_data_u data{};
+    if (type >= VX_EVENT_GPON_ALM_LOS && type <= VX_EVENT_GPON_ALM_RDI) data.gpon_alm_data.status = TRUE;
+    if (type == VX_EVENT_GPON_OMCC_STATE) data.omcc_state.status = TRUE;
+    return data;
+}
+
 void raise_event(Device &device, EventKey given, const lmq_event_data_u &data) {
     const EventKey key = checked(given);
     settle(device);
@@ -400,10 +418,7 @@ vx_status_e lmq_deregister_debug_event(vx_dev_id_t dev_id, vx_event_type_e event
 vx_status_e lmq_dbg_generate_event(vx_dev_id_t dev_id, vx_uint32 evt_type, vx_uint16 port_num, vx_uint16 sub_port) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
         const auto type = static_cast<vx_event_type_e>(evt_type);
-        lmq_event_data_u data{};
-        if (type >= VX_EVENT_GPON_ALM_LOS && type <= VX_EVENT_GPON_ALM_RDI) data.gpon_alm_data.status = TRUE;
-        if (type == VX_EVENT_GPON_OMCC_STATE) data.omcc_state.status = TRUE;
-        raise_event(device, {type, port_num, sub_port}, data);
+        raise_event(device, {type, port_num, sub_port}, debug_event_data(type));
     });
 }
 

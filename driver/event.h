@@ -77,6 +77,15 @@ struct Events {
  */
 void raise_event(Device &device, EventKey key, const lmq_event_data_u &data);
 
+/** @brief Whether there is such an event, of such a port and sub-port. */
+bool occurs(EventKey key);
+
+/** @brief Notifies what has fallen due. */
+void pass_time(Device &device, Events &events);
+
+/** @brief The data that lmq_dbg_generate_event raises an event with. */
+lmq_event_data_u debug_event_data(vx_event_type_e type);
+
 }  // namespace lmq::sim
 
 #endif

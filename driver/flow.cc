@@ -28,8 +28,6 @@ using Action = vx_flow_us_action_t;  // of both directions
 constexpr vx_uint16 kLastGemPort = 0xfff;  // ITU-T G.984.3: 12 bits
 constexpr vx_vid_t kLastVid = 0xfff;       // IEEE 802.1Q: 12 bits
 
-void check_port(vx_uint16 port) { refuse_if(port > VX_PORT_VOIP0, VX_ERR_PORT_NUM_OUT_OF_RANGE); }
-
 void check(const vx_flow_us_key_t &key) {
     refuse_if(key.key_type <= VX_CL_KEY_INVALID || key.key_type > VX_CL_KEY_EXT_VLAN_DSCP,
               VX_ERR_FE_CLS_INVALID_KEY_TYPE);
@@ -82,8 +80,6 @@ void check(const Action &action, unsigned queues) {
         check_range(action.mirror_mode, 0, VX_FLOW_MIRROR_MODE_MAX - 1);
     }
 }
-
-constexpr vx_boolean as_boolean(vx_boolean value) { return value ? TRUE : FALSE; }
 
 void take(Action &kept, const Action &given) {
     const auto &flags = given.valid.mask_s;

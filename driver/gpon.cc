@@ -6,18 +6,22 @@
  * - The PON port is port 0, and only of a device in mode GPON: VX_ERR_PORT_TYPE_MISMATCH for the other ports and modes.
  * - Configuration, T-CONTs and GEM ports are taken in every state of the ONU, and kept when the port is left.
  * - vendor_id, serial_num, passwd and the laser times begin as the start configuration says, thresholds at 10 to the
- *   -5 and -6 for signal fail, -9 and -10 for signal degrade. With auto_register activation begins at the first call
- *   that looks at the port. Activating an active port changes nothing; leaving ends in O1.
+ *   -5 and -6 for signal fail, -9 and -10 for signal degrade. With auto_register activation begins with the device.
+ *   Activating an active port changes nothing; leaving ends in O1.
  * - An active port takes 100 ms of the simulator's clock for each state from O1 to O5. The OLT gives ONU-ID 1 on the
  * way into O4, and GEM port 1 for management in O5; before that they are 255 and -1.
+ * - Each change of the state raises VX_EVENT_GPON_ONU_STATE_CHNG. On the way to operation the ONU-ID and the OMCC raise
+ *   theirs, and the OMCC once more when operation ends.
  * - The fibre is always plugged in: there is a signal as long as the port is active.
  * - A laser that is always off takes the ONU back to O2, and it does not get beyond O3. `dir` is not looked at.
  * - A forced state (O1 to O7) stays until another is forced, or the port is left or activated.
  * - T-CONT 0, the default one, carries management with the ONU-ID as its Alloc-Id whatever is set here. For GEM ports
  * it is enabled as the others are. Enabling a T-CONT again gives it another Alloc-Id. An Alloc-Id has 12 bits and
  * belongs to one T-CONT. A T-CONT that GEM ports go through is not disabled: VX_ERR_DEV_BUSY.
- * - GEM ports have 12 bits. An upstream one needs its T-CONT enabled. The index is the lowest that is free. Deleting
- * one leaves what other families keep for its number.
+ * - GEM ports have 12 bits. An upstream one needs its T-CONT enabled. The index is the lowest that is free.
+ * - Deleting a GEM port detaches it: its queue maps and its rate limit are forgotten, it leaves all bridges, and its
+ *   counters begin again. Flows keep its number. Disabling a T-CONT clears its counters; its scheduler and the queues
+ *   that go to it are settings of the number, and stay.
  * - Lists are filled as far as the count given allows, and the count answers how many there are.
  * - The OLT sends Upstream_Overhead, Assign_ONU-ID and Ranging_Time once each, as the ONU leaves O2, O3 and O4. The
  * last 16 messages that nobody took are kept. Of what is sent upstream, which takes O3 or later, it answers nothing: a
@@ -28,6 +32,7 @@
 #include <algorithm>
 #include <initializer_list>
 #include <iterator>
+#include <utility>
 
 #include "driver/chip.h"
 
@@ -50,9 +55,7 @@ constexpr vx_uint8 kUpstreamOverhead = 1;
 constexpr vx_uint8 kAssignOnuId = 3;
 constexpr vx_uint8 kRangingTime = 4;
 
-vx_boolean truth(vx_boolean value) { return value ? TRUE : FALSE; }
-
-Gpon::Port initial_port(const lmq_gpon_startup_cfg_s &start, Clock::Time now) {
+Gpon::Port initial_port(const lmq_gpon_startup_cfg_s &start, bool activate, Clock::Time now) {
     Gpon::Port port;
     vx_gpon_port_cfg_t &cfg = port.cfg;
     std::copy(std::begin(start.vendor_id), std::end(start.vendor_id), cfg.vendor_id);
@@ -77,7 +80,7 @@ Gpon::Port initial_port(const lmq_gpon_startup_cfg_s &start, Clock::Time now) {
                  .sf_clear_threshold = 1,
                  .sd_threshold = 1,
                  .sd_clear_threshold = 1};
-    port.enabled = port.walking = start.auto_register != FALSE;
+    port.enabled = port.walking = activate;
     port.since = now;
     return port;
 }
@@ -92,46 +95,60 @@ vx_uint8 crc(const Gpon::Ploam &message) {
     return static_cast<vx_uint8>(sum);
 }
 
-void receive(Gpon::Port &port, Gpon::Ploam message) {
+void receive(Device &device, Gpon::Ploam message) {
+    Gpon::Port &port = device.gpon.port;
     const bool passes = port.overhead_passes && message[1] == kUpstreamOverhead;
     if (port.masked && !passes) return;
     message.back() = crc(message);
+    device.gpon_tm.count_ploam(true, message[1]);
     port.received.push_back(message);
     if (port.received.size() > kMessagesKept) port.received.pop_front();
 }
 
 /* What makes the ONU leave a state. */
-void receive_in(Gpon::Port &port) {
+void receive_in(Device &device) {
+    const Gpon::Port &port = device.gpon.port;
     switch (port.state) {
-        case VX_GPON_STATE_STANDBY: return receive(port, {kNoOnuId, kUpstreamOverhead});
+        case VX_GPON_STATE_STANDBY: return receive(device, {kNoOnuId, kUpstreamOverhead});
         case VX_GPON_STATE_SERIALNO: {
             const auto &[v0, v1, v2, v3] = port.cfg.vendor_id;
             const auto byte = [&](int shift) { return static_cast<vx_uint8>(port.cfg.serial_num >> shift); };
-            return receive(port,
+            return receive(device,
                            {kNoOnuId, kAssignOnuId, kOnuId, v0, v1, v2, v3, byte(24), byte(16), byte(8), byte(0)});
         }
-        case VX_GPON_STATE_RANGING: return receive(port, {kOnuId, kRangingTime});
+        case VX_GPON_STATE_RANGING: return receive(device, {kOnuId, kRangingTime});
         default: return;
     }
 }
 
-/* The PON port, in the state that it has come to by now. */
-Gpon::Port &up_to_date(Device &device) {
-    const Clock::Time now = device.system.clock.now();
-    std::optional<Gpon::Port> &port = device.gpon.port;
-    if (!port) port = initial_port(device.config.gpon_cfg, now);
-    const auto last = port->laser == VX_PON_LASER_ALWAYS_OFF ? VX_GPON_STATE_SERIALNO : VX_GPON_STATE_OPERATION;
-    while (port->walking && port->state < last && now - port->since >= kStateTime) {
-        receive_in(*port);
-        port->state = static_cast<vx_gpon_onu_state_t>(port->state + 1);
-        port->since += kStateTime;
-    }
-    return *port;
+void report_omcc(Device &device, bool up) {
+    lmq_event_data_u data{};
+    data.omcc_state = {as_boolean(up), vx_uint16{kOmciPort}};
+    raise_event(device, {VX_EVENT_GPON_OMCC_STATE, VX_PORT_SNI0, 0}, data);
 }
 
-void enter(Gpon::Port &port, vx_gpon_onu_state_t state, Clock::Time now) {
-    port.state = state;
-    port.since = now;
+void enter(Device &device, vx_gpon_onu_state_t state, Clock::Time since) {
+    Gpon::Port &port = device.gpon.port;
+    const vx_gpon_onu_state_t old = std::exchange(port.state, state);
+    port.since = since;
+    if (old == state) return;
+
+    lmq_event_data_u data{};
+    data.onu_state_data.onu_state = state;
+    raise_event(device, {VX_EVENT_GPON_ONU_STATE_CHNG, VX_PORT_SNI0, 0}, data);
+    if (state == VX_GPON_STATE_RANGING) {
+        data = {};
+        data.onu_id_data.onu_id = kOnuId;
+        raise_event(device, {VX_EVENT_GPON_ONU_ID, VX_PORT_SNI0, 0}, data);
+    }
+    if (state == VX_GPON_STATE_OPERATION) {
+        if (device.gpon_tm.mac.o5_state_transition != UINT32_MAX) ++device.gpon_tm.mac.o5_state_transition;
+        data = {};
+        data.omcc_gem_data.gem_port_id = kOmciPort;
+        raise_event(device, {VX_EVENT_GPON_OMCC_GEM_PORT_ID, VX_PORT_SNI0, 0}, data);
+        report_omcc(device, true);
+    }
+    if (old == VX_GPON_STATE_OPERATION) report_omcc(device, false);
 }
 
 /* Runs an operation on the PON port. */
@@ -141,7 +158,7 @@ vx_status_e on_port(const char *function, vx_dev_id_t dev_id, vx_uint16 port_id,
     return on_device(function, dev_id, pointers, [&](Device &device) {
         refuse_if(port_id > VX_PORT_VOIP0, VX_ERR_PORT_NUM_OUT_OF_RANGE);
         refuse_if(port_id != VX_PORT_SNI0 || device.config.dev_mode != LMQ_DEV_MODE_GPON, VX_ERR_PORT_TYPE_MISMATCH);
-        body(device, up_to_date(device));
+        body(device, device.gpon.port);
     });
 }
 
@@ -194,6 +211,19 @@ void fill(Table<Key, Value> &table, Entry *list, vx_uint16 *count, Describe desc
 
 }  // namespace
 
+Gpon::Gpon(const lmq_dev_startup_cfg_s &start, Clock::Time now)
+    : port(initial_port(start.gpon_cfg, start.gpon_cfg.auto_register && start.dev_mode == LMQ_DEV_MODE_GPON, now)) {}
+
+void pass_time(Device &device, Gpon &gpon) {
+    const Clock::Time now = device.system.clock.now();
+    const Gpon::Port &port = gpon.port;
+    const auto last = port.laser == VX_PON_LASER_ALWAYS_OFF ? VX_GPON_STATE_SERIALNO : VX_GPON_STATE_OPERATION;
+    while (port.walking && port.state < last && now - port.since >= kStateTime) {
+        receive_in(device);
+        enter(device, static_cast<vx_gpon_onu_state_t>(port.state + 1), port.since + kStateTime);
+    }
+}
+
 }  // namespace lmq::sim
 
 using namespace lmq::sim;
@@ -210,8 +240,8 @@ vx_status_e vx_gpon_onu_port_config_set(vx_dev_id_t dev_id, vx_port_id_t port_id
         merge(flags.dbru_blk_len, next.dbru_blk_len, p_cfg->dbru_blk_len);
         merge(flags.laser_on_time, next.laser_on_time, p_cfg->laser_on_time);
         merge(flags.laser_prebias_time, next.laser_prebias_time, p_cfg->laser_prebias_time);
-        merge(flags.fec_bypass_enbl, next.fec_bypass_enbl, truth(p_cfg->fec_bypass_enbl));
-        merge(flags.aes_enbl, next.aes_enbl, truth(p_cfg->aes_enbl));
+        merge(flags.fec_bypass_enbl, next.fec_bypass_enbl, as_boolean(p_cfg->fec_bypass_enbl));
+        merge(flags.aes_enbl, next.aes_enbl, as_boolean(p_cfg->aes_enbl));
         merge(flags.sf_threshold, next.sf_threshold, p_cfg->sf_threshold);
         merge(flags.sf_clear_threshold, next.sf_clear_threshold, p_cfg->sf_clear_threshold);
         merge(flags.sd_threshold, next.sd_threshold, p_cfg->sd_threshold);
@@ -243,7 +273,7 @@ vx_status_e vx_gpon_onu_port_enable_set(vx_dev_id_t dev_id, vx_port_id_t port_id
         if (enable && port.walking) return;
         port.enabled = port.walking = enable != FALSE;
         port.received.clear();
-        enter(port, VX_GPON_STATE_INITIAL, device.system.clock.now());
+        enter(device, VX_GPON_STATE_INITIAL, device.system.clock.now());
     });
 }
 
@@ -251,7 +281,7 @@ vx_status_e vx_gpon_onu_state_set(vx_dev_id_t dev_id, vx_uint16 port_id, vx_gpon
     return on_port(__func__, dev_id, port_id, {}, [&](Device &device, Gpon::Port &port) {
         check_range(onu_state, VX_GPON_STATE_INITIAL, VX_GPON_STATE_ESTOP);
         port.walking = false;
-        enter(port, onu_state, device.system.clock.now());
+        enter(device, onu_state, device.system.clock.now());
     });
 }
 
@@ -261,7 +291,7 @@ vx_status_e vx_gpon_onu_laser_mode_set(vx_dev_id_t dev_id, vx_uint16 port_id, vx
         const bool was_off = port.laser == VX_PON_LASER_ALWAYS_OFF;
         port.laser = mode;
         if (was_off == (mode == VX_PON_LASER_ALWAYS_OFF) || !port.walking) return;
-        enter(port, std::min(port.state, VX_GPON_STATE_STANDBY), device.system.clock.now());
+        enter(device, std::min(port.state, VX_GPON_STATE_STANDBY), device.system.clock.now());
     });
 }
 
@@ -279,6 +309,7 @@ vx_status_e vx_gpon_onu_tcont_enable_set(vx_dev_id_t dev_id, vx_port_id_t port_i
             refuse_if(gpon.tconts.find(tcont_id) == nullptr, VX_ERR_GPON_TCONT_NOT_ENABLED);
             for (const auto &[id, gem] : gpon.gem_ports) refuse_if(goes_through(gem, tcont_id), VX_ERR_DEV_BUSY);
             gpon.tconts.erase(tcont_id);
+            device.gpon_tm.tcont.erase(tcont_id);
             return;
         }
         check_pointers({p_cfg}, VX_ERR_DEV_NULL_PTR);
@@ -333,8 +364,8 @@ vx_status_e vx_gpon_onu_gem_port_add(vx_dev_id_t dev_id, vx_port_id_t port_id, v
         }
         const vx_gem_port_cfg_t cfg{.direction = p_cfg->direction,
                                     .tcont_id = p_cfg->tcont_id,
-                                    .aes_enable = truth(p_cfg->aes_enable),
-                                    .multicast = truth(p_cfg->multicast)};
+                                    .aes_enable = as_boolean(p_cfg->aes_enable),
+                                    .multicast = as_boolean(p_cfg->multicast)};
         gpon.gem_ports.insert(gem_port_id, {.cfg = cfg, .index = free_index(gpon)});
     });
 }
@@ -343,6 +374,12 @@ vx_status_e vx_gpon_onu_gem_port_delete(vx_dev_id_t dev_id, vx_port_id_t port_id
     return on_port(__func__, dev_id, port_id, {}, [&](Device &device, Gpon::Port &) {
         gem_port(device.gpon, gem_port_id);
         device.gpon.gem_ports.erase(gem_port_id);
+        GponTm &tm = device.gpon_tm;
+        tm.us_queue.erase(gem_port_id);
+        tm.ds_queue.erase(gem_port_id);
+        tm.rate_limit.erase(gem_port_id);
+        tm.gem.erase(gem_port_id);
+        for (auto &[id, bridge] : device.vlan_bridge.bridges) std::erase(bridge.gem_ports, gem_port_id);
     });
 }
 
@@ -397,6 +434,7 @@ vx_status_e vx_gpon_onu_ploam_us_set(vx_dev_id_t dev_id, vx_uint16 port_num, vx_
         refuse_if(port.state < VX_GPON_STATE_SERIALNO || port.state == VX_GPON_STATE_ESTOP ||
                       port.laser == VX_PON_LASER_ALWAYS_OFF,
                   VX_ERR_GPON_ONU_NOT_RANGED);
+        device.gpon_tm.count_ploam(false, p_message[1]);
         device.system.log(VX_MOD_DRVR_GPON, VX_LOG_LVL_INFO, "device %u: PLOAM message of type %u sent",
                           unsigned{device.id}, unsigned{p_message[1]});
     });

@@ -7,7 +7,6 @@
 
 #include <array>
 #include <deque>
-#include <optional>
 
 #include "driver/clock.h"
 #include "driver/store.h"
@@ -17,6 +16,9 @@ namespace lmq::sim {
 
 /** @brief State of the family. */
 struct Gpon {
+    /** @brief As a device starts, and begins to activate itself if the configuration says so. */
+    Gpon(const lmq_dev_startup_cfg_s &start, Clock::Time now);
+
     using Ploam = std::array<vx_uint8, 13>; /**< ITU-T G.984.3: ONU-ID, type, ten bytes of data, CRC. */
 
     /** @brief The PON port. */
@@ -31,7 +33,7 @@ struct Gpon {
         bool overhead_passes = false; /**< ... but for Upstream_Overhead. */
         std::deque<Ploam> received;
     };
-    std::optional<Port> port; /**< From the start configuration, at the first call that needs it. */
+    Port port;
 
     Table<vx_uint16, vx_uint16> tconts{VX_GPON_MAX_TCONTS}; /**< Alloc-Id of each enabled T-CONT, by tcont_id. */
 
@@ -42,6 +44,11 @@ struct Gpon {
     };
     Table<vx_uint16, GemPort> gem_ports{VX_MAX_GEM_PORTS}; /**< By the OLT's number. */
 };
+
+struct Device;
+
+/** @brief Takes the ONU to the state that it has come to by now. */
+void pass_time(Device &device, Gpon &gpon);
 
 }  // namespace lmq::sim
 

@@ -4,7 +4,7 @@
  *
  * Choices of this family:
  * - There is one PON, number 0, on port SNI0. T-CONTs are 0 to 7, GEM ports have 12 bits.
- * - T-CONTs and GEM ports need not exist for what is set here, and keep it when they go.
+ * - T-CONTs and GEM ports need not exist for what is set here. A GEM port that is deleted loses it, a T-CONT does not.
  * - There are 32 upstream priority queues, at first four for each T-CONT in order, and 16 downstream.
  * - An upstream queue goes to a T-CONT, of which each takes eight, or to a port of the UNI side.
  * - A GEM port has no queue at first; queue 0xFFFF takes its queue away.
@@ -49,8 +49,6 @@ void check_tcont(vx_uint16 tcont) { refuse_if(tcont >= VX_GPON_MAX_TCONTS, VX_ER
 void check_gem(vx_uint16 gem) { refuse_if(gem >= GponTm::kGemPorts, VX_ERR_GPON_INVALID_GEM_PORT); }
 
 void check_queue(vx_uint16 queue, vx_uint16 queues) { refuse_if(queue >= queues, VX_ERR_GPON_INVALID_Q_NUMBER); }
-
-constexpr vx_boolean as_boolean(vx_boolean value) { return value ? TRUE : FALSE; }
 
 bool goes_to(const vx_gpon_tm_pri_q_mapping_t &map, vx_uint16 tcont) {
     return map.map_id.tcont_id.pon_id == VX_PORT_SNI0 && map.map_id.tcont_id.tcont_id == tcont;

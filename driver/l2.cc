@@ -37,10 +37,6 @@ constexpr vx_uint32 kFirstAgingTime = 300;
 constexpr vx_uint16 kLeastPacket = 64, kLargestPacket = 9600, kUsualPacket = 1518;
 constexpr vx_uint16 kLastVid = LMQ_MAX_VID;
 
-vx_boolean flag(vx_boolean given) { return given ? TRUE : FALSE; }
-
-void check_port(vx_port_id_t port) { refuse_if(port > VX_PORT_VOIP0, VX_ERR_PORT_NUM_OUT_OF_RANGE); }
-
 /** @brief Runs an operation on a port, as on_device() on a device. The body gets the family's state. */
 template <typename Body>
 vx_status_e on_port(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id,
@@ -116,8 +112,8 @@ bool covers(vx_l2_fdb_entry_op_type_t type, const FdbEntry &known) {
 
 /** @brief Whether two entries are the same in what they are known by. */
 bool same(const vx_l2_fdb_entry_t &a, const vx_l2_fdb_entry_t &b) {
-    if (flag(a.mac_addr_valid) != flag(b.mac_addr_valid) || flag(a.vid_valid) != flag(b.vid_valid) ||
-        flag(a.p_bit_valid) != flag(b.p_bit_valid)) {
+    if (as_boolean(a.mac_addr_valid) != as_boolean(b.mac_addr_valid) ||
+        as_boolean(a.vid_valid) != as_boolean(b.vid_valid) || as_boolean(a.p_bit_valid) != as_boolean(b.p_bit_valid)) {
         return false;
     }
     return (!a.mac_addr_valid || std::equal(std::begin(a.mac_addr), std::end(a.mac_addr), std::begin(b.mac_addr))) &&
@@ -200,8 +196,8 @@ vx_status_e vx_l2_learn_set(vx_dev_id_t dev_id, vx_l2_learn_cfg_t *p_cfg) {
         if (flags.loop_det_act) check_range(p_cfg->loop_det_act, VX_LP_DET_ACT_DISABLE, VX_LP_DET_ACT_DRP_PKT);
 
         vx_l2_learn_cfg_t &kept = device.l2.learn;
-        merge(flags.dsbl_hw_lrn, kept.dsbl_hw_lrn, flag(p_cfg->dsbl_hw_lrn));
-        merge(flags.dsbl_hw_aging, kept.dsbl_hw_aging, flag(p_cfg->dsbl_hw_aging));
+        merge(flags.dsbl_hw_lrn, kept.dsbl_hw_lrn, as_boolean(p_cfg->dsbl_hw_lrn));
+        merge(flags.dsbl_hw_aging, kept.dsbl_hw_aging, as_boolean(p_cfg->dsbl_hw_aging));
         merge(flags.stn_mv_act, kept.stn_mv_act, p_cfg->stn_mv_act);
         merge(flags.loop_det_act, kept.loop_det_act, p_cfg->loop_det_act);
         merge(flags.loop_det_timer, kept.loop_det_timer, p_cfg->loop_det_timer);
@@ -224,12 +220,12 @@ vx_status_e vx_l2_learn_port_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_l2
                   VX_ERR_FE_FDB_INVALID_LRN_LMT_LRN_ACT);
         refuse_if(flags.lrn_lmt && p_cfg->lrn_lmt > Layer2::kFdbSize, VX_ERR_FE_FDB_INVALID_TBL_SZ);
 
-        merge(flags.enbl_pbit_lrn, kept.enbl_pbit_lrn, flag(p_cfg->enbl_pbit_lrn));
-        merge(flags.enbl_vid_lrn, kept.enbl_vid_lrn, flag(p_cfg->enbl_vid_lrn));
+        merge(flags.enbl_pbit_lrn, kept.enbl_pbit_lrn, as_boolean(p_cfg->enbl_pbit_lrn));
+        merge(flags.enbl_vid_lrn, kept.enbl_vid_lrn, as_boolean(p_cfg->enbl_vid_lrn));
         merge(flags.lrn_vid_sel, kept.lrn_vid_sel, p_cfg->lrn_vid_sel);
-        merge(flags.enbl_mac_lrn, kept.enbl_mac_lrn, flag(p_cfg->enbl_mac_lrn));
-        merge(flags.dsbl_drp_pkt_lrn, kept.dsbl_drp_pkt_lrn, flag(p_cfg->dsbl_drp_pkt_lrn));
-        merge(flags.dsbl_cpu_pkt_lrn, kept.dsbl_cpu_pkt_lrn, flag(p_cfg->dsbl_cpu_pkt_lrn));
+        merge(flags.enbl_mac_lrn, kept.enbl_mac_lrn, as_boolean(p_cfg->enbl_mac_lrn));
+        merge(flags.dsbl_drp_pkt_lrn, kept.dsbl_drp_pkt_lrn, as_boolean(p_cfg->dsbl_drp_pkt_lrn));
+        merge(flags.dsbl_cpu_pkt_lrn, kept.dsbl_cpu_pkt_lrn, as_boolean(p_cfg->dsbl_cpu_pkt_lrn));
         merge(flags.lrn_lmt_pkt_act, kept.lrn_lmt_pkt_act, p_cfg->lrn_lmt_pkt_act);
         merge(flags.lrn_lmt_lrn_act, kept.lrn_lmt_lrn_act, p_cfg->lrn_lmt_lrn_act);
         merge(flags.lrn_lmt, kept.lrn_lmt, p_cfg->lrn_lmt);
@@ -242,7 +238,7 @@ vx_status_e vx_l2_learn_port_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_l2
 
 vx_status_e vx_l2_learn_port_enable_set(vx_dev_id_t dev_id, vx_uint16 port_id, vx_boolean enbl) {
     return set(__func__, dev_id, port_id, &enbl, &Layer2::learn_port,
-               [&](vx_l2_learn_port_cfg_t &kept) { kept.enbl_mac_lrn = flag(enbl); });
+               [&](vx_l2_learn_port_cfg_t &kept) { kept.enbl_mac_lrn = as_boolean(enbl); });
 }
 
 vx_status_e vx_l2_learn_port_enable_get(vx_dev_id_t dev_id, vx_uint16 port_id, vx_boolean *p_enbl) {
@@ -315,9 +311,9 @@ vx_status_e vx_l2_fdb_entry_get_next(vx_dev_id_t dev_id, vx_port_id_t port_id, v
         std::copy(std::begin(found.entry.mac_addr), std::end(found.entry.mac_addr), to.mac_addr);
         to.p_bit = found.entry.p_bit;
         to.vlan_id = found.entry.vlan_id;
-        to.mac_addr_valid = flag(found.entry.mac_addr_valid);
-        to.p_bit_valid = flag(found.entry.p_bit_valid);
-        to.vid_valid = flag(found.entry.vid_valid);
+        to.mac_addr_valid = as_boolean(found.entry.mac_addr_valid);
+        to.p_bit_valid = as_boolean(found.entry.p_bit_valid);
+        to.vid_valid = as_boolean(found.entry.vid_valid);
         to.port_id = found.entry.port_id;
         to.is_static = found.is_static ? TRUE : FALSE;
         to.aging_time = time_left(device, found);
@@ -355,7 +351,7 @@ vx_status_e vx_l2_mtu_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_l2_mtu_cf
         const auto &flags = p_cfg->valid.mask_s;
         if (flags.max_pkt_size) check_range(p_cfg->max_pkt_size, kLeastPacket, kLargestPacket);
         merge(flags.max_pkt_size, kept.max_pkt_size, p_cfg->max_pkt_size);
-        merge(flags.exclude_tag, kept.exclude_tag, flag(p_cfg->exclude_tag));
+        merge(flags.exclude_tag, kept.exclude_tag, as_boolean(p_cfg->exclude_tag));
     });
 }
 
@@ -419,7 +415,8 @@ vx_status_e vx_l2_mac_addr_filter_get(vx_dev_id_t dev_id, vx_port_id_t port_id, 
 vx_status_e vx_l2_tpid_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 tpid, vx_l2_tpid_cfg_t *p_cfg) {
     return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Layer2 &l2) {
         check_range(p_cfg->mode, VX_L2_TPID_MODE_DISABLE, VX_L2_TPID_MODE_BOTH);
-        l2.tpid.set({port_id, tpid}, {p_cfg->mode, flag(p_cfg->admit_outer_tag), flag(p_cfg->admit_inner_tag)});
+        l2.tpid.set({port_id, tpid},
+                    {p_cfg->mode, as_boolean(p_cfg->admit_outer_tag), as_boolean(p_cfg->admit_inner_tag)});
     });
 }
 
@@ -479,7 +476,7 @@ vx_status_e vx_l2_port_config_get(vx_dev_id_t dev_id, vx_uint16 port_num, vx_l2_
 }
 
 vx_status_e vx_l2_port_isolation_set(vx_dev_id_t dev_id, vx_boolean isolate) {
-    return on_device(__func__, dev_id, {}, [&](Device &device) { device.l2.isolated = flag(isolate); });
+    return on_device(__func__, dev_id, {}, [&](Device &device) { device.l2.isolated = as_boolean(isolate); });
 }
 
 vx_status_e vx_l2_port_isolation_get(vx_dev_id_t dev_id, vx_boolean *isolate) {
@@ -488,7 +485,8 @@ vx_status_e vx_l2_port_isolation_get(vx_dev_id_t dev_id, vx_boolean *isolate) {
 
 vx_status_e vx_l2_port_flood_ctrl_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_l2_flood_ctrl_t *ctrl) {
     return set(__func__, dev_id, port_id, ctrl, &Layer2::flood, [&](vx_l2_flood_ctrl_t &kept) {
-        kept = {flag(ctrl->bcast_drop), flag(ctrl->unknown_unicast_drop), flag(ctrl->unknown_mcast_drop), ctrl->rsvd};
+        kept = {as_boolean(ctrl->bcast_drop), as_boolean(ctrl->unknown_unicast_drop),
+                as_boolean(ctrl->unknown_mcast_drop), ctrl->rsvd};
     });
 }
 
@@ -498,7 +496,7 @@ vx_status_e vx_l2_port_flood_ctrl_get(vx_dev_id_t dev_id, vx_port_id_t port_id, 
 
 vx_status_e vx_l2_port_oam_lpbk_set(vx_dev_id_t dev_id, vx_uint16 port_num, vx_l2_port_oam_lpbk_t *p_cfg) {
     return set(__func__, dev_id, port_num, p_cfg, &Layer2::oam_loopback, [&](vx_l2_port_oam_lpbk_t &kept) {
-        kept = {flag(p_cfg->enbl_lpbk), flag(p_cfg->enbl_da_sa_swap)};
+        kept = {as_boolean(p_cfg->enbl_lpbk), as_boolean(p_cfg->enbl_da_sa_swap)};
     });
 }
 
@@ -514,8 +512,8 @@ vx_status_e vx_l2_port_static_pkt_fwd_config_set(vx_dev_id_t dev_id, vx_uint16 s
                    if (flags.bc_pkt_dpid) check_port(p_cfg->bc_pkt_dpid);
                    if (flags.mc_pkt_dpid) check_port(p_cfg->mc_pkt_dpid);
                    if (flags.uuc_pkt_dpid) check_port(p_cfg->uuc_pkt_dpid);
-                   kept.enbl_bc_pkt_dpid = flag(p_cfg->enbl_bc_pkt_dpid);
-                   kept.enbl_mc_pkt_dpid = flag(p_cfg->enbl_mc_pkt_dpid);
+                   kept.enbl_bc_pkt_dpid = as_boolean(p_cfg->enbl_bc_pkt_dpid);
+                   kept.enbl_mc_pkt_dpid = as_boolean(p_cfg->enbl_mc_pkt_dpid);
                    kept.enbl_uuc_pkt_dpid = p_cfg->enbl_uuc_pkt_dpid ? TRUE : FALSE;
                    merge(flags.bc_pkt_dpid, kept.bc_pkt_dpid, p_cfg->bc_pkt_dpid);
                    merge(flags.mc_pkt_dpid, kept.mc_pkt_dpid, p_cfg->mc_pkt_dpid);

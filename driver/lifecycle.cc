@@ -58,7 +58,7 @@ void check(const vx_startup_cfg_t &cfg) {
 void start(Chip &chip, const vx_startup_cfg_t *cfg) {
     check_pointers({cfg}, VX_ERR_GLBL_NULL_PTR);
     check(*cfg);
-    chip.power.emplace(*cfg, Clock(Clock::step_from_environment()));
+    chip.power.emplace(*cfg, Environment::read());
 }
 
 void shut_down(Chip &chip) {
@@ -85,15 +85,33 @@ void report_access(const Device &device, const char *access, vx_uint32 addr, vx_
 
 }  // namespace
 
-Lifecycle::Lifecycle(vx_dev_id_t id, const vx_startup_cfg_t &system, const lmq_dev_startup_cfg_s &device) {
+Lifecycle::Lifecycle(vx_dev_id_t id, const vx_startup_cfg_t &system, const lmq_dev_startup_cfg_s &device,
+                     Clock::Time now) {
     watchdog.wd_enable = system.enbl_wd ? TRUE : FALSE;
     watchdog.wd_timer = system.wd_time;
     watchdog.wd_action = system.wd_action;
     watchdog.mask_s = {.wd_enable = 1, .wd_timer = 1, .wd_action = 1, .reserved = 0};
+    restart_watchdog(now);
 
     std::copy(std::begin(device.dev_mac_addr), std::end(device.dev_mac_addr), mac.begin());
     const bool given = std::any_of(mac.begin(), mac.end(), [](vx_uint8 byte) { return byte != 0; });
     if (!given) mac = {0x02, 0x00, 0x00, 0x00, 0x00, static_cast<vx_uint8>(id + 1)};
+}
+
+void Lifecycle::restart_watchdog(Clock::Time now) {
+    watchdog_expiry.reset();
+    // The driver strobes a watchdog in time unless its period is shorter than that of the strobes.
+    if (!watchdog.wd_enable || watchdog.wd_timer == 0 || watchdog.wd_timer >= LMQ_WD_STROBE_PERIOD) return;
+    watchdog_expiry = now + std::chrono::seconds(watchdog.wd_timer);
+}
+
+void pass_time(Device &device, Lifecycle &lifecycle) {
+    if (!lifecycle.watchdog_expiry || *lifecycle.watchdog_expiry > device.system.clock.now()) return;
+    lifecycle.watchdog_expiry.reset();
+    const bool reboot = lifecycle.watchdog.wd_action == VX_WD_ACTION_REBOOT;
+    device.system.print("dev", "device %u: the watchdog has expired%s", static_cast<unsigned>(device.id),
+                        reboot ? ", which would reboot the system" : "");
+    raise_event(device, {VX_EVENT_WD_EXPIRED, 0, 0}, {});
 }
 
 }  // namespace lmq::sim
@@ -172,6 +190,7 @@ vx_status_e vx_watchdog_set(vx_dev_id_t dev_id, vx_watchdog_cfg_t *p_cfg) {
         merge(flags.wd_timer, kept.wd_timer, p_cfg->wd_timer);
         merge(flags.wd_action, kept.wd_action, p_cfg->wd_action);
         kept.mask_s.reserved = flags.reserved;
+        device.lifecycle.restart_watchdog(device.system.clock.now());
     });
 }
 

@@ -32,8 +32,6 @@ namespace {
 
 constexpr std::size_t kMaxHostPorts = VX_MAX_GEM_PORTS;
 
-void check_port(vx_port_id_t port) { refuse_if(port > VX_PORT_VOIP0, VX_ERR_PORT_NUM_OUT_OF_RANGE); }
-
 AddressKey key_of(const vx_ip_addr_t &address) {
     AddressKey key{address.ip_ver, {}};
     if (address.ip_ver == VX_IPV4) {

@@ -7,6 +7,7 @@
  * - All pins are inputs at first, but for those that gpio_valid_pins of the start configuration describes.
  * - intr_level 1 makes an interrupt active while the pin is high, 0 while it is low. By level it is latched whenever it
  *   is active, by edge when it becomes active. The pins are looked at in calls alone, so a shorter pulse is not seen.
+ *   What is newly latched raises VX_EVENT_GPIO_INTR, once for all such pins.
  * - Group 0 has all 32 pins. No other group exists.
  * - Writing and rolling over need an output, vx_gpio_intr_enable needs an interrupt pin: VX_ERR_GLBL_INVALID_DIRECTION.
  * - I2C is enabled at start if i2c_speed is not 0, SPI if enbl_ssp is set; MDIO is not. A bus that is disabled answers
@@ -15,7 +16,8 @@
  * - An SPI line echoes: a read gets the data that was written last, cut to data_length bits; byte and data apart.
  *   Transfers of data need vx_spi_set before, transfers of a byte do not.
  * - Timers run on the simulator's clock. Time 0 is refused but in mode DISABLE. A timer that is not set or is disabled
- *   answers start and stop with VX_ERR_GLBL_INVALID_OP. Setting a timer stops it. Expiry raises no event.
+ *   answers start and stop with VX_ERR_GLBL_INVALID_OP. Setting a timer stops it. Expiry raises an event,
+ *   one for all expiries of a timer between two calls.
  * - A LED shows a colour only as LMQ_LED_TYPE_BI_COLOR. Before the first trigger it is off.
  */
 #include "driver/peripheral.h"
@@ -37,8 +39,6 @@ constexpr vx_uint16 kGreatestI2cSpeed = 1000;
 constexpr unsigned kSpiCommandBits = 96;
 constexpr unsigned kSpiDataBits = 64;
 
-vx_boolean truth(bool value) { return value ? TRUE : FALSE; }
-
 /* The level that a pin drives as an output. */
 bool driven_level(const Pin &pin, Clock::Time now) {
     if (!pin.rollover) return pin.driven;
@@ -55,20 +55,25 @@ bool level(const Pins &pins, std::size_t id, Clock::Time now) {
 
 /* The pins, with their interrupts as they are now. */
 Pins &look_at_pins(Device &device) {
-    auto &pins = device.peripheral.pins;
-    if (!pins) pins.emplace(device.config.gpio_cfg);
+    Pins &pins = device.peripheral.pins;
     const Clock::Time now = device.system.clock.now();
+    const vx_uint32 latched = pins.latched;
     vx_uint32 active = 0;
-    for (std::size_t id = 0; id < pins->pin.size(); ++id) {
-        const vx_gpio_cfg_t &cfg = pins->pin[id].cfg;
+    for (std::size_t id = 0; id < pins.pin.size(); ++id) {
+        const vx_gpio_cfg_t &cfg = pins.pin[id].cfg;
         const vx_uint32 bit = vx_uint32{1} << id;
         if (cfg.direction != VX_GPIO_DIR_INTR || !cfg.intr_en) continue;
-        if (level(*pins, id, now) != (cfg.intr_level != 0)) continue;
+        if (level(pins, id, now) != (cfg.intr_level != 0)) continue;
         active |= bit;
-        if (!cfg.intr_edge || !(pins->active & bit)) pins->latched |= bit;
+        if (!cfg.intr_edge || !(pins.active & bit)) pins.latched |= bit;
     }
-    pins->active = active;
-    return *pins;
+    pins.active = active;
+    if (pins.latched != latched) {
+        lmq_event_data_u data{};
+        data.gpio_data.gpio_pin_mask = pins.latched & ~latched;
+        raise_event(device, {VX_EVENT_GPIO_INTR, 0, 0}, data);
+    }
+    return pins;
 }
 
 /*
@@ -162,6 +167,16 @@ vx_uint32 time_left(const Timer &timer, Clock::Time now) {
     return static_cast<vx_uint32>(timer.cfg.timer_val - (elapsed - timer.left) % timer.cfg.timer_val);
 }
 
+/* How often a timer has expired since it was started. */
+std::uint64_t expiries(const Timer &timer, Clock::Time now) {
+    if (timer.status != LMQ_TIMER_STATUS_ENABLED) return 0;
+    const auto elapsed = static_cast<std::uint64_t>((now - timer.since).count());
+    if (elapsed < timer.left) return 0;
+    const std::uint64_t period =
+        timer.cfg.mode == LMQ_TIMER_MODE_ROLLOVER ? std::uint64_t{UINT32_MAX} + 1 : timer.cfg.timer_val;
+    return 1 + (elapsed - timer.left) / period;
+}
+
 template <typename Body>
 vx_status_e on_timer(const char *function, vx_dev_id_t dev_id, vx_uint16 timer_id,
                      std::initializer_list<const void *> pointers, Body body) noexcept {
@@ -187,6 +202,20 @@ vx_status_e on_led(const char *function, vx_dev_id_t dev_id, vx_uint8 led_id,
 
 }  // namespace
 
+void pass_time(Device &device, Peripherals &peripherals) {
+    look_at_pins(device);
+    for (std::size_t id = 0; id < peripherals.timers.size(); ++id) {
+        Timer &timer = peripherals.timers[id];
+        const std::uint64_t expired = expiries(timer, device.system.clock.now());
+        if (expired > timer.expired) {
+            lmq_event_data_u data{};
+            data.tmr_data.timer_id = static_cast<vx_uint16>(id);
+            raise_event(device, {VX_EVENT_TMR_EXPIRED, 0, 0}, data);
+        }
+        timer.expired = expired;
+    }
+}
+
 Peripherals::Pins::Pins(const lmq_gpio_startup_cfg_s &start) {
     for (std::size_t id = 0; id < pin.size(); ++id) {
         const auto has = [&](vx_uint32 map) { return ((map >> id) & 1) != 0; };
@@ -197,7 +226,7 @@ Peripherals::Pins::Pins(const lmq_gpio_startup_cfg_s &start) {
             pin[id].driven = has(start.gpio_output_val);
         } else if (has(start.gpio_intr_pins)) {
             cfg = {.direction = VX_GPIO_DIR_INTR,
-                   .intr_level = truth(has(start.gpio_intr_lvl)),
+                   .intr_level = as_boolean(has(start.gpio_intr_lvl)),
                    .intr_edge = 0,
                    .intr_en = 1};
         }
@@ -234,7 +263,7 @@ vx_status_e vx_gpio_write(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_uint8 data) {
 
 vx_status_e vx_gpio_read(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_uint8 *p_data) {
     return on_pin(__func__, dev_id, gpio_id, {p_data}, [&](Device &device, Pin &) {
-        *p_data = truth(level(*device.peripheral.pins, gpio_id, device.system.clock.now()));
+        *p_data = as_boolean(level(device.peripheral.pins, gpio_id, device.system.clock.now()));
     });
 }
 
@@ -252,7 +281,7 @@ vx_status_e vx_gpio_rollover_set(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_boolea
 vx_status_e vx_gpio_intr_enable(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_boolean enable) {
     return on_pin(__func__, dev_id, gpio_id, {}, [&](Device &, Pin &pin) {
         need_direction(pin, VX_GPIO_DIR_INTR);
-        pin.cfg.intr_en = truth(enable);
+        pin.cfg.intr_en = as_boolean(enable);
     });
 }
 
@@ -279,7 +308,7 @@ vx_status_e lmq_dump_gpio_db(vx_dev_id_t dev_id, vx_uint8 gpio_id) {
         static constexpr const char *kDirections[] = {"output", "input", "interrupt"};
         std::fprintf(stderr, "gpio %u: %s, level %u, intr_level %u, intr_edge %u, intr_en %u\n", unsigned{gpio_id},
                      kDirections[pin.cfg.direction],
-                     unsigned{level(*device.peripheral.pins, gpio_id, device.system.clock.now())},
+                     unsigned{level(device.peripheral.pins, gpio_id, device.system.clock.now())},
                      unsigned{pin.cfg.intr_level}, unsigned{pin.cfg.intr_edge}, unsigned{pin.cfg.intr_en});
     });
 }
@@ -314,7 +343,7 @@ vx_status_e vx_spi_set(vx_dev_id_t dev_id, vx_uint8 line_id, vx_spi_cfg_t *p_cfg
         check_range(p_cfg->data_length, 0, kSpiDataBits);
         check_range(p_cfg->ssp_mode, 0, 3);
         line.cfg = *p_cfg;
-        line.cfg->enbl_command_cyc = truth(p_cfg->enbl_command_cyc);
+        line.cfg->enbl_command_cyc = as_boolean(p_cfg->enbl_command_cyc);
     });
 }
 
@@ -387,7 +416,8 @@ vx_status_e vx_timer_set(vx_dev_id_t dev_id, vx_uint16 timer_id, vx_timer_cfg_t 
         timer = {.cfg = *p_cfg,
                  .status = disable ? LMQ_TIMER_STATUS_DISABLED : LMQ_TIMER_STATUS_STOPPED,
                  .left = p_cfg->timer_val,
-                 .since = {}};
+                 .since = {},
+                 .expired = 0};
     });
 }
 
@@ -405,6 +435,7 @@ vx_status_e vx_timer_start(vx_dev_id_t dev_id, vx_uint16 timer_id, vx_boolean re
         need_set(timer);
         timer.left = reload ? timer.cfg.timer_val : time_left(timer, now);
         timer.since = now;
+        timer.expired = 0;
         timer.status = LMQ_TIMER_STATUS_ENABLED;
     });
 }

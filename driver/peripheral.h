@@ -18,6 +18,8 @@ namespace lmq::sim {
 
 /** @brief State of the family. */
 struct Peripherals {
+    explicit Peripherals(const lmq_gpio_startup_cfg_s &start) : pins(start) {}
+
     /** @brief A pin that changes its level by itself. */
     struct Rollover {
         Clock::Time since;
@@ -37,7 +39,7 @@ struct Peripherals {
         vx_uint32 active = 0; /**< Interrupts when the pins were looked at last; bit n is pin n. */
         vx_uint32 latched = 0;
     };
-    std::optional<Pins> pins; /**< From the start configuration, at the first call that needs them. */
+    Pins pins;
 
     using Place = std::pair<vx_uint8, vx_uint8>; /**< Slave, and register or offset in it. */
 
@@ -59,8 +61,9 @@ struct Peripherals {
     struct Timer {
         vx_timer_cfg_t cfg{};
         lmq_timer_status_e status = LMQ_TIMER_STATUS_INACTIVE;
-        vx_uint32 left = 0;  /**< Milliseconds when it was started, or stopped. */
-        Clock::Time since{}; /**< When it was started. */
+        vx_uint32 left = 0;        /**< Milliseconds when it was started, or stopped. */
+        Clock::Time since{};       /**< When it was started. */
+        std::uint64_t expired = 0; /**< How often it has expired since, as far as it was noticed. */
     };
     std::array<Timer, VX_TIMER_ID_MAX> timers;
 
@@ -70,6 +73,11 @@ struct Peripherals {
     };
     std::array<Led, LMQ_LED_ID_MAX> leds;
 };
+
+struct Device;
+
+/** @brief Raises the events of pins and timers that have come since the last call. */
+void pass_time(Device &device, Peripherals &peripherals);
 
 }  // namespace lmq::sim
 

@@ -29,8 +29,6 @@ namespace {
 
 constexpr vx_uint32 kStormControlBits = 0x1f;
 
-void check_port(vx_uint16 port) { refuse_if(port > VX_PORT_VOIP0, VX_ERR_PORT_NUM_OUT_OF_RANGE); }
-
 void check(const vx_rate_limit_cfg_t &limit) {
     check_range(limit.pol_type, VX_RATE_LIMIT_DISABLE, VX_RATE_LIMIT_PPS_MODE);
 }

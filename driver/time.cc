@@ -18,10 +18,6 @@ namespace lmq::sim {
 
 namespace {
 
-void check_port(vx_port_id_t port) { refuse_if(port > VX_PORT_VOIP0, VX_ERR_PORT_NUM_OUT_OF_RANGE); }
-
-vx_boolean truth(vx_boolean value) { return value ? TRUE : FALSE; }
-
 void check(const vx_tod_string_t &tod) { check_range(tod.tod_len, 1, VX_PTP_MAX_TOD_LEN); }
 
 void report(const Device &device, const char *what, vx_uint32 time) {
@@ -69,10 +65,10 @@ vx_status_e vx_ptp_port_config_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_
         check_range(p_cfg->ptp_adjust_sign, VX_PTP_VAL_POSITIVE, VX_PTP_VAL_NEGATIVE);
         const auto &flags = p_cfg->valid.mask_s;
         vx_ptp_port_cfg_t kept = device.time.ptp_port.get(port_id);
-        merge(flags.enbl_rx_ptp, kept.enbl_rx_ptp, truth(p_cfg->enbl_rx_ptp));
-        merge(flags.enbl_tx_ptp, kept.enbl_tx_ptp, truth(p_cfg->enbl_tx_ptp));
+        merge(flags.enbl_rx_ptp, kept.enbl_rx_ptp, as_boolean(p_cfg->enbl_rx_ptp));
+        merge(flags.enbl_tx_ptp, kept.enbl_tx_ptp, as_boolean(p_cfg->enbl_tx_ptp));
         merge(flags.msg_type_bitmap, kept.msg_type_bitmap, p_cfg->msg_type_bitmap);
-        merge(flags.enbl_two_step_msg, kept.enbl_two_step_msg, truth(p_cfg->enbl_two_step_msg));
+        merge(flags.enbl_two_step_msg, kept.enbl_two_step_msg, as_boolean(p_cfg->enbl_two_step_msg));
         kept.ptp_adjust_sign = p_cfg->ptp_adjust_sign;
         kept.ptp_time_adjust = p_cfg->ptp_time_adjust;
         device.time.ptp_port.set(port_id, kept);
@@ -97,8 +93,8 @@ vx_status_e vx_1pps_tod_set(vx_dev_id_t dev_id, vx_1pps_tod_cfg_t *p_cfg) {
         if (flags.local_time_sel) check_range(p_cfg->local_time_sel, VX_PTP_TS_CLK_CORE, VX_PTP_TS_CLK_PON);
         if (flags.baud_rate) check_range(p_cfg->baud_rate, VX_PTP_BAUD_RATE_4800, VX_PTP_BAUD_RATE_38400);
         vx_1pps_tod_cfg_t &kept = device.time.outputs;
-        merge(flags.enbl_1pps_output, kept.enbl_1pps_output, truth(p_cfg->enbl_1pps_output));
-        merge(flags.enbl_tod, kept.enbl_tod, truth(p_cfg->enbl_tod));
+        merge(flags.enbl_1pps_output, kept.enbl_1pps_output, as_boolean(p_cfg->enbl_1pps_output));
+        merge(flags.enbl_tod, kept.enbl_tod, as_boolean(p_cfg->enbl_tod));
         merge(flags.local_time_sel, kept.local_time_sel, p_cfg->local_time_sel);
         merge(flags.pps_width, kept.pps_width, p_cfg->pps_width);
         merge(flags.baud_rate, kept.baud_rate, p_cfg->baud_rate);

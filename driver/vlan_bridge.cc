@@ -46,10 +46,6 @@ constexpr vx_uint16 kLastVid = LMQ_MAX_VID;
 constexpr vx_uint16 kLastGemPort = 4095;
 constexpr vx_uint8 kAllTagTypes = LMQ_VLAN_TAG_TYPE_UNTAG | LMQ_VLAN_TAG_TYPE_PRIO_TAG | LMQ_VLAN_TAG_TYPE_TAG;
 
-vx_boolean flag(vx_boolean given) { return given ? TRUE : FALSE; }
-
-void check_port(vx_port_id_t port) { refuse_if(port > VX_PORT_VOIP0, VX_ERR_PORT_NUM_OUT_OF_RANGE); }
-
 void check_vid(vx_uint16 vid) { refuse_if(vid > kLastVid, VX_ERR_FE_INVALID_VLAN_ID); }
 
 /** @brief Runs an operation on the VLAN policy of a port, as on_device() on a device. */
@@ -83,8 +79,8 @@ void take(vx_acl_vlan_member_tbl_entry_t &kept, const vx_acl_vlan_member_tbl_ent
     merge(flags.member_port_bitmap, kept.member_uni_port_bitmap, given.member_uni_port_bitmap);
     merge(flags.vid, kept.vid_lo, given.vid_lo);
     merge(flags.vid, kept.vid_high, given.vid_high);
-    merge(flags.ingr_valid, kept.ingr_valid, flag(given.ingr_valid));
-    merge(flags.egrs_valid, kept.egrs_valid, flag(given.egrs_valid));
+    merge(flags.ingr_valid, kept.ingr_valid, as_boolean(given.ingr_valid));
+    merge(flags.egrs_valid, kept.egrs_valid, as_boolean(given.egrs_valid));
 }
 
 void take(vx_acl_vlan_mapping_tbl_entry_t &kept, const vx_acl_vlan_mapping_tbl_entry_t &given) {
@@ -96,8 +92,8 @@ void take(vx_acl_vlan_mapping_tbl_entry_t &kept, const vx_acl_vlan_mapping_tbl_e
     merge(flags.port_bitmap, kept.uni_port_bitmap, given.uni_port_bitmap);
     merge(flags.vid, kept.vid_from, given.vid_from);
     merge(flags.vid, kept.vid_to, given.vid_to);
-    merge(flags.ingr_valid, kept.ingr_valid, flag(given.ingr_valid));
-    merge(flags.egrs_valid, kept.egrs_valid, flag(given.egrs_valid));
+    merge(flags.ingr_valid, kept.ingr_valid, as_boolean(given.ingr_valid));
+    merge(flags.egrs_valid, kept.egrs_valid, as_boolean(given.egrs_valid));
 }
 
 template <typename Entry>
@@ -169,8 +165,8 @@ void take(Device &device, lmq_brg_id_t id, lmq_brg_cfg_s &kept, const lmq_brg_cf
     }
     merge(flags.brg_type, kept.brg_type, given.brg_type);
     merge(flags.vlan_id, kept.vlan_id, given.vlan_id);
-    merge(flags.enbl_local_fwd, kept.enbl_local_fwd, flag(given.enbl_local_fwd));
-    merge(flags.discard_unknown_mac, kept.discard_unknown_mac, flag(given.discard_unknown_mac));
+    merge(flags.enbl_local_fwd, kept.enbl_local_fwd, as_boolean(given.enbl_local_fwd));
+    merge(flags.discard_unknown_mac, kept.discard_unknown_mac, as_boolean(given.discard_unknown_mac));
 }
 
 void report(lmq_brg_id_t id, const Bridge &bridge, lmq_brg_cfg_info_s &to) {
@@ -445,7 +441,7 @@ vx_status_e vx_vlan_tag_policy_set(vx_dev_id_t dev_id, vx_port_id_t port_id,
     return on_policy(__func__, dev_id, port_id, {}, [&](VlanPolicy &policy) {
         check_range(vlan_tag_type_bitmap, 0, kAllTagTypes);
         policy.tag_types = vlan_tag_type_bitmap;
-        policy.admit = flag(admit);
+        policy.admit = as_boolean(admit);
     });
 }
 

@@ -2,11 +2,9 @@
 # Sourced by bash with `root` set to the folder of the repository. A step says on standard error what it does and keeps
 # its output to itself unless it fails; the first failure ends the script with one line.
 
-packages_to_build=(
-    g++ cmake ninja-build pkg-config
-    libxmlrpc-core-c3-dev libmicrohttpd-dev libexpat1-dev libgnutls28-dev libcrypt-dev libmimalloc-dev
-    nlohmann-json3-dev libcli11-dev)
-packages_to_test=(libgtest-dev python3 openssl)
+packages_to_build=(g++ cmake ninja-build pkg-config libxmlrpc-core-c3-dev libmicrohttpd-dev libcli11-dev libexpat1-dev
+                   libgnutls28-dev libcrypt-dev nlohmann-json3-dev libmimalloc-dev)
+packages_to_test=(libgtest-dev python3 openssl clang libclang-rt-14-dev)
 
 say() { printf '==> %s\n' "$*" >&2; }
 

@@ -115,7 +115,7 @@ class Hang(unittest.TestCase):
 
 class Memory(unittest.TestCase):
     def test_recycling_replaces_the_worker_between_two_calls(self):
-        with serve("--recycle-rss", "100MB") as host:
+        with serve("--recycle-rss", "150MB") as host:
             proxy = host.proxy()
             before = proxy.test.process()
             for _ in range(20):

@@ -21,6 +21,8 @@ class SimTest(unittest.TestCase):
     """One host for each test. A host that ends early, or not in order, is a failure of its own."""
 
     clock = None  # milliseconds that a call takes, or None for real time
+    environment = {}  # variables of the simulator beyond the clock
+    system = {}  # keys of the start configuration
     device = {}  # keys of the device's start configuration
 
     def setUp(self):
@@ -31,6 +33,7 @@ class SimTest(unittest.TestCase):
         environment = dict(os.environ)
         if self.clock is not None:
             environment["LMQ_SIM_CLOCK"] = str(self.clock)
+        environment.update(self.environment)
         self.host = subprocess.Popen(
             [os.environ["LMQ_HOST"], "--plugin", os.environ["LMQ_PLUGIN"], "--driver", os.environ["LMQ_DRIVER"],
              "--listen", "127.0.0.1:0"],
@@ -40,7 +43,10 @@ class SimTest(unittest.TestCase):
         self.assertTrue(line.startswith("Listening on "), f"{line}{self.printed()}")
         self.proxy = xmlrpc.client.ServerProxy(line.split()[-1], allow_none=True)
         self.addCleanup(self.proxy("close"))
-        self.ok("lmq_init_system", {"num_dev": 1, "dev_cfg": [dict(self.device, enbl=1)]})
+        self.start()
+
+    def start(self):
+        self.ok("lmq_init_system", dict(self.system, num_dev=1, dev_cfg=[dict(self.device, enbl=1)]))
 
     def stop(self):
         self.host.terminate()

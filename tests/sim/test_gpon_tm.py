@@ -86,6 +86,24 @@ class GponTm(Scenario):
             self.refused("GLBL_ENTRY_NOT_FOUND", td + call, 0, 100, *rest)
         self.ok(td + "create", 0, 1, rates)
 
+    def test_a_gem_port_that_is_deleted_is_detached(self):
+        gem, descriptor, bridge = 100, 5, 7
+        self.ok("vx_gpon_onu_gem_port_add", 0, 0, gem, {"direction": 2})
+        for way in "us", "ds":
+            self.ok(f"vx_gpon_onu_gem_{way}_queue_map_set", 0, 0, gem, {"pri_q_id": 3})
+        self.ok("vx_gpon_onu_gem_traffic_desc_create", 0, descriptor, {})
+        limit = {"enbl_ds_rate_limit": 1, "ds_gem_td_id": descriptor}
+        self.ok("vx_gpon_onu_gem_rate_limit_set", 0, 0, gem, limit)
+        self.ok("lmq_create_bridge", 0, bridge, {"brg_type": 1, "valid": {"mask_s": {"brg_type": 1}}})
+        self.ok("vx_gpon_onu_gem_port_add_to_bridge", 0, 0, gem, bridge)
+
+        self.ok("vx_gpon_onu_gem_port_delete", 0, 0, gem)
+        for way in "us", "ds":
+            self.refused("GPON_GEM_NOT_MAPPED_TO_PRIQ", f"vx_gpon_onu_gem_{way}_queue_map_get", 0, 0, gem, {})
+        self.assertEqual(self.echo("vx_gpon_onu_gem_rate_limit_get", 0, 0, gem, {})[3]["enbl_ds_rate_limit"], 0)
+        self.ok("vx_gpon_onu_gem_traffic_desc_delete", 0, descriptor)
+        self.ok("vx_gpon_onu_gem_port_add_to_bridge", 0, 0, gem, bridge)
+
     def test_counters_belong_to_the_pon(self):
         for block in "mac", "fec", "ploam", "omcc", "tcont", "gem":
             key = {"tcont": [7], "gem": [4095]}.get(block, [])
