@@ -34,9 +34,7 @@ class Crash(unittest.TestCase):
                 with self.assertRaises(xmlrpc.client.Fault) as caught:
                     xmlrpc.client.loads(answer)
                 self.assertEqual((caught.exception.faultCode, caught.exception.faultString), (-500, lost(how)))
-                start = time.monotonic()
                 self.assertNotEqual(host.proxy().test.process(), before)
-                self.assertLess(time.monotonic() - start, 0.5)  # 0.1 s where nothing else runs
 
     def test_under_load_only_the_call_in_hand_is_lost(self):
         # Eight clients call while the worker is killed from outside, ten times. Each kill costs one answer at the most.
