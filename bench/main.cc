@@ -1,0 +1,223 @@
+// lmq-bench: measures the price of a call and prints it as tables, and as JSON where that is asked for.
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <ctime>
+#include <fstream>
+#include <nlohmann/json.hpp>
+
+#include "bench/cases.h"
+#include "bench/instructions.h"
+#include "bench/times.h"
+
+namespace {
+
+using namespace lmq::bench;
+using nlohmann::ordered_json;
+namespace fs = std::filesystem;
+
+constexpr double most_instructions = 1.03;  // of a handler, as the ratio to the straight-line one
+
+// A table as Markdown has it; the columns behind the first stand to the right.
+class Table {
+  public:
+    explicit Table(std::vector<std::string> headings) : lines_{std::move(headings)} {}
+    void add(std::vector<std::string> line) { lines_.push_back(std::move(line)); }
+    void print() const {
+        std::vector<size_t> widths;
+        for (size_t column = 0; column < lines_[0].size(); ++column) {
+            size_t width = 3;
+            for (const auto &line : lines_) width = std::max(width, line[column].size());
+            widths.push_back(width);
+        }
+        for (size_t i = 0; i < lines_.size(); ++i) {
+            for (size_t column = 0; column < widths.size(); ++column)
+                printf(column ? " %*s |" : "| %-*s |", static_cast<int>(widths[column]), lines_[i][column].c_str());
+            printf("\n");
+            if (i > 0) continue;
+            for (size_t column = 0; column < widths.size(); ++column)
+                printf(column ? "%s:|" : "|%s|", std::string(widths[column] + (column ? 1 : 2), '-').c_str());
+            printf("\n");
+        }
+        printf("\n");
+        fflush(stdout);
+    }
+
+  private:
+    std::vector<std::vector<std::string>> lines_;
+};
+
+std::string number(const char *format, double value) {
+    char text[32];
+    snprintf(text, sizeof text, format, value);
+    return text;
+}
+std::string ratio(double value) { return number("%.3f", value); }
+std::string whole(double value) { return number("%.0f", value); }
+// Nanoseconds as microseconds.
+std::string micros(double value) { return number(value < 99'950 ? "%.2f" : "%.0f", value / 1000); }
+
+// What the plug-in, the straight-line handler and the floor cost in a case, each without the driver's part.
+struct Price {
+    double driver = 0, whole_plugin, whole_straight, floor, plugin, straight;
+
+    template <class Get>
+    Price(const std::string &name, const Get &get) {
+        driver = get(name + "/driver");
+        whole_plugin = get(name + "/whole/plugin") - driver;
+        whole_straight = get(name + "/whole/straight") - driver;
+        floor = get(name + "/whole/floor");
+        plugin = get(name + "/handler/plugin") - driver;
+        straight = get(name + "/handler/straight") - driver;
+    }
+    ordered_json json() const {
+        return {{"driver", driver},
+                {"whole", {{"plugin", whole_plugin}, {"straight", whole_straight}, {"floor", floor}}},
+                {"handler", {{"plugin", plugin}, {"straight", straight}}},
+                {"ratios",
+                 {{"handler_to_straight", plugin / straight},
+                  {"whole_to_straight", whole_plugin / whole_straight},
+                  {"whole_to_floor", whole_plugin / floor}}}};
+    }
+};
+
+ordered_json tell_times(const std::vector<Case> &cases, const Times &times) {
+    printf("Times in us, without the driver's part (the last column). The ratios are those of the plug-in.\n\n");
+    Table table({"case", "handler", "straight", "ratio", "whole way", "to straight", "floor", "to floor", "driver"});
+    ordered_json json;
+    for (const Case &one : cases) {
+        const Price price(one.name, [&](const std::string &name) {
+            const auto at = times.find(name);
+            return at == times.end() ? 0 : at->second;
+        });
+        json[one.name] = price.json();
+        table.add({one.name, micros(price.plugin), micros(price.straight), ratio(price.plugin / price.straight),
+                   micros(price.whole_plugin), ratio(price.whole_plugin / price.whole_straight), micros(price.floor),
+                   number("%.2f", price.whole_plugin / price.floor), micros(price.driver)});
+    }
+    table.print();
+    return json;
+}
+
+// Notes in `missed` each case that is above the target.
+ordered_json tell_counts(const std::vector<Case> &cases, const Counts &counts, std::vector<std::string> &missed) {
+    printf("Instructions and heap calls of a call, without the driver's part.\n\n");
+    Table table(
+        {"case", "handler", "straight", "ratio", "heap calls", "straight", "whole way", "to straight", "to floor"});
+    ordered_json json;
+    for (const Case &one : cases) {
+        const auto part = [&](double Count::*member) {
+            return Price(one.name, [&, member](const std::string &name) {
+                const auto at = counts.find(name);
+                if (at == counts.end() && !name.ends_with("/driver")) throw std::runtime_error("no dump of " + name);
+                return at == counts.end() ? 0 : at->second.*member;
+            });
+        };
+        const Price price = part(&Count::instructions), heap = part(&Count::heap_calls);
+        json[one.name] = price.json();
+        json[one.name]["heap_calls"] = {{"plugin", heap.plugin}, {"straight", heap.straight}};
+        const double times = price.plugin / price.straight;
+        table.add({one.name, whole(price.plugin), whole(price.straight), ratio(times), whole(heap.plugin),
+                   whole(heap.straight), whole(price.whole_plugin), ratio(price.whole_plugin / price.whole_straight),
+                   number("%.2f", price.whole_plugin / price.floor)});
+        if (times > most_instructions)
+            missed.push_back(one.name + ": " + ratio(times) + " times the instructions of the straight-line handler");
+        if (heap.plugin > heap.straight)
+            missed.push_back(one.name + ": " + whole(heap.plugin) + " heap calls, and " + whole(heap.straight) +
+                             " of the straight-line handler");
+    }
+    table.print();
+    return json;
+}
+
+ordered_json tell_growth(const std::vector<Growth> &tables) {
+    ordered_json json = ordered_json::array();
+    for (const Growth &growth : tables) {
+        printf("%s. Times in us; per one more than the line above, in ns.\n\n", growth.title.c_str());
+        std::vector<std::string> headings{growth.size};
+        for (const std::string &column : growth.columns) headings.insert(headings.end(), {column, "per one"});
+        Table table(headings);
+        ordered_json lines = ordered_json::array();
+        const Growth::Line *above = nullptr;
+        for (const Growth::Line &line : growth.lines) {
+            std::vector<std::string> cells{std::to_string(line.size)};
+            ordered_json told{{growth.size, line.size}};
+            for (const std::string &column : growth.columns) {
+                const double time = line.times.at(column);
+                cells.push_back(micros(time));
+                told[column] = time;
+                if (above) {
+                    const double each = (time - above->times.at(column)) / (line.size - above->size);
+                    cells.push_back(number("%.1f", each));
+                    told[column + " per one"] = each;
+                } else {
+                    cells.push_back("");
+                }
+            }
+            table.add(cells);
+            lines.push_back(told);
+            above = &line;
+        }
+        table.print();
+        json.push_back({{"title", growth.title}, {"lines", lines}});
+    }
+    return json;
+}
+
+std::string today() {
+    const time_t now = time(nullptr);
+    char text[16];
+    strftime(text, sizeof text, "%Y-%m-%d", gmtime(&now));
+    return text;
+}
+
+}  // namespace
+
+int main(int argc, char **argv) try {
+    CLI::App app("The price of a call: the plug-in's handlers beside straight-line ones.");
+    bool times = false, instructions = false, growth = false, check = false, count_here = false;
+    std::string json_file, plugin_file = (fs::read_symlink("/proc/self/exe").parent_path() / "lmq_xmlrpc.so").string();
+    Effort effort{20, 0.02};
+    app.add_flag("--times", times, "measure the time of each case");
+    app.add_flag("--instructions", instructions, "count the instructions and heap calls of each case, with valgrind");
+    app.add_flag("--growth", growth,
+                 "measure how the time grows with the size of a call; without any of these three: all");
+    app.add_flag("--check", check, "end with status 1 if a counted case is above its target");
+    app.add_option("--json", json_file, "write the results to this file");
+    app.add_option("--plugin", plugin_file, "the plug-in")->capture_default_str();
+    app.add_option("--repetitions", effort.repetitions, "of each time; the fastest counts")
+        ->check(CLI::PositiveNumber)
+        ->capture_default_str();
+    app.add_option("--seconds", effort.seconds, "of each repetition, at least")
+        ->check(CLI::PositiveNumber)
+        ->capture_default_str();
+    app.add_flag("--count-here", count_here)->group("");  // the run under valgrind
+    CLI11_PARSE(app, argc, argv);
+    if (!times && !instructions && !growth) times = instructions = growth = true;
+
+    setenv("LMQ_SIM_CLOCK", "0", 1);  // the simulated chip reads no clock then
+    const Plugin plugin(plugin_file);
+    const std::vector<Case> cases = make_cases(plugin);
+    const Registries registries(plugin, cases);
+    if (count_here) {
+        run_for_counting(registries, cases);
+        return 0;
+    }
+    check_answers(registries, cases);
+
+    ordered_json json{{"date", today()}};
+    std::vector<std::string> missed;
+    if (instructions)
+        json["instructions"] = tell_counts(cases, count({"--count-here", "--plugin", plugin_file}), missed);
+    if (times) json["times_ns"] = tell_times(cases, measure_cases(registries, cases, effort));
+    if (growth) json["growth_ns"] = tell_growth(measure_growth(plugin, effort));
+    if (!json_file.empty()) {
+        std::ofstream out(json_file);
+        out << json.dump(2) << '\n';
+        if (!out.flush()) throw std::runtime_error("cannot write " + json_file);
+    }
+    for (const std::string &line : missed) fprintf(stderr, "lmq-bench: above the target: %s\n", line.c_str());
+    return check && !missed.empty() ? 1 : 0;
+} catch (const std::exception &error) {
+    fprintf(stderr, "lmq-bench: %s\n", error.what());
+    return 1;
+}
