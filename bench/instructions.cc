@@ -4,6 +4,7 @@
 
 #include <spawn.h>
 #include <sys/wait.h>
+#include <unistd.h>
 #include <valgrind/callgrind.h>
 
 #include <fstream>
@@ -17,9 +18,17 @@ namespace fs = std::filesystem;
 
 constexpr int calls = 4;  // in each dump
 
-// Runs a measurement: `call` is counted, and what it returns goes to `release` uncounted.
+// Runs a measurement: `call` is counted, and what it returns goes to `release` uncounted. In a process of its own, so
+// that all measurements begin with the same heap: what malloc does depends on all that went before.
 template <class Call, class Release>
 void dump(const std::string &name, Call call, Release release) {
+    const pid_t child = fork();
+    if (child != 0) {
+        int status;
+        if (child < 0 || waitpid(child, &status, 0) != child || status != 0)
+            throw std::runtime_error("cannot count " + name);
+        return;
+    }
     for (int i = 0; i < 3; ++i) release(call());  // the heap has what it needs then
     CALLGRIND_START_INSTRUMENTATION;
     CALLGRIND_ZERO_STATS;
@@ -30,7 +39,7 @@ void dump(const std::string &name, Call call, Release release) {
         release(made);
     }
     CALLGRIND_DUMP_STATS_AT(name.c_str());
-    CALLGRIND_STOP_INSTRUMENTATION;
+    _exit(0);
 }
 
 void dump_handler(const std::string &name, Handler *handler, xmlrpc_value *parameters) {
@@ -49,7 +58,8 @@ bool is_heap_function(const std::string &name) { return name == "malloc" || name
 
 // Reads a dump into the counts, under the name that it was asked for by. Names of functions are written out where they
 // come first, "(ID) NAME", and stand as "(ID)" from then on.
-void read_dump(const fs::path &file, std::map<std::string, std::string> &functions, Counts &counts) {
+void read_dump(const fs::path &file, Counts &counts) {
+    std::map<std::string, std::string> functions;
     constexpr std::string_view trigger = "desc: Trigger: Client Request: ";
     std::string name;
     Count count;
@@ -83,7 +93,7 @@ void run_under_valgrind(const fs::path &folder, const std::vector<std::string> &
                                    "--quiet",
                                    "--instr-atstart=no",
                                    "--collect-atstart=no",
-                                   "--callgrind-out-file=" + (folder / "dump").string(),
+                                   "--callgrind-out-file=" + (folder / "%p").string(),
                                    fs::read_symlink("/proc/self/exe").string()};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<char *> pointers;
@@ -120,10 +130,8 @@ Counts count(const std::vector<std::string> &arguments) {
     } folder{pattern};
     run_under_valgrind(folder.path, arguments);
 
-    std::map<std::string, std::string> functions;
     Counts counts;
-    for (int i = 1; fs::exists(folder.path / ("dump." + std::to_string(i))); ++i)
-        read_dump(folder.path / ("dump." + std::to_string(i)), functions, counts);
+    for (const auto &file : fs::directory_iterator(folder.path)) read_dump(file.path(), counts);
     return counts;
 }
 
