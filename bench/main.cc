@@ -1,4 +1,6 @@
 // lmq-bench: measures the price of a call and prints it as tables, and as JSON where that is asked for.
+#include <malloc.h>
+
 #include <CLI/CLI.hpp>
 #include <cstdio>
 #include <ctime>
@@ -132,12 +134,12 @@ ordered_json tell_counts(const std::vector<Case> &cases, const Counts &counts, s
 ordered_json tell_growth(const std::vector<Growth> &tables) {
     ordered_json json = ordered_json::array();
     for (const Growth &growth : tables) {
-        printf("%s. Times in us; per one more than the line above, in ns.\n\n", growth.title.c_str());
+        printf("%s. Times in us; for each one more than in the first line, in ns.\n\n", growth.title.c_str());
         std::vector<std::string> headings{growth.size};
-        for (const std::string &column : growth.columns) headings.insert(headings.end(), {column, "per one"});
+        for (const std::string &column : growth.columns) headings.insert(headings.end(), {column, "each"});
         Table table(headings);
         ordered_json lines = ordered_json::array();
-        const Growth::Line *above = nullptr;
+        const Growth::Line &first = growth.lines.front();
         for (const Growth::Line &line : growth.lines) {
             std::vector<std::string> cells{std::to_string(line.size)};
             ordered_json told{{growth.size, line.size}};
@@ -145,17 +147,16 @@ ordered_json tell_growth(const std::vector<Growth> &tables) {
                 const double time = line.times.at(column);
                 cells.push_back(micros(time));
                 told[column] = time;
-                if (above) {
-                    const double each = (time - above->times.at(column)) / (line.size - above->size);
+                if (&line != &first) {
+                    const double each = (time - first.times.at(column)) / (line.size - first.size);
                     cells.push_back(number("%.1f", each));
-                    told[column + " per one"] = each;
+                    told[column + " each"] = each;
                 } else {
                     cells.push_back("");
                 }
             }
             table.add(cells);
             lines.push_back(told);
-            above = &line;
         }
         table.print();
         json.push_back({{"title", growth.title}, {"lines", lines}});
@@ -176,7 +177,7 @@ int main(int argc, char **argv) try {
     CLI::App app("The price of a call: the plug-in's handlers beside straight-line ones.");
     bool times = false, instructions = false, growth = false, check = false, count_here = false;
     std::string json_file, plugin_file = (fs::read_symlink("/proc/self/exe").parent_path() / "lmq_xmlrpc.so").string();
-    Effort effort{20, 0.02};
+    Effort effort{40, 0.01};
     app.add_flag("--times", times, "measure the time of each case");
     app.add_flag("--instructions", instructions, "count the instructions and heap calls of each case, with valgrind");
     app.add_flag("--growth", growth,
@@ -194,6 +195,9 @@ int main(int argc, char **argv) try {
     CLI11_PARSE(app, argc, argv);
     if (!times && !instructions && !growth) times = instructions = growth = true;
 
+    // Memory stays with the process: else the kernel would take it back, and give it again, with each large answer.
+    mallopt(M_MMAP_THRESHOLD, 32 << 20);
+    mallopt(M_TRIM_THRESHOLD, 1 << 30);
     setenv("LMQ_SIM_CLOCK", "0", 1);  // the simulated chip reads no clock then
     const Plugin plugin(plugin_file);
     const std::vector<Case> cases = make_cases(plugin);
@@ -209,7 +213,7 @@ int main(int argc, char **argv) try {
     if (instructions)
         json["instructions"] = tell_counts(cases, count({"--count-here", "--plugin", plugin_file}), missed);
     if (times) json["times_ns"] = tell_times(cases, measure_cases(registries, cases, effort));
-    if (growth) json["growth_ns"] = tell_growth(measure_growth(plugin, effort));
+    if (growth) json["growth_ns"] = tell_growth(measure_growth(plugin, {(effort.repetitions + 3) / 4, effort.seconds}));
     if (!json_file.empty()) {
         std::ofstream out(json_file);
         out << json.dump(2) << '\n';

@@ -13,7 +13,7 @@ namespace lmq::bench {
 using Times = std::map<std::string, double>;
 
 struct Effort {
-    int repetitions;  // of each measurement, in turns with all others; the fastest counts
+    int repetitions;  // of each measurement; the fastest counts
     double seconds;   // at least, for a repetition
 };
 
