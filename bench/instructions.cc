@@ -16,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int calls = 4;  // in each dump
+constexpr int calls = 2;  // in each dump
 
 // Runs a measurement: `call` is counted, and what it returns goes to `release` uncounted. In a process of its own, so
 // that all measurements begin with the same heap: what malloc does depends on all that went before.
@@ -29,7 +29,7 @@ void dump(const std::string &name, Call call, Release release) {
             throw std::runtime_error("cannot count " + name);
         return;
     }
-    for (int i = 0; i < 3; ++i) release(call());  // the heap has what it needs then
+    for (int i = 0; i < 2; ++i) release(call());  // the heap has what it needs then
     CALLGRIND_START_INSTRUMENTATION;
     CALLGRIND_ZERO_STATS;
     for (int i = 0; i < calls; ++i) {
