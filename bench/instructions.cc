@@ -121,6 +121,21 @@ void run_for_counting(const Registries &registries, const std::vector<Case> &cas
     }
 }
 
+void run_for_counting(const std::vector<Growth> &tables) {
+    for (const Growth &growth : tables) {
+        for (const Growth::Line &line : growth.lines) {
+            for (const Subject &subject : line.subjects) {
+                if (!subject.is_counted) continue;
+                const std::string name = name_of(growth, line, subject);
+                if (subject.registry)
+                    dump_whole(name, *subject.registry, subject.document);
+                else
+                    dump_handler(name, subject.handler, subject.parameters);
+            }
+        }
+    }
+}
+
 Counts count(const std::vector<std::string> &arguments) {
     std::string pattern = (fs::temp_directory_path() / "lmq-bench-XXXXXX").string();
     if (!mkdtemp(pattern.data())) throw std::runtime_error("cannot make a folder like " + pattern);

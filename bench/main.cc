@@ -8,6 +8,7 @@
 #include <nlohmann/json.hpp>
 
 #include "bench/cases.h"
+#include "bench/growth.h"
 #include "bench/instructions.h"
 #include "bench/times.h"
 
@@ -131,30 +132,40 @@ ordered_json tell_counts(const std::vector<Case> &cases, const Counts &counts, s
     return json;
 }
 
-ordered_json tell_growth(const std::vector<Growth> &tables) {
+// Each column with what one more costs, beyond the first line.
+ordered_json tell_growth(const std::vector<Growth> &tables, const Times &times, const Counts &counts) {
     ordered_json json = ordered_json::array();
     for (const Growth &growth : tables) {
-        printf("%s. Times in us; for each one more than in the first line, in ns.\n\n", growth.title.c_str());
+        printf(
+            "%s. Times in us, instructions of the processor; each: for one more than in the first line, times in "
+            "ns.\n\n",
+            growth.title.c_str());
         std::vector<std::string> headings{growth.size};
-        for (const std::string &column : growth.columns) headings.insert(headings.end(), {column, "each"});
+        for (const Subject &subject : growth.lines[0].subjects)
+            headings.insert(headings.end(), {subject.column, "each"});
+        for (const Subject &subject : growth.lines[0].subjects)
+            if (subject.is_counted) headings.insert(headings.end(), {subject.column + ", instructions", "each"});
         Table table(headings);
         ordered_json lines = ordered_json::array();
         const Growth::Line &first = growth.lines.front();
         for (const Growth::Line &line : growth.lines) {
             std::vector<std::string> cells{std::to_string(line.size)};
             ordered_json told{{growth.size, line.size}};
-            for (const std::string &column : growth.columns) {
-                const double time = line.times.at(column);
-                cells.push_back(micros(time));
-                told[column] = time;
-                if (&line != &first) {
-                    const double each = (time - first.times.at(column)) / (line.size - first.size);
-                    cells.push_back(number("%.1f", each));
-                    told[column + " each"] = each;
-                } else {
-                    cells.push_back("");
-                }
-            }
+            const auto add = [&](const std::string &column, double value, double of_first, auto print) {
+                cells.push_back(print(value));
+                told[column] = value;
+                const double each = (value - of_first) / (line.size - first.size);
+                cells.push_back(&line == &first ? "" : number("%.1f", each));
+                if (&line != &first) told[column + ", each"] = each;
+            };
+            for (size_t i = 0; i < line.subjects.size(); ++i)
+                add(line.subjects[i].column, times.at(name_of(growth, line, line.subjects[i])),
+                    times.at(name_of(growth, first, first.subjects[i])), micros);
+            for (size_t i = 0; i < line.subjects.size(); ++i)
+                if (line.subjects[i].is_counted)
+                    add(line.subjects[i].column + ", instructions",
+                        counts.at(name_of(growth, line, line.subjects[i])).instructions,
+                        counts.at(name_of(growth, first, first.subjects[i])).instructions, whole);
             table.add(cells);
             lines.push_back(told);
         }
@@ -202,18 +213,23 @@ int main(int argc, char **argv) try {
     const Plugin plugin(plugin_file);
     const std::vector<Case> cases = make_cases(plugin);
     const Registries registries(plugin, cases);
+    const std::vector<Growth> sizes = growth ? make_growth(plugin) : std::vector<Growth>{};
     if (count_here) {
-        run_for_counting(registries, cases);
+        if (instructions) run_for_counting(registries, cases);
+        run_for_counting(sizes);
         return 0;
     }
     check_answers(registries, cases);
 
-    ordered_json json{{"date", today()}};
+    ordered_json json{{"date", today()}, {"unit of times", "ns"}};
     std::vector<std::string> missed;
     if (instructions)
-        json["instructions"] = tell_counts(cases, count({"--count-here", "--plugin", plugin_file}), missed);
-    if (times) json["times_ns"] = tell_times(cases, measure_cases(registries, cases, effort));
-    if (growth) json["growth_ns"] = tell_growth(measure_growth(plugin, {(effort.repetitions + 3) / 4, effort.seconds}));
+        json["instructions"] =
+            tell_counts(cases, count({"--count-here", "--instructions", "--plugin", plugin_file}), missed);
+    if (times) json["times"] = tell_times(cases, measure_cases(registries, cases, effort));
+    if (growth)
+        json["growth"] = tell_growth(sizes, measure_growth(sizes, {(effort.repetitions + 3) / 4, effort.seconds}),
+                                     count({"--count-here", "--growth", "--plugin", plugin_file}));
     if (!json_file.empty()) {
         std::ofstream out(json_file);
         out << json.dump(2) << '\n';

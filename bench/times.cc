@@ -87,48 +87,6 @@ Times run(const Effort &effort) {
     return times;
 }
 
-xmlrpc_value *array_of(int count, xmlrpc_value *item) {
-    Env env;
-    xmlrpc_value *array = xmlrpc_array_new(env);
-    for (int i = 0; i < count; ++i) xmlrpc_array_append_item(env, array, item);
-    return array;
-}
-
-// Measures a method with parameters of several sizes, the handler alone and the whole way.
-Growth grow(const Plugin &plugin, const std::string &method, const std::string &title, const std::string &size,
-            const std::vector<int> &sizes, const std::function<xmlrpc_value *(int)> &parameters, const Effort &effort) {
-    const Registry registry(plugin.rows());
-    Growth growth{title, size, {"handler", "whole way"}, {}};
-    for (int n : sizes) {
-        xmlrpc_value *values = parameters(n);
-        add_handler("handler", plugin.handler(method), values);
-        Times times = run(effort);
-        add_whole("whole way", registry, call_document(method, values));
-        times.merge(run(effort));
-        growth.lines.push_back({n, times});
-    }
-    return growth;
-}
-
-// The registry alone: the handler answers a value that exists already.
-Growth grow_registry(const Plugin &plugin, const Effort &effort) {
-    Env env;
-    std::vector<Row> rows = plugin.rows();
-    for (Row &row : rows) row.handler = answer_existing, row.data = xmlrpc_int_new(env, 0);
-    const int all = static_cast<int>(rows.size());
-    const std::vector<int> sizes{1, all / 4, all / 2, all};
-    xmlrpc_value *none = xmlrpc_array_new(env);
-    Growth growth{
-        "Rows of the registry, a call that answers a value that exists already", "rows", {"first row", "last row"}, {}};
-    for (int n : sizes) {
-        const Registry registry({rows.begin(), rows.begin() + n});
-        add_whole("first row", registry, call_document(rows[0].name, none));
-        add_whole("last row", registry, call_document(rows[static_cast<size_t>(n) - 1].name, none));
-        growth.lines.push_back({n, run(effort)});
-    }
-    return growth;
-}
-
 }  // namespace
 
 Times measure_cases(const Registries &registries, const std::vector<Case> &cases, const Effort &effort) {
@@ -146,30 +104,21 @@ Times measure_cases(const Registries &registries, const std::vector<Case> &cases
     return times;
 }
 
-std::vector<Growth> measure_growth(const Plugin &plugin, const Effort &effort) {
-    Env env;
-    xmlrpc_limit_set(XMLRPC_XML_SIZE_LIMIT_ID, 16u << 20);  // 4,096 structs are more than a host takes
-    std::vector<Growth> tables;
-    tables.push_back(grow(
-        plugin, "lmq.vx_watchdog_set", "Structs in one array argument: vx_watchdog_set with full structs", "structs",
-        {1, 16, 256, 4096},
-        [&](int n) {
-            xmlrpc_value *item = xmlrpc_build_value(env, "{s:i,s:i,s:i,s:{s:i,s:i,s:i,s:i}}", "wd_enable", 0,
-                                                    "wd_timer", 30, "wd_action", 0, "mask_s", "wd_enable", 1,
-                                                    "wd_timer", 1, "wd_action", 1, "reserved", 0);
-            return xmlrpc_build_value(env, "(iV)", 0, array_of(n, item));
-        },
-        effort));
-    tables.push_back(grow(
-        plugin, "lmq.vx_1ag_ccm_pkt_buf_set",
-        "Ints in a member: p_pkt_buff of vx_1ag_ccm_pkt_buf_set, whose echo has 2,048 whatever was sent", "ints",
-        {1, 16, 256, 1024, 2048},
-        [&](int n) {
-            return xmlrpc_build_value(env, "(i{s:V})", 0, "p_pkt_buff", array_of(n, xmlrpc_int_new(env, 85)));
-        },
-        effort));
-    tables.push_back(grow_registry(plugin, effort));
-    return tables;
+Times measure_growth(const std::vector<Growth> &tables, const Effort &effort) {
+    Times times;
+    for (const Growth &growth : tables) {
+        for (const Growth::Line &line : growth.lines) {
+            for (const Subject &subject : line.subjects) {
+                const std::string name = name_of(growth, line, subject);
+                if (subject.registry)
+                    add_whole(name, *subject.registry, subject.document);
+                else
+                    add_handler(name, subject.handler, subject.parameters);
+                times.merge(run(effort));
+            }
+        }
+    }
+    return times;
 }
 
 }  // namespace lmq::bench

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "bench/cases.h"
+#include "bench/growth.h"
 
 namespace lmq::bench {
 
@@ -22,16 +23,7 @@ struct Effort {
 // "CASE/driver" for the driver's part.
 Times measure_cases(const Registries &registries, const std::vector<Case> &cases, const Effort &effort);
 
-// How the time grows. One line of a table for each size.
-struct Growth {
-    struct Line {
-        int size;
-        Times times;  // by the headings of the columns
-    };
-    std::string title, size;
-    std::vector<std::string> columns;
-    std::vector<Line> lines;
-};
-std::vector<Growth> measure_growth(const Plugin &plugin, const Effort &effort);
+// Of each subject, by name_of().
+Times measure_growth(const std::vector<Growth> &tables, const Effort &effort);
 
 }  // namespace lmq::bench
