@@ -193,19 +193,23 @@ int main(int argc, char **argv) try {
     app.add_flag("--instructions", instructions, "count the instructions and heap calls of each case, with valgrind");
     app.add_flag("--growth", growth,
                  "measure how the time grows with the size of a call; without any of these three: all");
-    app.add_flag("--check", check, "end with status 1 if a counted case is above its target");
-    app.add_option("--json", json_file, "write the results to this file");
-    app.add_option("--plugin", plugin_file, "the plug-in")->capture_default_str();
-    app.add_option("--repetitions", effort.repetitions, "of each time; the fastest counts")
-        ->check(CLI::PositiveNumber)
+    app.add_flag("--check", check, "the same as --instructions; end with status 1 if a case is above its target");
+    app.add_option("--json", json_file, "write the results to this file, too")->type_name("FILE");
+    app.add_option("--plugin", plugin_file, "the plug-in")->type_name("FILE")->capture_default_str();
+    app.add_option("--repetitions", effort.repetitions, "of each time, of which the fastest counts")
+        ->check(CLI::Range(1, 1000))
         ->capture_default_str();
-    app.add_option("--seconds", effort.seconds, "of each repetition, at least")
-        ->check(CLI::PositiveNumber)
+    app.add_option("--seconds", effort.seconds, "that each repetition takes, at least")
+        ->check(CLI::Range(0.0001, 60.0))
         ->capture_default_str();
     app.add_flag("--count-here", count_here)->group("");  // the run under valgrind
     CLI11_PARSE(app, argc, argv);
+    if (check) instructions = true;
     if (!times && !instructions && !growth) times = instructions = growth = true;
 
+    std::ofstream json_out;
+    if (!json_file.empty()) json_out.open(json_file);
+    if (!json_out) throw std::runtime_error("cannot write " + json_file);
     // Memory stays with the process: else the kernel would take it back, and give it again, with each large answer.
     mallopt(M_MMAP_THRESHOLD, 32 << 20);
     mallopt(M_TRIM_THRESHOLD, 1 << 30);
@@ -230,11 +234,8 @@ int main(int argc, char **argv) try {
     if (growth)
         json["growth"] = tell_growth(sizes, measure_growth(sizes, {(effort.repetitions + 3) / 4, effort.seconds}),
                                      count({"--count-here", "--growth", "--plugin", plugin_file}));
-    if (!json_file.empty()) {
-        std::ofstream out(json_file);
-        out << json.dump(2) << '\n';
-        if (!out.flush()) throw std::runtime_error("cannot write " + json_file);
-    }
+    if (!json_file.empty() && !(json_out << json.dump(2) << std::endl))
+        throw std::runtime_error("cannot write " + json_file);
     for (const std::string &line : missed) fprintf(stderr, "lmq-bench: above the target: %s\n", line.c_str());
     return check && !missed.empty() ? 1 : 0;
 } catch (const std::exception &error) {
