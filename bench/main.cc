@@ -136,10 +136,8 @@ ordered_json tell_counts(const std::vector<Case> &cases, const Counts &counts, s
 ordered_json tell_growth(const std::vector<Growth> &tables, const Times &times, const Counts &counts) {
     ordered_json json = ordered_json::array();
     for (const Growth &growth : tables) {
-        printf(
-            "%s. Times in us, instructions of the processor; each: for one more than in the first line, times in "
-            "ns.\n\n",
-            growth.title.c_str());
+        printf("%s. Times in us; \"each\" is what one more costs, beyond the first line, in ns or instructions.\n\n",
+               growth.title.c_str());
         std::vector<std::string> headings{growth.size};
         for (const Subject &subject : growth.lines[0].subjects)
             headings.insert(headings.end(), {subject.column, "each"});
