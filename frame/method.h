@@ -51,7 +51,7 @@ struct Method {
 // An argument between decoding, driver call and echo.
 struct Slot {
     int32_t value;  // of a value argument
-    int count;      // items of a client's array
+    int count;      // items of a client's array; not set for another form
     xmlrpc_type form;
     std::byte *block;  // of a pointer argument; NULL if the client sent an empty array
 };

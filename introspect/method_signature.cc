@@ -21,6 +21,12 @@ constexpr const Method *methods[] = {
 #undef API
 };
 
+constexpr auto methods_by_name = sorted({
+#define API(api) #api,
+#include "frame/order.def"
+#undef API
+});
+
 const char *primitive_return_type(Returns returns) {
     switch (returns) {
         case Returns::status:
@@ -68,9 +74,10 @@ xmlrpc_value *signature(xmlrpc_env *env, const Method &method) {
 }
 
 xmlrpc_value *answer(xmlrpc_env *env, const char *name) {
-    for (const Method *method : methods)
-        if (is_full_name(name, method->strings)) return signature(env, *method);
-    return nullptr;
+    const char *bare = bare_name(name);
+    if (!bare) return nullptr;
+    const uint16_t *found = find(methods_by_name, bare, [](uint16_t method) { return methods[method]->strings; });
+    return found ? signature(env, *methods[*found]) : nullptr;
 }
 
 }  // namespace

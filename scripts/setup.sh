@@ -4,7 +4,7 @@
 
 packages_to_build=(g++ cmake ninja-build pkg-config libxmlrpc-core-c3-dev libmicrohttpd-dev libcli11-dev libexpat1-dev
                    libgnutls28-dev libcrypt-dev nlohmann-json3-dev libmimalloc-dev)
-packages_to_test=(libgtest-dev python3 openssl clang libclang-rt-14-dev)
+packages_to_test=(libgtest-dev libbenchmark-dev valgrind python3 openssl clang libclang-rt-14-dev)
 
 say() { printf '==> %s\n' "$*" >&2; }
 
