@@ -44,13 +44,13 @@
 #define NESTED(T, m) LMQ_ROW(m, T, #T, ::lmq::describe::nested<decltype(S::m)>(#m, #T, udt_##T, offsetof(S, m)))
 
 // UDT_ARRAY(T, m, bound): an array of UDTs, which a client may also send as a single struct.
-#define UDT_ARRAY(T, m, bound) LMQ_UDT_ROW(T, #T, m, bound, ::lmq::Kind::udt_array)
+#define UDT_ARRAY(T, m, bound) LMQ_UDT_ROW(T, #T, m, (bound), #bound, ::lmq::Kind::udt_array)
 
 // UDT_ARRAY_SPELLED(T, spelling, m, bound): the same where member lists and fault texts spell the type otherwise.
-#define UDT_ARRAY_SPELLED(T, spelling, m, bound) LMQ_UDT_ROW(T, spelling, m, bound, ::lmq::Kind::udt_array)
+#define UDT_ARRAY_SPELLED(T, spelling, m, bound) LMQ_UDT_ROW(T, spelling, m, (bound), #bound, ::lmq::Kind::udt_array)
 
 // UDT_LIST(T, m, bound): an array of UDTs for which a single struct is refused.
-#define UDT_LIST(T, m, bound) LMQ_UDT_ROW(T, #T, m, bound, ::lmq::Kind::udt_list)
+#define UDT_LIST(T, m, bound) LMQ_UDT_ROW(T, #T, m, (bound), #bound, ::lmq::Kind::udt_list)
 
 // INLINE(m, rows...): a struct or union declared within the UDT. Fault texts of the keys inside name the UDT's own
 // member, whatever the depth: "Member addr of struct type vx_ip_addr_t: expected a vx_in_addr_t ...".
@@ -109,12 +109,13 @@
 // An expression that holds a check, whose text can name the row; hence the function, which is never called.
 #define LMQ_CHECK(text, ...) void([] { static_assert(__VA_ARGS__, text); })
 
-// A row whose member must have the type T in the header: `told` in words.
+// A row whose member must have the type T in the header: `told` in words. A bound comes here as a text already, since
+// an argument that goes on to another macro is no longer as it was spelled.
 #define LMQ_ROW(m, T, told, ...) \
     (LMQ_CHECK("row " #m ": the header does not declare it as " told, std::is_same_v<decltype(S::m), T>), __VA_ARGS__)
-#define LMQ_UDT_ROW(T, spelling, m, bound, kind) \
-    LMQ_ROW(m, T[bound], #T "[" #bound "]",      \
-            ::lmq::describe::udt_array<decltype(S::m), (bound)>(#m, spelling, #bound, udt_##T, offsetof(S, m), kind))
+#define LMQ_UDT_ROW(T, spelling, m, count, bound, kind) \
+    LMQ_ROW(m, T[count], #T "[" bound "]",              \
+            ::lmq::describe::udt_array<decltype(S::m), count>(#m, spelling, bound, udt_##T, offsetof(S, m), kind))
 
 // What FLAGS makes of one flag. The initialiser with every flag in turn compiles in the header's order alone.
 #define LMQ_FLAG_COUNT(mask, name) +1
