@@ -47,8 +47,13 @@ def interface():
 
 
 def layout():
-    """Where the compiler put the members of each UDT; see tests/probe/generate.py."""
-    return json.loads(pathlib.Path(os.environ["LMQ_LAYOUT"]).read_text())
+    """Where the compiler put the members of each UDT; see tests/probe/generate.py. It must be the plug-in's compiler."""
+    layouts = json.loads(pathlib.Path(os.environ["LMQ_LAYOUT"]).read_text())
+    with open(os.environ["LMQ_PLUGIN"], "rb") as plugin:
+        elf_class = plugin.read(5)[4]  # 1: of 32 bits, 2: of 64
+    if layouts.pop("void *")[""] != 4 * elf_class:
+        raise AssertionError("the layouts were made for another target than the plug-in")
+    return layouts
 
 
 class I8(int):
