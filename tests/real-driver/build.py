@@ -27,14 +27,15 @@ def main(build, *arguments):
 
     library = altered.parent / "libchip-2.7.so"
     functions = altered.parent / "functions.c"
-    subprocess.run([sys.executable, "-B", probe / "generate.py", altered, functions, altered.parent / "layout.c"], check=True)
+    subprocess.run([sys.executable, "-B", probe / "generate.py", altered, functions, altered.parent / "layout.c"],
+                   check=True)
     subprocess.run([*compiler, "-shared", "-fPIC", f"-Wl,-soname,{SONAME}", f"-I{altered}", f"-I{probe}",
                     probe / "probe.c", functions, "-o", library], check=True)
 
     subprocess.run([cmake, "-S", source, "-B", build, *options,
                     f"-DLMQ_DRIVER_INCLUDE={altered}", f"-DLMQ_DRIVER_LIBRARY={library}"], check=True)
-    subprocess.run([cmake, "--build", build, "--target", "lmq-host", "lmq_plugin", "lmq_probe", "lmq_layout_json"],
-                   check=True)
+    targets = ["lmq-host", "lmq_plugin", "lmq_probe", "lmq_layout_json"]
+    subprocess.run([cmake, "--build", build, "--parallel", "2", "--target", *targets], check=True)
 
 
 if __name__ == "__main__":

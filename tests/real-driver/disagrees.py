@@ -24,10 +24,12 @@ DISAGREEMENTS = (
     (r"vx_uint32 wd_timer;", "vx_uint64 wd_timer;", "row wd_timer: the header does not declare it as vx_uint32"),
     (r"vx_uint32 wd_timer;", "", r"wd_timer.* is not a member of .*vx_watchdog_cfg_t"),
     (r"\bpri_q_tcont ?\[\w+\]", "pri_q_tcont[99]",
-     "row pri_q_tcont: the header does not declare it as an array of elements of vx_uint16 with the bound VX_MAX_NUM_TCONT_QUEUE"),
-    (r"vx_uint32 wd_timer : 1;", r"\g<0> vx_uint32 wd_more : 1;", "row mask_s: the header declares a flag that has no row"),
+     "row pri_q_tcont: the header does not declare it as an array of elements of vx_uint16 with the bound VX_MAX_NUM_TCONT"),
+    (r"vx_uint32 wd_timer : 1;", r"\g<0> vx_uint32 wd_more : 1;",
+     "row mask_s: the header declares a flag that has no row"),
     (r"(vx_uint32 wd_timer : 1;)\s*(vx_uint32 wd_action : 1;)", r"\2 \1", "designator order for field .*vx_watchdog_cfg_t"),
-    (r"(vx_reset\(vx_dev_id_t dev_id, )vx_reset_mode_t", r"\1vx_uint32", "row of vx_reset: the header declares another prototype"),
+    (r"(vx_reset\(vx_dev_id_t dev_id, )vx_reset_mode_t", r"\1vx_uint32",
+     "row of vx_reset: the header declares another prototype"),
     (r"vx_status_e (?=vx_reset\()", "vx_uint64 ", "row of vx_reset: the header declares another prototype"),
     (r"vx_reset\(", "vx_reset_chip(", "::vx_reset.* has not been declared"),
 )
@@ -66,7 +68,8 @@ class Compiler(unittest.TestCase):
             status, said = self.compile(OURS, SOURCE / "include",
                                         r"(vx_boolean wd_enable;)\s*(vx_uint32 wd_timer;)", replacement)
             self.assertNotEqual(status, 0)
-            self.assertIn("rows of vx_watchdog_cfg_t: a member has no row, or the rows are not in the header's order", said)
+            self.assertIn("rows of vx_watchdog_cfg_t: a member has no row, or the rows are not in the header's order",
+                          said)
 
     def test_of_a_real_drivers_headers_members_without_a_row_are_told(self):
         status, said = self.compile(REAL, ALTERED, r"vx_uint8 lmq_added_first;", r"\g<0>")
