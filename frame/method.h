@@ -95,6 +95,7 @@ inline constexpr Help no_help{};
 #define METHOD(api, help_parts, ...)                                                                                  \
     namespace row_of_##api {                                                                                          \
         constexpr auto draft = ::lmq::describe::method<decltype(::api)>(#api, help_parts __VA_OPT__(, ) __VA_ARGS__); \
+        static_assert(draft.fits, "row of " #api ": the header declares another prototype");                          \
     }                                                                                                                 \
     extern constinit const Method method_##api;                                                                       \
     constinit const Method method_##api = ::lmq::describe::packed_method<row_of_##api::draft>();                      \
@@ -180,7 +181,14 @@ struct MethodDraft {
     Help help;
     Returns returns;
     std::array<ArgumentDraft, N> arguments;
+    bool fits;  // the header has this prototype
 };
+
+template <class R, class... Known>
+constexpr bool is_any_of = (std::is_same_v<R, Known> || ...);
+
+template <class R>
+constexpr bool is_result = is_any_of<R, void, vx_status_e, vx_int32, vx_uint32>;
 
 template <class R>
 constexpr Returns returns() {
@@ -190,10 +198,8 @@ constexpr Returns returns() {
         return Returns::status;
     else if constexpr (std::is_same_v<R, vx_int32>)
         return Returns::int32;
-    else {
-        static_assert(std::is_same_v<R, vx_uint32>, "rows: the driver function returns a type that no method returns");
+    else
         return Returns::uint32;
-    }
 }
 
 constexpr const char *return_type(Returns returns) {
@@ -223,9 +229,12 @@ struct Prototype<R(P...)> {
 template <class F, class... A>
 constexpr MethodDraft<sizeof...(A)> method(const char *api, const Help &help, const A &...arguments) {
     static_assert(sizeof...(A) <= most_arguments);
-    static_assert(Prototype<F>::template matches<A...>(),
-                  "rows: number, order or type of the arguments differ from the prototype");
-    return {api, signature_text<A::letter...>, help, returns<typename Prototype<F>::result>(), {arguments...}};
+    return {api,
+            signature_text<A::letter...>,
+            help,
+            returns<typename Prototype<F>::result>(),
+            {arguments...},
+            is_result<typename Prototype<F>::result> && Prototype<F>::template matches<A...>()};
 }
 
 // The help text of a method. Its first line is the prototype, made from the row.
