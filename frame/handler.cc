@@ -164,13 +164,13 @@ unsigned sent(xmlrpc_env *env, xmlrpc_value *parameters) {
 xmlrpc_value *run_method(xmlrpc_env *env, xmlrpc_value *parameters, const Method &method, Call *call) {
     const unsigned count = method.count;
     if (sent(env, parameters) != count) {
-        fault::count(env, method.strings, count);
+        fault::count(env, method.name(), count);
         return nullptr;
     }
     __x_mm_initialize();
 
     Slot slots[most_arguments];  // each is set by its reader
-    const Argument *argument = method.arguments;
+    const Argument *argument = method.arguments();
     for (unsigned i = 0; i < count; ++i)
         if (!Reader{env, method, i, *argument++, slots[i]}.read(parameters)) return nullptr;
 
@@ -178,7 +178,7 @@ xmlrpc_value *run_method(xmlrpc_env *env, xmlrpc_value *parameters, const Method
 
     xmlrpc_value *result = xmlrpc_array_new(env);
     append(env, result, xmlrpc_int_new(env, returned));
-    argument = method.arguments;
+    argument = method.arguments();
     for (unsigned i = 0; i < count; ++i) append(env, result, echo(env, method, *argument++, slots[i]));
     __x_mm_free();
     return result;

@@ -36,16 +36,23 @@ struct Argument {
 
 enum class Returns : uint8_t { status, int32, uint32, nothing };
 
+// The text of a method without documentation.
+inline constexpr char no_help_text[] = "No help available";
+
+// Two pointers a method: each costs a relocation, and a private word in every process.
 struct Method {
-    const char *signature;  // as the registry takes it
-    const char *help;
-    const char *strings;  // begins with the driver function's name
-    const Argument *arguments;
+    const char *strings;  // begins with the method's full name; the arguments stand before it
     const Udt *const *udts;
+    uint16_t signature;  // string, as the registry takes it
+    uint16_t help_text;  // string; 0 for none
     uint8_t count;
     Returns returns;
 
     const char *text(uint16_t string) const { return strings + string; }
+    const char *full_name() const { return strings; }
+    const char *name() const { return strings + sizeof "lmq." - 1; }
+    const char *help() const { return help_text == 0 ? no_help_text : text(help_text); }
+    const Argument *arguments() const { return reinterpret_cast<const Argument *>(strings) - count; }
 };
 
 // An argument between decoding, driver call and echo.
@@ -65,9 +72,6 @@ using Call = int32_t(Slot *);
 // echo of each argument, and frees the call's blocks. Returns NULL with a fault set for what cannot be read; the driver
 // has not been called then.
 xmlrpc_value *run_method(xmlrpc_env *env, xmlrpc_value *parameters, const Method &method, Call *call);
-
-// The text of a method without documentation.
-inline constexpr char no_help_text[] = "No help available";
 
 // The parts of a help text. Lines end in "\n", without indentation: it is added when the parts are put together.
 struct Help {
@@ -92,16 +96,17 @@ inline constexpr Help no_help{};
 // COOKIE(name): the void * that the driver is handed the call's block for.
 #define COOKIE(name) ::lmq::describe::cookie(#name)
 
-#define METHOD(api, help_parts, ...)                                                                                  \
-    namespace row_of_##api {                                                                                          \
-        constexpr auto draft = ::lmq::describe::method<decltype(::api)>(#api, help_parts __VA_OPT__(, ) __VA_ARGS__); \
-        static_assert(draft.fits, "row of " #api ": the header declares another prototype");                          \
-    }                                                                                                                 \
-    extern constinit const Method method_##api;                                                                       \
-    constinit const Method method_##api = ::lmq::describe::packed_method<row_of_##api::draft>();                      \
-    extern "C" xmlrpc_value *x_rpc_##api(xmlrpc_env *env, xmlrpc_value *parameters, void *, void *);                  \
-    extern "C" xmlrpc_value *x_rpc_##api(xmlrpc_env *env, xmlrpc_value *parameters, void *, void *) {                 \
-        return run_method(env, parameters, method_##api, &::lmq::TypedCall<&::api>::run);                             \
+#define METHOD(api, help_parts, ...)                                                                      \
+    namespace row_of_##api {                                                                              \
+        constexpr auto draft =                                                                            \
+            ::lmq::describe::method<decltype(::api)>("lmq." #api, help_parts __VA_OPT__(, ) __VA_ARGS__); \
+        static_assert(draft.fits, "row of " #api ": the header declares another prototype");              \
+    }                                                                                                     \
+    extern constinit const Method method_##api;                                                           \
+    constinit const Method method_##api = ::lmq::describe::packed_method<row_of_##api::draft>();          \
+    extern "C" xmlrpc_value *x_rpc_##api(xmlrpc_env *env, xmlrpc_value *parameters, void *, void *);      \
+    extern "C" xmlrpc_value *x_rpc_##api(xmlrpc_env *env, xmlrpc_value *parameters, void *, void *) {     \
+        return run_method(env, parameters, method_##api, &::lmq::TypedCall<&::api>::run);                 \
     }
 
 // Unpacks the slots for a function and narrows each value to its parameter's type. The narrowed value replaces the one
@@ -177,7 +182,7 @@ inline constexpr char signature_text[] = {'i', ':', letters..., '\0'};
 
 template <size_t N>
 struct MethodDraft {
-    const char *api, *signature;
+    const char *full_name, *signature;
     Help help;
     Returns returns;
     std::array<ArgumentDraft, N> arguments;
@@ -227,14 +232,11 @@ struct Prototype<R(P...)> {
 };
 
 template <class F, class... A>
-constexpr MethodDraft<sizeof...(A)> method(const char *api, const Help &help, const A &...arguments) {
+constexpr MethodDraft<sizeof...(A)> method(const char *full_name, const Help &help, const A &...arguments) {
     static_assert(sizeof...(A) <= most_arguments);
-    return {api,
-            signature_text<A::letter...>,
-            help,
-            returns<typename Prototype<F>::result>(),
-            {arguments...},
-            is_result<typename Prototype<F>::result> && Prototype<F>::template matches<A...>()};
+    return {full_name,      signature_text<A::letter...>,
+            help,           returns<typename Prototype<F>::result>(),
+            {arguments...}, is_result<typename Prototype<F>::result> && Prototype<F>::template matches<A...>()};
 }
 
 // The help text of a method. Its first line is the prototype, made from the row.
@@ -262,7 +264,7 @@ struct HelpText {
     static constexpr void write(Writer &out) {
         out.put(return_type(draft.returns));
         out.put(' ');
-        out.put(draft.api);
+        out.put(draft.full_name + sizeof "lmq." - 1);
         out.put("( ");
         bool first = true;
         for (const ArgumentDraft &argument : draft.arguments) {
@@ -309,11 +311,13 @@ struct PackedMethod {
         std::array<Argument, count> arguments{};
         std::array<const Udt *, count> udts{};
         size_t udt_count = 0;
+        uint16_t signature = 0;
     };
     static constexpr Result pack() {
         Result result;
-        result.strings.size = 0;  // the function's name stands first
-        result.strings.add(draft.api);
+        result.strings.size = 0;  // the name stands first
+        result.strings.add(draft.full_name);
+        result.signature = result.strings.add(draft.signature);
         for (size_t i = 0; i < count; ++i) {
             const ArgumentDraft &argument = draft.arguments[i];
             result.arguments[i] = {result.strings.add(argument.name),
@@ -326,24 +330,42 @@ struct PackedMethod {
         }
         return result;
     }
-    static constexpr auto strings = first<pack().strings.size>(pack().strings.text);
-    static constexpr auto arguments = pack().arguments;
-    static constexpr auto udts = first<pack().udt_count>(pack().udts);
-};
+    static constexpr Result packed = pack();
+    static constexpr auto udts = first<packed.udt_count>(packed.udts);
 
-template <const auto &draft>
-constexpr const char *help_text() {
-    if constexpr (draft.help.title == nullptr)
-        return no_help_text;
-    else
-        return HelpText<draft>::text.data();
-}
+    static constexpr bool has_help = draft.help.title != nullptr;
+    static constexpr size_t help_size = [] {
+        if constexpr (has_help)
+            return HelpText<draft>::size;
+        else
+            return 0;
+    }();
+    struct Texts {
+        std::array<Argument, count> arguments;
+        std::array<char, packed.strings.size + help_size> strings;
+    };
+    struct TextsAlone {
+        std::array<char, packed.strings.size + help_size> strings;
+    };
+    static constexpr auto texts = [] {
+        std::conditional_t<(count > 0), Texts, TextsAlone> made{};
+        if constexpr (count > 0) made.arguments = packed.arguments;
+        std::copy_n(packed.strings.text.begin(), packed.strings.size, made.strings.begin());
+        if constexpr (has_help)
+            std::copy_n(HelpText<draft>::text.begin(), help_size, made.strings.begin() + packed.strings.size);
+        return made;
+    }();
+    // Method finds the arguments by their place.
+    static_assert(sizeof(std::array<Argument, count>) == count * sizeof(Argument) || count == 0);
+    static_assert(packed.strings.size + help_size < 65536);
+};
 
 template <const auto &draft>
 constexpr Method packed_method() {
     using P = PackedMethod<draft>;
-    return {draft.signature, help_text<draft>(), P::strings.data(), P::arguments.data(),
-            P::udts.data(),  uint8_t(P::count),  draft.returns};
+    return {P::texts.strings.data(), P::udts.data(),
+            P::packed.signature,     P::has_help ? uint16_t(P::packed.strings.size) : uint16_t(0),
+            uint8_t(P::count),       draft.returns};
 }
 
 }  // namespace lmq::describe

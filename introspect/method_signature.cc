@@ -6,11 +6,16 @@
 #include "introspect/lookup.h"
 #include "lmq_xmlrpc.h"
 
+// Hidden, as in the entry.
+#pragma GCC visibility push(hidden)
 namespace lmq {
-
 #define API(api) extern const Method method_##api;
 #include "frame/order.def"
 #undef API
+}  // namespace lmq
+#pragma GCC visibility pop
+
+namespace lmq {
 
 namespace {
 
@@ -68,15 +73,15 @@ xmlrpc_value *signature(xmlrpc_env *env, const Method &method) {
     xmlrpc_value *list = xmlrpc_array_new(env);
     append_record(env, list,
                   x_dvr_var(env, describe::return_type(method.returns), primitive_return_type(method.returns), nullptr,
-                            0, method.help));
-    for (unsigned i = 0; i < method.count; ++i) append_record(env, list, parameter(env, method, method.arguments[i]));
+                            0, method.help()));
+    for (unsigned i = 0; i < method.count; ++i) append_record(env, list, parameter(env, method, method.arguments()[i]));
     return list;
 }
 
 xmlrpc_value *answer(xmlrpc_env *env, const char *name) {
     const char *bare = bare_name(name);
     if (!bare) return nullptr;
-    const uint16_t *found = find(methods_by_name, bare, [](uint16_t method) { return methods[method]->strings; });
+    const uint16_t *found = find(methods_by_name, bare, [](uint16_t method) { return methods[method]->name(); });
     return found ? signature(env, *methods[*found]) : nullptr;
 }
 

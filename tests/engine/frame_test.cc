@@ -129,19 +129,19 @@ TEST_F(Frame, HandsACookieTheBlockAndAnswersConstants) {
 #endif
 
 TEST(Rows, SignatureFollowsFromThePrototype) {
-    EXPECT_STREQ(lmq::method_sample_values.signature, "i:iiii");
-    EXPECT_STREQ(lmq::method_sample_none.signature, "i:");
-    EXPECT_STREQ(lmq::method_sample_udt.signature, "i:iS");
-    EXPECT_STREQ(lmq::method_sample_free.signature, "i:A");
+    EXPECT_STREQ(lmq::method_sample_values.text(lmq::method_sample_values.signature), "i:iiii");
+    EXPECT_STREQ(lmq::method_sample_none.text(lmq::method_sample_none.signature), "i:");
+    EXPECT_STREQ(lmq::method_sample_udt.text(lmq::method_sample_udt.signature), "i:iS");
+    EXPECT_STREQ(lmq::method_sample_free.text(lmq::method_sample_free.signature), "i:A");
 }
 
 TEST(Rows, HelpTextHasItsParts) {
-    EXPECT_STREQ(lmq::method_sample_values.help, "No help available");
-    EXPECT_STREQ(lmq::method_sample_udt.help,
+    EXPECT_STREQ(lmq::method_sample_values.help(), "No help available");
+    EXPECT_STREQ(lmq::method_sample_udt.help(),
                  "vx_status_e sample_udt( vx_dev_id_t dev_id, inner_t * p_cfg )\n\nTakes a structure\n\n"
                  " This API takes a structure.\n  \nINPUTS:\n\n  dev_id : device\n  p_cfg : structure\n\nReturns:\n  "
                  "VX_SUCCESS\n");
-    EXPECT_STREQ(lmq::method_sample_none.help,
+    EXPECT_STREQ(lmq::method_sample_none.help(),
                  "vx_int32 sample_none(  )\n\nDoes nothing\n\n This API does nothing.\n Nothing at all.\n  \n"
                  "\nOUTPUTS:\n\n  nothing\n\nReturns:\n  -7\n");
 }
