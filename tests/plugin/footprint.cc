@@ -26,8 +26,12 @@ void *load(const char *path, int flags) {
     return library;
 }
 
-/** The private dirty memory of a file's mappings, in KiB. The thread's name of the list is one that no emulator forges. */
-long private_dirty(const std::string &file) {
+/**
+ * What a process has written of a file's mappings and so has for itself, in KiB. (Private_Dirty would count the pages
+ * of a file that has just been linked and is not on the disk yet.) The thread's name of the list is one that no
+ * emulator forges.
+ */
+long private_memory(const std::string &file) {
     std::ifstream maps("/proc/thread-self/smaps");
     std::string line;
     long sum = 0;
@@ -37,7 +41,7 @@ long private_dirty(const std::string &file) {
             ours = line.ends_with("/" + file);
             known = known || ours;
         }
-        if (ours && line.starts_with("Private_Dirty:")) sum += std::atol(line.c_str() + sizeof "Private_Dirty:" - 1);
+        if (ours && line.starts_with("Anonymous:")) sum += std::atol(line.c_str() + sizeof "Anonymous:" - 1);
     }
     if (!known) die("no mapping of " + file);
     return sum;
@@ -65,13 +69,13 @@ int main(int count, char **arguments) {
         if (env.fault_occurred != 0) die(env.fault_string);
         xmlrpc_registry_free(registry);
     }
-    const long dirty = private_dirty(plugin.substr(plugin.rfind('/') + 1));
+    const long memory = private_memory(plugin.substr(plugin.rfind('/') + 1));
     struct stat file {};
     if (stat(arguments[3], &file) != 0) die(std::string("no file ") + arguments[3]);
-    const long most_file = std::atol(arguments[4]) * 1024, most_dirty = std::atol(arguments[5]);
+    const long most_file = std::atol(arguments[4]) * 1024, most_memory = std::atol(arguments[5]);
 
     std::printf("file without symbols: %ld bytes (at most %ld)\n", static_cast<long>(file.st_size), most_file);
-    std::printf("private memory: %ld KiB (at most %ld)\n", dirty, most_dirty);
+    std::printf("private memory: %ld KiB (at most %ld)\n", memory, most_memory);
     std::printf("registration: %.2f ms\n", std::chrono::duration<double, std::milli>(best).count());
-    return file.st_size <= most_file && dirty > 0 && dirty <= most_dirty ? EXIT_SUCCESS : EXIT_FAILURE;
+    return file.st_size <= most_file && memory > 0 && memory <= most_memory ? EXIT_SUCCESS : EXIT_FAILURE;
 }
