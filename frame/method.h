@@ -41,18 +41,18 @@ inline constexpr char no_help_text[] = "No help available";
 
 // Two pointers a method: each costs a relocation, and a private word in every process.
 struct Method {
-    const char *strings;  // begins with the method's full name; the arguments stand before it
+    const void *texts;  // the arguments, and behind them the strings, which begin with the method's full name
     const Udt *const *udts;
     uint16_t signature;  // string, as the registry takes it
     uint16_t help_text;  // string; 0 for none
     uint8_t count;
     Returns returns;
 
-    const char *text(uint16_t string) const { return strings + string; }
-    const char *full_name() const { return strings; }
-    const char *name() const { return strings + sizeof "lmq." - 1; }
+    const Argument *arguments() const { return static_cast<const Argument *>(texts); }
+    const char *text(uint16_t string) const { return reinterpret_cast<const char *>(arguments() + count) + string; }
+    const char *full_name() const { return text(0); }
+    const char *name() const { return text(sizeof "lmq." - 1); }
     const char *help() const { return help_text == 0 ? no_help_text : text(help_text); }
-    const Argument *arguments() const { return reinterpret_cast<const Argument *>(strings) - count; }
 };
 
 // An argument between decoding, driver call and echo.
@@ -355,17 +355,17 @@ struct PackedMethod {
             std::copy_n(HelpText<draft>::text.begin(), help_size, made.strings.begin() + packed.strings.size);
         return made;
     }();
-    // Method finds the arguments by their place.
-    static_assert(sizeof(std::array<Argument, count>) == count * sizeof(Argument) || count == 0);
+    // Method finds the strings by their place.
+    static_assert(offsetof(decltype(texts), strings) == count * sizeof(Argument));
     static_assert(packed.strings.size + help_size < 65536);
 };
 
 template <const auto &draft>
 constexpr Method packed_method() {
     using P = PackedMethod<draft>;
-    return {P::texts.strings.data(), P::udts.data(),
-            P::packed.signature,     P::has_help ? uint16_t(P::packed.strings.size) : uint16_t(0),
-            uint8_t(P::count),       draft.returns};
+    return {&P::texts,           P::udts.data(),
+            P::packed.signature, P::has_help ? uint16_t(P::packed.strings.size) : uint16_t(0),
+            uint8_t(P::count),   draft.returns};
 }
 
 }  // namespace lmq::describe
