@@ -3,6 +3,9 @@
 
 #include "marshal/row.h"
 
+// Hidden, so that the compiler takes their addresses without a word in the global offset table.
+#pragma GCC visibility push(hidden)
+
 namespace lmq {
 
 #define UDT_NAME(T) extern const Udt udt_##T;
@@ -10,3 +13,5 @@ namespace lmq {
 #undef UDT_NAME
 
 } // namespace lmq
+
+#pragma GCC visibility pop

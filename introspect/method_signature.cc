@@ -1,25 +1,14 @@
 // lmq.methodSignature: what a method returns and takes, and its help text, told from the rows that its handler reads.
 #include <cstring>
 
-#include "frame/method.h"
+#include "frame/methods.h"
 #include "introspect/dictionary.h"
 #include "introspect/lookup.h"
 #include "lmq_xmlrpc.h"
 
 namespace lmq {
 
-#define API(api) extern const Method method_##api;
-#include "frame/order.def"
-#undef API
-
 namespace {
-
-// The API methods; the order shows nowhere. The introspection methods have no row here.
-constexpr const Method *methods[] = {
-#define API(api) &method_##api,
-#include "frame/order.def"
-#undef API
-};
 
 const char *primitive_return_type(Returns returns) {
     switch (returns) {
@@ -68,8 +57,8 @@ xmlrpc_value *signature(xmlrpc_env *env, const Method &method) {
 }
 
 xmlrpc_value *answer(xmlrpc_env *env, const char *name) {
-    for (const Method *method : methods)
-        if (is_full_name(name, method->strings)) return signature(env, *method);
+    for (unsigned i = 0; i < api_method_count; ++i)
+        if (is_full_name(name, api_methods[i].method->strings)) return signature(env, *api_methods[i].method);
     return nullptr;
 }
 
