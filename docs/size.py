@@ -1,36 +1,30 @@
 #!/usr/bin/env python3
-"""Says where the bytes of the built plug-in go, as the table of size.md: size.py PLUGIN [TOOL-PREFIX]
+"""Where the bytes of the plug-in go, as the tables of size.md: size.py PLUGIN [TOOL-PREFIX]. The plug-in is one with its
+symbols; the prefix is that of a cross compiler's tools, such as arm-linux-gnueabihf-."""
 
-    size.py build/arm/lmq_xmlrpc.so arm-linux-gnueabihf-
-
-The plug-in must not be stripped, since its symbols tell what a byte is for.
-"""
+import os
 import re
 import subprocess
 import sys
+import tempfile
 
-# Kind of bytes, and what the names of its symbols look like; the first that matches counts.
 KINDS = [
-    ("help texts", r"HelpText<"),
-    ("names of arguments and types of the methods", r"PackedMethod<.*::strings"),
-    ("arguments of the methods", r"PackedMethod<.*::arguments"),
-    ("keys, types and bounds of the UDTs", r"Packed<.*::strings"),
-    ("rows of the UDTs", r"Packed<.*::rows"),
-    ("names of enumerators and enums", r"enum_names"),
-    ("values of enumerators", r"enum_values"),
-    ("defines and typedefs", r"namespace\)::(defines|typedefs)"),
-    ("method descriptors and their table", r"method_|api_methods|PackedMethod<.*::udts"),
-    ("UDT descriptors and their table", r"udt_|::udts|Packed<.*::inner"),
-    ("handlers of the methods", r"^x_rpc_(lmq|vx)_"),
-    ("typed calls of the driver", r"row_of_.*::call"),
-    ("registration", r"^xrpc_init"),
+    ("names, arguments and help texts of methods", r"PackedMethod<.*>::texts"),
+    ("rows of UDTs", r"Packed<.*>::rows"),
+    ("names of UDTs and members", r"Packed<.*>::strings"),
+    ("descriptors (pointers)", r"lmq::(method|udt)_|Packed<.*>::inner|PackedMethod<.*>::udts"),
+    ("dictionary: enums, defines, typedefs, lists", r"anonymous namespace\)::(enum|define|typedef|udts|methods)"),
+    ("handlers, a function each", r"^x_rpc_|TypedCall"),
+    ("registration", r"xrpc_init|anonymous namespace\)::add\("),
+    ("engine and introspection", r"^lmq::|^x_dvr|^__x_mm|anonymous"),
 ]
-# Sections that link the plug-in with libraries, and what they hold.
 SECTIONS = [
-    ("names of imported functions", r"\.(dynsym|dynstr|gnu\..*)"),
-    ("jumps to imported functions", r"\.(plt|rela?\.plt|got|plt\.got|got\.plt)"),
-    ("relocations of pointers", r"\.rela?\.dyn"),
-    ("tables for unwinding", r"\.(eh_frame|eh_frame_hdr|ARM\.ex.*)"),
+    ("code", {".text", ".plt", ".init", ".fini"}),
+    ("constants", {".rodata"}),
+    ("constants with pointers, private", {".data.rel.ro", ".got", ".dynamic", ".init_array", ".fini_array"}),
+    ("variables, private", {".data", ".bss"}),
+    ("relocations", {".rel.dyn", ".rel.plt", ".rela.dyn", ".rela.plt"}),
+    ("names for the dynamic linker", {".dynsym", ".dynstr", ".gnu.hash", ".gnu.version", ".gnu.version_r"}),
 ]
 
 
@@ -38,32 +32,34 @@ def run(*command):
     return subprocess.run(command, check=True, capture_output=True, text=True).stdout
 
 
+def row(name, size):
+    print(f"| {name} | {size:,} |")
+
+
 def main(plugin, prefix=""):
-    sizes = {name: 0 for name, _ in KINDS + SECTIONS}
-    for line in run(prefix + "nm", "-SC", plugin).splitlines():
-        symbol = re.match(r"\w+ (\w+) [a-zA-Z] (.*)", line)
-        if not symbol:
-            continue
-        for name, pattern in KINDS:
-            if re.search(pattern, symbol[2]):
-                sizes[name] += int(symbol[1], 16)
-                break
-    total = 0
-    for line in run(prefix + "size", "-A", plugin).splitlines():
-        section = re.match(r"(\.\S+)\s+(\d+)\s+(\d+)$", line)
-        if not section or section[3] == "0":  # debug information and comments are not loaded
-            continue
-        total += int(section[2])
-        for name, pattern in SECTIONS:
-            if re.fullmatch(pattern, section[1]):
-                sizes[name] += int(section[2])
-                break
-    sizes["engine, introspection, and the rest"] = total - sum(sizes.values())
-    print("| What | Bytes |\n|---|---:|")
-    for name, size in sorted(sizes.items(), key=lambda item: -item[1]):
-        print(f"| {name} | {size:,} |")
-    print(f"| together | {total:,} |")
+    with tempfile.TemporaryDirectory() as folder:
+        stripped = os.path.join(folder, "stripped.so")
+        run(prefix + "strip", "-o", stripped, plugin)
+        whole = os.path.getsize(stripped)
+        sections = dict(re.findall(r"^(\.\S+) +(\d+)", run(prefix + "size", "-A", stripped), re.M))
+    print("| Part of the file | Bytes |\n|---|---:|")
+    rest = whole
+    for name, members in SECTIONS:
+        size = sum(int(sections.get(member, 0)) for member in members)
+        rest -= size - (int(sections.get(".bss", 0)) if ".bss" in members else 0)
+        row(name, size)
+    row("headers and padding", rest)
+    row("**the file without symbols**", whole)
+
+    sums = dict.fromkeys([name for name, _ in KINDS] + ["else"], 0)
+    for line in run(prefix + "nm", "-S", "-C", plugin).splitlines():
+        found = re.match(r"[0-9a-f]+ ([0-9a-f]+) [tTrRdDbBVWuvw] (.*)", line)
+        if found:
+            kind = next((name for name, pattern in KINDS if re.search(pattern, found[2])), "else")
+            sums[kind] += int(found[1], 16)
+    print("\n| Kind | Bytes |\n|---|---:|")
+    for name, size in sums.items():
+        row(name, size)
 
 
-if __name__ == "__main__":
-    main(*sys.argv[1:])
+main(*sys.argv[1:])

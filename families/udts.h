@@ -3,9 +3,9 @@
 
 #include "marshal/row.h"
 
-// Hidden, so that the compiler takes their addresses without a word in the global offset table.
+// Hidden where it is declared, not only where it is defined: the compiler then takes an address without a word in the
+// global offset table, which would cost a relocation too.
 #pragma GCC visibility push(hidden)
-
 namespace lmq {
 
 #define UDT_NAME(T) extern const Udt udt_##T;
@@ -13,5 +13,4 @@ namespace lmq {
 #undef UDT_NAME
 
 } // namespace lmq
-
 #pragma GCC visibility pop

@@ -14,31 +14,34 @@ namespace lmq {
 
 namespace {
 
-// Reads one argument at a position counted from 1. The functions return false with a fault set.
+// Reads one argument. The functions return false with a fault set.
 struct Reader {
     xmlrpc_env *env;
     const Method &method;
-    unsigned position;
+    unsigned index;
     const Argument &argument;
     Slot &slot;
+
+    unsigned position() const { return index + 1; }
 
     const char *type() const { return method.text(argument.type); }
     const Udt &udt() const { return *method.udts[argument.udt]; }
 
     bool read(xmlrpc_value *parameters) {
         xmlrpc_value *item;
-        xmlrpc_array_read_item(env, parameters, position - 1, &item);
+        xmlrpc_array_read_item(env, parameters, index, &item);
         if (env->fault_occurred) return false;
         slot.form = xmlrpc_value_type(item);
-        slot.count = slot.form == XMLRPC_TYPE_ARRAY ? xmlrpc_array_size(env, item) : 0;
-        if (!read_by_kind(item)) return false;
+        if (slot.form == XMLRPC_TYPE_ARRAY) slot.count = xmlrpc_array_size(env, item);
+        // Values first, which most arguments are.
+        if (!(argument.kind == ArgumentKind::value ? value(item) : pointer(item))) return false;
         xmlrpc_DECREF(item);
         return true;
     }
 
-    bool read_by_kind(xmlrpc_value *item) {
+    bool pointer(xmlrpc_value *item) {
         switch (argument.kind) {
-            case ArgumentKind::value: return value(item);
+            case ArgumentKind::value: break;
             case ArgumentKind::element: return element(item);
             case ArgumentKind::udt: return udt_pointer(item);
             case ArgumentKind::cookie: return cookie(item);
@@ -48,7 +51,7 @@ struct Reader {
 
     bool value(xmlrpc_value *item) {
         if (slot.form != XMLRPC_TYPE_INT) {
-            fault::argument(env, position, type());
+            fault::argument(env, position(), type());
             return false;
         }
         return read_int(env, item, &slot.value);
@@ -57,6 +60,7 @@ struct Reader {
     // Takes the block of a pointer argument: one unit more than the client's array has, or two for anything else. An
     // empty array has none. A form that is about to be refused costs a block too, and no allocation is tested.
     void take_block(size_t unit) {
+        slot.block = nullptr;
         if (slot.form == XMLRPC_TYPE_ARRAY && slot.count == 0) return;
         const size_t units = slot.form == XMLRPC_TYPE_ARRAY ? static_cast<size_t>(slot.count) + 1 : 2;
         slot.block = static_cast<std::byte *>(calloc(units, unit));
@@ -68,11 +72,11 @@ struct Reader {
         if (slot.form == XMLRPC_TYPE_ARRAY)
             return decode_elements(env, slot.block, item, slot.count, argument.scalar, type());
         if (slot.form == XMLRPC_TYPE_STRUCT) {
-            fault::argument_is_struct(env, position, c_name(argument.scalar));
+            fault::argument_is_struct(env, position(), c_name(argument.scalar));
             return false;
         }
         if (slot.form != XMLRPC_TYPE_INT) {
-            fault::argument(env, position, type());
+            fault::argument(env, position(), type());
             return false;
         }
         // A store of the whole int, whatever the element's width: it fills two elements of two bytes, and reaches
@@ -85,7 +89,7 @@ struct Reader {
         take_block(udt().size);
         if (slot.form == XMLRPC_TYPE_ARRAY) return decode_udts(env, udt(), slot.block, item, slot.count, udt().name);
         if (slot.form == XMLRPC_TYPE_STRUCT) return decode_udt(env, udt(), slot.block, item);
-        fault::argument_no_udt(env, position);
+        fault::argument_no_udt(env, position());
         return false;
     }
 
@@ -108,11 +112,11 @@ struct Reader {
             return true;
         }
         if (slot.form == XMLRPC_TYPE_STRUCT) {
-            fault::argument_is_struct(env, position, type());
+            fault::argument_is_struct(env, position(), type());
             return false;
         }
         if (slot.form != XMLRPC_TYPE_C_PTR) {
-            fault::argument(env, position, type());
+            fault::argument(env, position(), type());
             return false;
         }
         return store_pointer(item, slot.block);
@@ -129,9 +133,10 @@ struct Reader {
 // The echo of an argument, in the form that the client used, with what the driver left. An empty array echoes nil,
 // since its block is NULL.
 xmlrpc_value *echo(xmlrpc_env *env, const Method &method, const Argument &argument, const Slot &slot) {
+    if (argument.kind == ArgumentKind::value) return xmlrpc_int_new(env, slot.value);
     const bool array = slot.form == XMLRPC_TYPE_ARRAY;
     switch (argument.kind) {
-        case ArgumentKind::value: return xmlrpc_int_new(env, slot.value);
+        case ArgumentKind::value: break;
         case ArgumentKind::element:
             if (array) return encode_elements(env, slot.block, slot.count, argument.scalar.width);
             return xmlrpc_int_new(env, load(slot.block, {argument.scalar.width, false}));
@@ -149,29 +154,32 @@ void append(xmlrpc_env *env, xmlrpc_value *result, xmlrpc_value *item) {
     xmlrpc_DECREF(item);
 }
 
-bool count_is_right(xmlrpc_env *env, xmlrpc_value *parameters, unsigned count) {
-    if (!parameters) return count == 0;
-    return xmlrpc_array_size(env, parameters) == static_cast<int>(count);
+// The number of parameters. The registry may hand over none at all in place of an empty array.
+unsigned sent(xmlrpc_env *env, xmlrpc_value *parameters) {
+    return parameters ? static_cast<unsigned>(xmlrpc_array_size(env, parameters)) : 0;
 }
 
 }  // namespace
 
 xmlrpc_value *run_method(xmlrpc_env *env, xmlrpc_value *parameters, const Method &method, Call *call) {
-    if (!count_is_right(env, parameters, method.count)) {
-        fault::count(env, method.strings, method.count);
+    const unsigned count = method.count;
+    if (sent(env, parameters) != count) {
+        fault::count(env, method.name(), count);
         return nullptr;
     }
     __x_mm_initialize();
 
-    Slot slots[most_arguments] = {};
-    for (unsigned i = 0; i < method.count; ++i)
-        if (!Reader{env, method, i + 1, method.arguments[i], slots[i]}.read(parameters)) return nullptr;
+    Slot slots[most_arguments];  // each is set by its reader
+    const Argument *argument = method.arguments();
+    for (unsigned i = 0; i < count; ++i)
+        if (!Reader{env, method, i, *argument++, slots[i]}.read(parameters)) return nullptr;
 
     const int32_t returned = call(slots);
 
     xmlrpc_value *result = xmlrpc_array_new(env);
     append(env, result, xmlrpc_int_new(env, returned));
-    for (unsigned i = 0; i < method.count; ++i) append(env, result, echo(env, method, method.arguments[i], slots[i]));
+    argument = method.arguments();
+    for (unsigned i = 0; i < count; ++i) append(env, result, echo(env, method, *argument++, slots[i]));
     __x_mm_free();
     return result;
 }

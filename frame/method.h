@@ -36,22 +36,29 @@ struct Argument {
 
 enum class Returns : uint8_t { status, int32, uint32, nothing };
 
+// The text of a method without documentation.
+inline constexpr char no_help_text[] = "No help available";
+
+// Two pointers a method: each costs a relocation, and a private word in every process.
 struct Method {
-    const char *signature;  // as the registry takes it
-    const char *help;
-    const char *strings;  // begins with the driver function's name
-    const Argument *arguments;
+    const char *strings;  // begins with the method's full name; the arguments stand before it
     const Udt *const *udts;
+    uint16_t signature;  // string, as the registry takes it
+    uint16_t help_text;  // string; 0 for none
     uint8_t count;
     Returns returns;
 
     const char *text(uint16_t string) const { return strings + string; }
+    const char *full_name() const { return strings; }
+    const char *name() const { return strings + sizeof "lmq." - 1; }
+    const char *help() const { return help_text == 0 ? no_help_text : text(help_text); }
+    const Argument *arguments() const { return reinterpret_cast<const Argument *>(strings) - count; }
 };
 
 // An argument between decoding, driver call and echo.
 struct Slot {
     int32_t value;  // of a value argument
-    int count;      // items of a client's array
+    int count;      // items of a client's array; not set for another form
     xmlrpc_type form;
     std::byte *block;  // of a pointer argument; NULL if the client sent an empty array
 };
@@ -65,9 +72,6 @@ using Call = int32_t(Slot *);
 // echo of each argument, and frees the call's blocks. Returns NULL with a fault set for what cannot be read; the driver
 // has not been called then.
 xmlrpc_value *run_method(xmlrpc_env *env, xmlrpc_value *parameters, const Method &method, Call *call);
-
-// The text of a method without documentation.
-inline constexpr char no_help_text[] = "No help available";
 
 // The parts of a help text. Lines end in "\n", without indentation: it is added when the parts are put together.
 struct Help {
@@ -92,43 +96,45 @@ inline constexpr Help no_help{};
 // COOKIE(name): the void * that the driver is handed the call's block for.
 #define COOKIE(name) ::lmq::describe::cookie(#name)
 
-#define METHOD(api, help_parts, ...)                                                                                  \
-    namespace row_of_##api {                                                                                          \
-        constexpr auto draft = ::lmq::describe::method<decltype(::api)>(#api, help_parts __VA_OPT__(, ) __VA_ARGS__); \
-        static int32_t call(Slot *slots) { return typed_call(::api, slots); }                                         \
-    }                                                                                                                 \
-    extern constinit const Method method_##api;                                                                       \
-    constinit const Method method_##api = ::lmq::describe::packed_method<row_of_##api::draft>();                      \
-    extern "C" xmlrpc_value *x_rpc_##api(xmlrpc_env *env, xmlrpc_value *parameters, void *, void *);                  \
-    extern "C" xmlrpc_value *x_rpc_##api(xmlrpc_env *env, xmlrpc_value *parameters, void *, void *) {                 \
-        return run_method(env, parameters, method_##api, row_of_##api::call);                                         \
+#define METHOD(api, help_parts, ...)                                                                      \
+    namespace row_of_##api {                                                                              \
+        constexpr auto draft =                                                                            \
+            ::lmq::describe::method<decltype(::api)>("lmq." #api, help_parts __VA_OPT__(, ) __VA_ARGS__); \
+        static_assert(draft.fits, "row of " #api ": the header declares another prototype");              \
+    }                                                                                                     \
+    extern constinit const Method method_##api;                                                           \
+    constinit const Method method_##api = ::lmq::describe::packed_method<row_of_##api::draft>();          \
+    extern "C" xmlrpc_value *x_rpc_##api(xmlrpc_env *env, xmlrpc_value *parameters, void *, void *);      \
+    extern "C" xmlrpc_value *x_rpc_##api(xmlrpc_env *env, xmlrpc_value *parameters, void *, void *) {     \
+        return run_method(env, parameters, method_##api, &::lmq::TypedCall<&::api>::run);                 \
     }
 
-// Takes an argument from its slot, narrowed to the parameter's type. The narrowed value replaces the one that was read,
-// so that the echo shows what the driver got.
-template <class T>
-inline T take(Slot &slot) {
-    if constexpr (std::is_pointer_v<T>)
-        return reinterpret_cast<T>(slot.block);
-    else {
-        const T narrowed = static_cast<T>(slot.value);
-        slot.value = static_cast<int32_t>(narrowed);
-        return narrowed;
+// Unpacks the slots for a function and narrows each value to its parameter's type. The narrowed value replaces the one
+// that was read, so that the echo shows what the driver got.
+template <auto function>
+struct TypedCall;
+template <class R, class... P, R (*function)(P...)>
+struct TypedCall<function> {
+    template <class T>
+    static T take(Slot &slot) {
+        if constexpr (std::is_pointer_v<T>)
+            return reinterpret_cast<T>(slot.block);
+        else {
+            const T narrowed = static_cast<T>(slot.value);
+            slot.value = static_cast<int32_t>(narrowed);
+            return narrowed;
+        }
     }
-}
-
-// Unpacks the slots for a function. It is inlined into a local function for each method: an instance for each method
-// would take the driver function's visibility, and its address would come from the global offset table.
-template <class R, class... P>
-[[gnu::always_inline]] inline int32_t typed_call(R (*function)(P...), [[maybe_unused]] Slot *slots) {
-    return [&]<size_t... I>(std::index_sequence<I...>) __attribute__((always_inline)) {
-        if constexpr (std::is_void_v<R>)
-            return function(take<P>(slots[I])...), 1;  // a constant in place of a result
-        else
-            return static_cast<int32_t>(function(take<P>(slots[I])...));
+    static int32_t run([[maybe_unused]] Slot *slots) {
+        return [&]<size_t... I>(std::index_sequence<I...>) {
+            if constexpr (std::is_void_v<R>)
+                return function(take<P>(slots[I])...), 1;  // a constant in place of a result
+            else
+                return static_cast<int32_t>(function(take<P>(slots[I])...));
+        }
+        (std::index_sequence_for<P...>{});
     }
-    (std::index_sequence_for<P...>{});
-}
+};
 
 }  // namespace lmq
 
@@ -176,11 +182,18 @@ inline constexpr char signature_text[] = {'i', ':', letters..., '\0'};
 
 template <size_t N>
 struct MethodDraft {
-    const char *api, *signature;
+    const char *full_name, *signature;
     Help help;
     Returns returns;
     std::array<ArgumentDraft, N> arguments;
+    bool fits;  // the header has this prototype
 };
+
+template <class R, class... Known>
+constexpr bool is_any_of = (std::is_same_v<R, Known> || ...);
+
+template <class R>
+constexpr bool is_result = is_any_of<R, void, vx_status_e, vx_int32, vx_uint32>;
 
 template <class R>
 constexpr Returns returns() {
@@ -190,10 +203,8 @@ constexpr Returns returns() {
         return Returns::status;
     else if constexpr (std::is_same_v<R, vx_int32>)
         return Returns::int32;
-    else {
-        static_assert(std::is_same_v<R, vx_uint32>, "rows: the driver function returns a type that no method returns");
+    else
         return Returns::uint32;
-    }
 }
 
 constexpr const char *return_type(Returns returns) {
@@ -221,11 +232,11 @@ struct Prototype<R(P...)> {
 };
 
 template <class F, class... A>
-constexpr MethodDraft<sizeof...(A)> method(const char *api, const Help &help, const A &...arguments) {
+constexpr MethodDraft<sizeof...(A)> method(const char *full_name, const Help &help, const A &...arguments) {
     static_assert(sizeof...(A) <= most_arguments);
-    static_assert(Prototype<F>::template matches<A...>(),
-                  "rows: number, order or type of the arguments differ from the prototype");
-    return {api, signature_text<A::letter...>, help, returns<typename Prototype<F>::result>(), {arguments...}};
+    return {full_name,      signature_text<A::letter...>,
+            help,           returns<typename Prototype<F>::result>(),
+            {arguments...}, is_result<typename Prototype<F>::result> && Prototype<F>::template matches<A...>()};
 }
 
 // The help text of a method. Its first line is the prototype, made from the row.
@@ -253,7 +264,7 @@ struct HelpText {
     static constexpr void write(Writer &out) {
         out.put(return_type(draft.returns));
         out.put(' ');
-        out.put(draft.api);
+        out.put(draft.full_name + sizeof "lmq." - 1);
         out.put("( ");
         bool first = true;
         for (const ArgumentDraft &argument : draft.arguments) {
@@ -300,11 +311,13 @@ struct PackedMethod {
         std::array<Argument, count> arguments{};
         std::array<const Udt *, count> udts{};
         size_t udt_count = 0;
+        uint16_t signature = 0;
     };
     static constexpr Result pack() {
         Result result;
-        result.strings.size = 0;  // the function's name stands first
-        result.strings.add(draft.api);
+        result.strings.size = 0;  // the name stands first
+        result.strings.add(draft.full_name);
+        result.signature = result.strings.add(draft.signature);
         for (size_t i = 0; i < count; ++i) {
             const ArgumentDraft &argument = draft.arguments[i];
             result.arguments[i] = {result.strings.add(argument.name),
@@ -317,24 +330,42 @@ struct PackedMethod {
         }
         return result;
     }
-    static constexpr auto strings = first<pack().strings.size>(pack().strings.text);
-    static constexpr auto arguments = pack().arguments;
-    static constexpr auto udts = first<pack().udt_count>(pack().udts);
-};
+    static constexpr Result packed = pack();
+    static constexpr auto udts = first<packed.udt_count>(packed.udts);
 
-template <const auto &draft>
-constexpr const char *help_text() {
-    if constexpr (draft.help.title == nullptr)
-        return no_help_text;
-    else
-        return HelpText<draft>::text.data();
-}
+    static constexpr bool has_help = draft.help.title != nullptr;
+    static constexpr size_t help_size = [] {
+        if constexpr (has_help)
+            return HelpText<draft>::size;
+        else
+            return 0;
+    }();
+    struct Texts {
+        std::array<Argument, count> arguments;
+        std::array<char, packed.strings.size + help_size> strings;
+    };
+    struct TextsAlone {
+        std::array<char, packed.strings.size + help_size> strings;
+    };
+    static constexpr auto texts = [] {
+        std::conditional_t<(count > 0), Texts, TextsAlone> made{};
+        if constexpr (count > 0) made.arguments = packed.arguments;
+        std::copy_n(packed.strings.text.begin(), packed.strings.size, made.strings.begin());
+        if constexpr (has_help)
+            std::copy_n(HelpText<draft>::text.begin(), help_size, made.strings.begin() + packed.strings.size);
+        return made;
+    }();
+    // Method finds the arguments by their place.
+    static_assert(sizeof(std::array<Argument, count>) == count * sizeof(Argument) || count == 0);
+    static_assert(packed.strings.size + help_size < 65536);
+};
 
 template <const auto &draft>
 constexpr Method packed_method() {
     using P = PackedMethod<draft>;
-    return {draft.signature, help_text<draft>(), P::strings.data(), P::arguments.data(),
-            P::udts.data(),  uint8_t(P::count),  draft.returns};
+    return {P::texts.strings.data(), P::udts.data(),
+            P::packed.signature,     P::has_help ? uint16_t(P::packed.strings.size) : uint16_t(0),
+            uint8_t(P::count),       draft.returns};
 }
 
 }  // namespace lmq::describe

@@ -13,6 +13,7 @@
 #include <system_error>
 
 #include "process.h"
+#include "status_name.h"
 
 namespace lmq::host {
 namespace {
@@ -49,11 +50,17 @@ class Family {
     template <class Key>
     void add(const char *label, const std::map<Key, std::uint64_t> &values) {
         for (const auto &[key, value] : values) {
-            add(std::string("{") + label + "=\"" + std::to_string(key) + "\"}", std::to_string(value));
+            add(std::string("{") + label + "=\"" + label_text(key) + "\"}", std::to_string(value));
         }
     }
 
   private:
+    static std::string label_text(const std::string &key) { return key; }
+    template <class Number>
+    static std::string label_text(Number key) {
+        return std::to_string(key);
+    }
+
     std::string &to_;
     std::string name_;
 };
@@ -79,7 +86,10 @@ void Monitor::served(const Served &request) {
         ++latency_[bucket];
     }
     if (request.fault != 0) ++by_fault_[request.fault];
-    if (request.has_driver_status) ++by_driver_status_[request.driver_status];
+    if (request.has_driver_status) {
+        const std::string_view name = status_name(request.driver_status);
+        ++by_driver_status_[std::string(name.empty() ? "other" : name)];
+    }
     if (log_ == nullptr) return;
     if (format_ == Format::json) {
         write_json(request);
@@ -94,7 +104,10 @@ void Monitor::write_text(const Served &request) {
     std::string line = now() + " " + shown(request.peer) + " " + shown(request.user) + " " + shown(request.method) +
                        " " + std::to_string(request.status);
     if (request.fault != 0) line += " fault=" + std::to_string(request.fault);
-    if (request.has_driver_status) line += " driver=" + std::to_string(request.driver_status);
+    if (request.has_driver_status) {
+        const std::string_view name = status_name(request.driver_status);
+        line += " driver=" + (name.empty() ? std::to_string(request.driver_status) : std::string(name));
+    }
     line += " " + number(static_cast<double>(request.time.count()) / 1000) + "ms\n";
     std::fputs(line.c_str(), log_.get());
 }
@@ -107,7 +120,11 @@ void Monitor::write_json(const Served &request) {
     if (!request.method.empty()) line["method"] = request.method;
     line["status"] = request.status;
     if (request.fault != 0) line["fault"] = request.fault;
-    if (request.has_driver_status) line["driver"] = request.driver_status;
+    if (request.has_driver_status) {
+        line["driver"] = request.driver_status;
+        const std::string_view name = status_name(request.driver_status);
+        if (!name.empty()) line["driver_name"] = name;
+    }
     line["ms"] = static_cast<double>(request.time.count()) / 1000;
     std::fputs((line.dump(-1, ' ', true, nlohmann::ordered_json::error_handler_t::replace) + "\n").c_str(), log_.get());
 }
@@ -116,7 +133,7 @@ std::string Monitor::metrics(const Backend::State &backend, std::size_t connecti
     std::string text;
     Family(text, "lmq_http_responses_total", "counter", "Answered requests by HTTP status.").add("status", by_status_);
     Family(text, "lmq_faults_total", "counter", "Faults by code.").add("code", by_fault_);
-    Family(text, "lmq_driver_statuses_total", "counter", "Results of driver functions by value.")
+    Family(text, "lmq_driver_statuses_total", "counter", "Results of driver functions by name.")
         .add("status", by_driver_status_);
     {
         Family latency(text, "lmq_call_seconds", "histogram", "From the end of a call's document to its answer.");

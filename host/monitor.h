@@ -64,7 +64,7 @@ class Monitor {
     Format format_;
     std::map<unsigned, std::uint64_t> by_status_;
     std::map<int, std::uint64_t> by_fault_;
-    std::map<int, std::uint64_t> by_driver_status_;
+    std::map<std::string, std::uint64_t> by_driver_status_;
     std::array<std::uint64_t, buckets> latency_{};
     std::uint64_t calls_ = 0;
     double seconds_ = 0;

@@ -75,7 +75,7 @@ std::optional<Options> read_options(int argc, char **argv, int &status) {
     const auto size = [&](const char *name, std::size_t &to, const char *help) {
         text(name, to, "SIZE", help)->transform(CLI::AsSizeValue(false).description(""));
     };
-    text("--driver", options.driver, "PATH", "The driver (default: liblmq.so beside the program or in lib/lmq)");
+    text("--driver", options.driver, "PATH", "The driver (default: " LMQ_HOST_DRIVER_NAME " beside the program or in lib/lmq)");
     text("--plugin", options.plugin, "PATH", "The plug-in (default: lmq_xmlrpc.so, looked for like the driver)");
     app.add_flag("--check", options.check, "Load everything, listen, and leave");
     app.add_flag("--in-process", options.in_process, "Call the driver in this process, for a debugger");

@@ -11,6 +11,7 @@
 #include <cmath>
 #include <cstdint>
 #include <new>
+#include <random>
 #include <system_error>
 
 namespace lmq::host {
@@ -320,9 +321,12 @@ void Prepass::Free::operator()(XML_ParserStruct *parser) const { XML_ParserFree(
 
 Prepass::Prepass(const PrepassLimits &limits) : limits_(limits), parser_(XML_ParserCreate("UTF-8")) {
     if (parser_ == nullptr) throw std::bad_alloc();
+    while (salt_ == 0) salt_ = std::random_device()();
 }
 
 Verdict Prepass::examine(std::string_view document) {
+    // Left to itself, expat asks the kernel for a fresh salt for each document.
+    XML_SetHashSalt(parser_.get(), salt_);
     Walk walk(limits_, parser_.get());
     Verdict verdict = walk.run(document);
     XML_ParserReset(parser_.get(), "UTF-8");

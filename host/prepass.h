@@ -56,6 +56,8 @@ class Prepass {
 
     PrepassLimits limits_;
     std::unique_ptr<XML_ParserStruct, Free> parser_;
+    /** What clients cannot guess, so that they cannot choose names that collide in expat's tables. Not 0. */
+    unsigned long salt_ = 0;
 };
 
 }  // namespace lmq::host

@@ -290,7 +290,8 @@ void Server::feed_watchdog() {
 void Server::run(const StopSignals &stop) {
     while (!wait(stop.descriptor(), poll_timeout())) {
         MHD_run(daemon_);
-        advance();
+        // An answer goes out at once, without a look at what else there is.
+        if (advance()) MHD_run(daemon_);
         if (Clock::now() >= next_sweep_) sweep();
         feed_watchdog();
     }
@@ -338,17 +339,25 @@ bool Server::wait(int other, int timeout) {
         look(timeout);
         spinner_.slept(Clock::now() - start);
     }
+    backend_moved_ = descriptors[2].revents != 0 || descriptors[3].revents != 0;
     return descriptors[1].revents != 0;
 }
 
-/** Takes the outcome of the call in hand, and starts the next one. At most one call ends here. */
-void Server::advance() {
-    auto outcome = backend_.step();
-    if (outcome && current_ != nullptr) finish(*std::move(outcome));
+/**
+ * Takes the outcome of the call in hand if there may be one, and starts the next call.
+ * @return Whether there is an answer to be sent.
+ */
+bool Server::advance() {
+    const auto take = [this] {
+        auto outcome = backend_.step();
+        if (!outcome || current_ == nullptr) return false;
+        finish(*std::move(outcome));
+        return true;
+    };
+    bool finished = (backend_moved_ || backend_.timeout() == 0) && take();
     if (current_ == nullptr && !waiting_.empty() && backend_.ready()) {
         begin_next();
-        outcome = backend_.step();
-        if (outcome) finish(*std::move(outcome));
+        if (backend_.timeout() == 0 && take()) finished = true;
     }
     if (current_ != nullptr && options_.slow.count() > 0 && !told_slow_ && Clock::now() >= begun_ + options_.slow) {
         told_slow_ = true;
@@ -356,6 +365,7 @@ void Server::advance() {
                      current_->method.c_str(), current_->peer->address.c_str(),
                      static_cast<long long>(options_.slow.count()));
     }
+    return finished;
 }
 
 /**
@@ -392,7 +402,6 @@ void Server::finish(Backend::Outcome outcome) {
             break;
     }
     MHD_resume_connection(exchange.connection);
-    run_again_ = true;
 }
 
 /** Hangs up on clients that take too long. The idle timeout does not see those that send a byte now and then. */
@@ -438,7 +447,7 @@ void Server::drain() {
         MHD_run(daemon_);
         if (current_ != nullptr) deadline = Clock::now() + drain_time;
         feed_watchdog();
-        advance();
+        if (advance()) MHD_run(daemon_);
     }
 }
 

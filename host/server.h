@@ -70,7 +70,7 @@ class Server {
 
     int poll_timeout();
     bool wait(int other, int timeout);
-    void advance();
+    bool advance();
     void begin_next();
     void finish(Backend::Outcome outcome);
     void sweep();
@@ -104,10 +104,12 @@ class Server {
     std::chrono::milliseconds watchdog_{0};
     Clock::time_point next_watchdog_;
     /**
-     * Whether the HTTP library has work that no socket tells of: an answer to send, or, after a connection has been
-     * closed, new ones to accept, which it stops to do while there are too many.
+     * Whether the HTTP library has work that no socket tells of: refusals to send at the end, or, after a connection has
+     * been closed, new ones to accept, which it stops to do while there are too many.
      */
     bool run_again_ = false;
+    /** Whether the backend had something to tell when the loop last woke. */
+    bool backend_moved_ = false;
     bool stopping_ = false;
 };
 

@@ -20,7 +20,7 @@ namespace lmq::host {
 namespace {
 
 /** The name that the plug-in asks the loader for. A driver must carry it, or the loader would look for another one. */
-constexpr const char driver_name[] = "liblmq.so";
+constexpr const char driver_name[] = LMQ_HOST_DRIVER_NAME;
 constexpr const char plugin_name[] = "lmq_xmlrpc.so";
 
 void load_driver(const std::string &named) {

@@ -15,6 +15,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <exception>
+#include <optional>
 #include <stdexcept>
 #include <system_error>
 #include <utility>
@@ -69,15 +70,40 @@ bool write_frame(int fd, FrameKind kind, std::string_view text) {
     return true;
 }
 
-bool read_all(int fd, char *to, std::size_t size) {
-    while (size > 0) {
-        const ssize_t count = recv(fd, to, size, 0);
-        if (count < 0 && errno == EINTR) continue;
-        if (count <= 0) return false;
-        to += count;
-        size -= static_cast<std::size_t>(count);
+/**
+ * Reads a frame into a buffer, which grows with it. Nothing follows a frame: the other end waits for the answer.
+ * @param spinner Asks for the first bytes before the process goes to sleep over them.
+ * @return The document; nothing if nobody is at the other end.
+ */
+std::optional<std::string_view> read_frame(int fd, std::vector<char> &buffer, Spinner &spinner) {
+    std::size_t received = 0;
+    /** Returns whether there is still somebody at the other end. */
+    const auto take = [&](int flags) {
+        const ssize_t count = recv(fd, buffer.data() + received, buffer.size() - received, flags);
+        if (count > 0) received += static_cast<std::size_t>(count);
+        return count > 0 || (count < 0 && (errno == EAGAIN || errno == EINTR));
+    };
+    bool open = true;
+    const auto look = [&] {
+        open = take(MSG_DONTWAIT);
+        return received > 0 || !open;
+    };
+    if (!spinner.spin(look)) {
+        const auto start = Spinner::Clock::now();
+        while (open && received == 0) open = take(0);
+        spinner.slept(Spinner::Clock::now() - start);
     }
-    return true;
+    while (open) {
+        FrameHead head{};
+        if (received >= sizeof head) {
+            std::memcpy(&head, buffer.data(), sizeof head);
+            const std::size_t whole = sizeof head + head.size;
+            if (received == whole) return std::string_view(buffer.data() + sizeof head, head.size);
+            if (buffer.size() < whole) buffer.resize(whole);
+        }
+        open = take(0);
+    }
+    return std::nullopt;
 }
 
 /** The life of a worker: it loads everything, then answers until the host closes the socket. */
@@ -91,21 +117,11 @@ void work(int fd, const Open &open, std::chrono::microseconds spin) {
     }
     if (!write_frame(fd, FrameKind::ready, "")) return;
     Spinner spinner(spin);
-    std::string document;
-    for (;;) {
-        pollfd waited{fd, POLLIN, 0};
-        if (!spinner.spin([&] { return poll(&waited, 1, 0) != 0; })) {
-            const auto start = Spinner::Clock::now();
-            while (poll(&waited, 1, -1) < 0 && errno == EINTR) continue;
-            spinner.slept(Spinner::Clock::now() - start);
-        }
-        FrameHead head{};
-        if (!read_all(fd, reinterpret_cast<char *>(&head), sizeof head)) return;
-        document.resize(head.size);
-        if (!read_all(fd, document.data(), head.size)) return;
+    std::vector<char> buffer(first_buffer);
+    while (const auto document = read_frame(fd, buffer, spinner)) {
         bool there = false;
         try {
-            there = write_frame(fd, FrameKind::answer, call(document));
+            there = write_frame(fd, FrameKind::answer, call(*document));
         } catch (const std::exception &error) {
             there = write_frame(fd, FrameKind::unanswerable, error.what());
         }

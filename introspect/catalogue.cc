@@ -19,10 +19,17 @@ constexpr const Udt *udts[] = {
 #undef UDT_NAME
 };
 
-const Udt *find(const char *name) {
-    for (const Udt *udt : udts)
-        if (is_full_name(name, udt->name)) return udt;
-    return nullptr;
+constexpr auto udts_by_name = sorted({
+#define UDT_NAME(T) #T,
+#include "families/udts.def"
+#undef UDT_NAME
+});
+
+const Udt *find_udt(const char *name) {
+    const char *bare = bare_name(name);
+    if (!bare) return nullptr;
+    const uint16_t *found = find(udts_by_name, bare, [](uint16_t udt) { return udts[udt]->name; });
+    return found ? udts[*found] : nullptr;
 }
 
 // An array of scalars is told by the resolved type of its elements, every other member as it is declared.
@@ -44,7 +51,7 @@ struct ToldName {
 
 // The members at the top level. The keys inside an inline struct are told by a prototype alone.
 xmlrpc_value *members(xmlrpc_env *env, const char *name) {
-    const Udt *udt = find(name);
+    const Udt *udt = find_udt(name);
     if (!udt) return nullptr;
     xmlrpc_value *list = xmlrpc_array_new(env);
     for (const Row *row = udt->rows; row != udt->end(); row = next(row))
@@ -56,7 +63,7 @@ xmlrpc_value *members(xmlrpc_env *env, const char *name) {
 
 // A struct with every key, all zero. Nothing of it stays here, in spite of the method's name. Without memory it is nil.
 xmlrpc_value *prototype(xmlrpc_env *env, const char *name) {
-    const Udt *udt = find(name);
+    const Udt *udt = find_udt(name);
     if (!udt) return nullptr;
     void *zeros = calloc(1, udt->size);
     xmlrpc_value *value = encode_udt(env, *udt, static_cast<std::byte *>(zeros));

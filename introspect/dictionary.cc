@@ -5,6 +5,7 @@
 #include "introspect/dictionary.h"
 
 #include <cstring>
+#include <string_view>
 
 #include "frame/method.h"
 #include "introspect/lookup.h"
@@ -54,7 +55,24 @@ constexpr char typedefs[] =  // name and base type in turn
     ;
 
 // Walks the parts of a dictionary. The last is followed by an empty one.
-const char *behind(const char *part) { return part + strlen(part) + 1; }
+constexpr const char *behind(const char *part) { return part + std::char_traits<char>::length(part) + 1; }
+
+constexpr size_t typedef_count = [] {
+    size_t count = 0;
+    for (const char *part = typedefs; *part; part = behind(behind(part))) ++count;
+    return count;
+}();
+
+constexpr const char *typedef_at(uint16_t offset) { return typedefs + offset; }
+
+// By offsets of their names.
+constexpr auto typedefs_by_name = [] {
+    std::array<uint16_t, typedef_count> offsets{};
+    size_t count = 0;
+    for (const char *part = typedefs; *part; part = behind(behind(part)))
+        offsets[count++] = static_cast<uint16_t>(part - typedefs);
+    return sorted(offsets, typedef_at);
+}();
 
 void set(xmlrpc_env *env, xmlrpc_value *record, const char *key, xmlrpc_value *value) {
     xmlrpc_struct_set_value(env, record, key, value);
@@ -64,9 +82,8 @@ void set(xmlrpc_env *env, xmlrpc_value *record, const char *key, xmlrpc_value *v
 }  // namespace
 
 const char *behind_typedefs(const char *name) {
-    for (const char *part = typedefs; *part; part = behind(behind(part)))
-        if (strcmp(part, name) == 0) return behind_typedefs(behind(part));
-    return name;
+    const uint16_t *found = find(typedefs_by_name, name, typedef_at);
+    return found ? behind_typedefs(behind(typedef_at(*found))) : name;
 }
 
 extern "C" xmlrpc_value *x_rpc_listEnums(xmlrpc_env *env, xmlrpc_value *, void *, void *) {

@@ -22,8 +22,8 @@ FullName::FullName(const char *name) {
     strcpy(text + prefix_size, name);
 }
 
-bool is_full_name(const char *name, const char *bare) {
-    return strncmp(name, name_prefix, prefix_size) == 0 && strcmp(name + prefix_size, bare) == 0;
+const char *bare_name(const char *name) {
+    return strncmp(name, name_prefix, prefix_size) == 0 ? name + prefix_size : nullptr;
 }
 
 void append_record(xmlrpc_env *env, xmlrpc_value *list, xmlrpc_value *record) {

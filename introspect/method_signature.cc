@@ -1,14 +1,36 @@
 // lmq.methodSignature: what a method returns and takes, and its help text, told from the rows that its handler reads.
 #include <cstring>
 
-#include "frame/methods.h"
+#include "frame/method.h"
 #include "introspect/dictionary.h"
 #include "introspect/lookup.h"
 #include "lmq_xmlrpc.h"
 
+// Hidden, as in the entry.
+#pragma GCC visibility push(hidden)
+namespace lmq {
+#define API(api) extern const Method method_##api;
+#include "frame/order.def"
+#undef API
+}  // namespace lmq
+#pragma GCC visibility pop
+
 namespace lmq {
 
 namespace {
+
+// The API methods; the order shows nowhere. The introspection methods have no row here.
+constexpr const Method *methods[] = {
+#define API(api) &method_##api,
+#include "frame/order.def"
+#undef API
+};
+
+constexpr auto methods_by_name = sorted({
+#define API(api) #api,
+#include "frame/order.def"
+#undef API
+});
 
 const char *primitive_return_type(Returns returns) {
     switch (returns) {
@@ -51,15 +73,16 @@ xmlrpc_value *signature(xmlrpc_env *env, const Method &method) {
     xmlrpc_value *list = xmlrpc_array_new(env);
     append_record(env, list,
                   x_dvr_var(env, describe::return_type(method.returns), primitive_return_type(method.returns), nullptr,
-                            0, method.help));
-    for (unsigned i = 0; i < method.count; ++i) append_record(env, list, parameter(env, method, method.arguments[i]));
+                            0, method.help()));
+    for (unsigned i = 0; i < method.count; ++i) append_record(env, list, parameter(env, method, method.arguments()[i]));
     return list;
 }
 
 xmlrpc_value *answer(xmlrpc_env *env, const char *name) {
-    for (unsigned i = 0; i < api_method_count; ++i)
-        if (is_full_name(name, api_methods[i].method->strings)) return signature(env, *api_methods[i].method);
-    return nullptr;
+    const char *bare = bare_name(name);
+    if (!bare) return nullptr;
+    const uint16_t *found = find(methods_by_name, bare, [](uint16_t method) { return methods[method]->name(); });
+    return found ? signature(env, *methods[*found]) : nullptr;
 }
 
 }  // namespace

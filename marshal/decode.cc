@@ -29,11 +29,16 @@ struct Decoder {
         const char *udt;
     };
 
+    fault::Place place(const Row &row, Naming naming) const {
+        return {naming.member ? naming.member : key(row), naming.udt};
+    }
+
     bool rows(const Row *row, const Row *end, xmlrpc_value *value, Naming naming) {
         for (; row != end; row = next(row)) {
-            if (!xmlrpc_struct_has_key(env, value, key(*row))) continue;
+            const char *const name = key(*row);
+            if (!xmlrpc_struct_has_key(env, value, name)) continue;
             xmlrpc_value *read;
-            xmlrpc_struct_read_value(env, value, key(*row), &read);
+            xmlrpc_struct_read_value(env, value, name, &read);
             if (!member(*row, read, naming)) return false;
             xmlrpc_DECREF(read);
         }
@@ -41,46 +46,45 @@ struct Decoder {
     }
 
     bool member(const Row &row, xmlrpc_value *value, Naming naming) {
-        const fault::Place place{naming.member ? naming.member : key(row), naming.udt};
         switch (row.kind) {
-            case Kind::scalar: return scalar(row, value, place);
-            case Kind::wide: return wide(row, value, place);
-            case Kind::string: return string(row, value, place);
-            case Kind::elements: return elements(row, value, place);
-            case Kind::nested: return nested(row, value, place);
-            case Kind::udt_array: return udt_array(row, value, place);
-            case Kind::udt_list: return udt_list(row, value, place);
-            case Kind::inline_struct: return group(row, value, place, {place.member, naming.udt});
-            case Kind::overlaid: return group(row, value, place, {nullptr, "inline struct"});
-            case Kind::flag: return flag(row, value, place);
+            case Kind::scalar: return scalar(row, value, naming);
+            case Kind::wide: return wide(row, value, naming);
+            case Kind::string: return string(row, value, naming);
+            case Kind::elements: return elements(row, value, naming);
+            case Kind::nested: return nested(row, value, naming);
+            case Kind::udt_array: return udt_array(row, value, naming);
+            case Kind::udt_list: return udt_list(row, value, naming);
+            case Kind::inline_struct: return group(row, value, naming, {place(row, naming).member, naming.udt});
+            case Kind::overlaid: return group(row, value, naming, {nullptr, "inline struct"});
+            case Kind::flag: return flag(row, value, naming);
         }
         __builtin_unreachable();
     }
 
-    bool read(const Row &row, xmlrpc_value *value, fault::Place place, int32_t *into) {
+    bool read(const Row &row, xmlrpc_value *value, Naming naming, int32_t *into) {
         if (xmlrpc_value_type(value) != XMLRPC_TYPE_INT) {
-            fault::member(env, place, type(row));
+            fault::member(env, place(row, naming), type(row));
             return false;
         }
         return read_int(env, value, into);
     }
 
-    bool scalar(const Row &row, xmlrpc_value *value, fault::Place place) {
+    bool scalar(const Row &row, xmlrpc_value *value, Naming naming) {
         int32_t number;
-        if (!read(row, value, place, &number)) return false;
+        if (!read(row, value, naming, &number)) return false;
         store(at(row), row.width, number);
         return true;
     }
 
     // The one place where two wire types are taken: an int is extended by its sign.
-    bool wide(const Row &row, xmlrpc_value *value, fault::Place place) {
+    bool wide(const Row &row, xmlrpc_value *value, Naming naming) {
         xmlrpc_int64 number = 0;
         if (xmlrpc_value_type(value) == XMLRPC_TYPE_I8) {
             xmlrpc_read_i8(env, value, &number);
             if (env->fault_occurred) return false;
         } else {
             int32_t narrow;
-            if (!read(row, value, place, &narrow)) return false;
+            if (!read(row, value, naming, &narrow)) return false;
             number = narrow;
         }
         memcpy(at(row), &number, sizeof number);
@@ -88,9 +92,9 @@ struct Decoder {
     }
 
     // The length counts the characters alone, so a string that fills the member puts its terminator on the byte behind.
-    bool string(const Row &row, xmlrpc_value *value, fault::Place place) {
+    bool string(const Row &row, xmlrpc_value *value, Naming naming) {
         if (xmlrpc_value_type(value) != XMLRPC_TYPE_STRING) {
-            fault::member(env, place, type(row));
+            fault::member(env, place(row, naming), type(row));
             return false;
         }
         const char *text = nullptr;
@@ -100,61 +104,61 @@ struct Decoder {
         if (env->fault_occurred) return false;
         const size_t length = strlen(text);
         if (length > row.count) {
-            fault::member_too_long(env, place, row.count);
+            fault::member_too_long(env, place(row, naming), row.count);
             return false;
         }
         memcpy(at(row), text, length + 1);
         return true;
     }
 
-    bool elements(const Row &row, xmlrpc_value *value, fault::Place place) {
+    bool elements(const Row &row, xmlrpc_value *value, Naming naming) {
         const Scalar element{row.width, row.is_signed};
         const xmlrpc_type form = xmlrpc_value_type(value);
         if (form == XMLRPC_TYPE_ARRAY)
             return decode_elements(env, at(row), value, xmlrpc_array_size(env, value), element, type(row));
         if (form == XMLRPC_TYPE_STRUCT) {
-            fault::member_is_struct(env, place, c_name(element));
+            fault::member_is_struct(env, place(row, naming), c_name(element));
             return false;
         }
-        return scalar(row, value, place);  // into the first element
+        return scalar(row, value, naming);  // into the first element
     }
 
-    bool nested(const Row &row, xmlrpc_value *value, fault::Place place) {
+    bool nested(const Row &row, xmlrpc_value *value, Naming naming) {
         if (xmlrpc_value_type(value) != XMLRPC_TYPE_STRUCT) {
-            fault::member(env, place, type(row));
+            fault::member(env, place(row, naming), type(row));
             return false;
         }
         return decode_udt(env, inner(row), at(row), value);
     }
 
-    bool udt_array(const Row &row, xmlrpc_value *value, fault::Place place) {
+    bool udt_array(const Row &row, xmlrpc_value *value, Naming naming) {
         const xmlrpc_type form = xmlrpc_value_type(value);
         if (form == XMLRPC_TYPE_ARRAY)
             return decode_udts(env, inner(row), at(row), value, xmlrpc_array_size(env, value), type(row));
         if (form == XMLRPC_TYPE_STRUCT) return decode_udt(env, inner(row), at(row), value);  // into the first element
-        fault::member_no_udt(env, place);
+        fault::member_no_udt(env, place(row, naming));
         return false;
     }
 
-    bool udt_list(const Row &row, xmlrpc_value *value, fault::Place place) {
+    bool udt_list(const Row &row, xmlrpc_value *value, Naming naming) {
         if (xmlrpc_value_type(value) == XMLRPC_TYPE_ARRAY)
             return decode_udts(env, inner(row), at(row), value, xmlrpc_array_size(env, value), type(row));
-        fault::member_pointer(env, place, type(row));
+        fault::member_pointer(env, place(row, naming), type(row));
         return false;
     }
 
-    bool group(const Row &row, xmlrpc_value *value, fault::Place place, Naming inside) {
+    bool group(const Row &row, xmlrpc_value *value, Naming naming, Naming inside) {
         if (xmlrpc_value_type(value) != XMLRPC_TYPE_STRUCT) {
-            fault::member_no_inline_struct(env, place, key(row));
+            fault::member_no_inline_struct(env, place(row, naming), key(row));
             return false;
         }
         return rows(&row + 1, next(&row), value, inside);
     }
 
     // Takes the low bits of the value that the flag has room for; the other flags of the word are kept.
-    bool flag(const Row &row, xmlrpc_value *value, fault::Place place) {
+    bool flag(const Row &row, xmlrpc_value *value, Naming naming) {
         int32_t number;
-        if (!read(row, value, place, &number)) return false;
+        if (!read(row, value, naming, &number)) return false;
         const uint32_t mask = (row.bits < 32 ? (1u << row.bits) - 1 : ~0u) << row.count;
         const uint32_t word = static_cast<uint32_t>(load(at(row), {row.width, false}));
         const uint32_t bits = static_cast<uint32_t>(number) << row.count;

@@ -27,32 +27,30 @@
 #include "marshal/row.h"
 
 // SCALAR(T, m): an integer, enum or vx_boolean. 8, 16 and 32 bits are an int on the wire, 64 bits an i8.
-#define SCALAR(T, m) ::lmq::describe::scalar<decltype(S::m), T>(#m, #T, offsetof(S, m))
+#define SCALAR(T, m) LMQ_ROW(m, T, #T, ::lmq::describe::scalar<decltype(S::m)>(#m, #T, offsetof(S, m)))
 
 // ELEMENTS(T, m, bound): an array of scalars. `bound` is spelled as the header spells it, and printed so; for an array
 // typedef such as vx_mac_addr_t, T is the typedef.
-#define ELEMENTS(T, m, bound) ::lmq::describe::elements<decltype(S::m), T, (bound)>(#m, #T, #bound, offsetof(S, m))
+#define ELEMENTS(T, m, bound)                                                                                  \
+    LMQ_ROW(m, ::lmq::describe::element_of<T>[bound], "an array of elements of " #T " with the bound " #bound, \
+            ::lmq::describe::elements<decltype(S::m), T, (bound)>(#m, #T, #bound, offsetof(S, m)))
 
 // STRING(m, bound): a character array that travels as a string of at most `bound` characters.
-#define STRING(m, bound) ::lmq::describe::string<decltype(S::m), (bound)>(#m, #bound, offsetof(S, m))
+#define STRING(m, bound)                           \
+    LMQ_ROW(m, char[bound], "vx_char[" #bound "]", \
+            ::lmq::describe::string<decltype(S::m), (bound)>(#m, #bound, offsetof(S, m)))
 
 // NESTED(T, m): a UDT by value.
-#define NESTED(T, m) ::lmq::describe::nested<decltype(S::m), T>(#m, #T, udt_##T, offsetof(S, m))
+#define NESTED(T, m) LMQ_ROW(m, T, #T, ::lmq::describe::nested<decltype(S::m)>(#m, #T, udt_##T, offsetof(S, m)))
 
 // UDT_ARRAY(T, m, bound): an array of UDTs, which a client may also send as a single struct.
-#define UDT_ARRAY(T, m, bound)                                                                      \
-    ::lmq::describe::udt_array<decltype(S::m), T, (bound)>(#m, #T, #bound, udt_##T, offsetof(S, m), \
-                                                           ::lmq::Kind::udt_array)
+#define UDT_ARRAY(T, m, bound) LMQ_UDT_ROW(T, #T, m, (bound), #bound, ::lmq::Kind::udt_array)
 
 // UDT_ARRAY_SPELLED(T, spelling, m, bound): the same where member lists and fault texts spell the type otherwise.
-#define UDT_ARRAY_SPELLED(T, spelling, m, bound)                                                          \
-    ::lmq::describe::udt_array<decltype(S::m), T, (bound)>(#m, spelling, #bound, udt_##T, offsetof(S, m), \
-                                                           ::lmq::Kind::udt_array)
+#define UDT_ARRAY_SPELLED(T, spelling, m, bound) LMQ_UDT_ROW(T, spelling, m, (bound), #bound, ::lmq::Kind::udt_array)
 
 // UDT_LIST(T, m, bound): an array of UDTs for which a single struct is refused.
-#define UDT_LIST(T, m, bound)                                                                       \
-    ::lmq::describe::udt_array<decltype(S::m), T, (bound)>(#m, #T, #bound, udt_##T, offsetof(S, m), \
-                                                           ::lmq::Kind::udt_list)
+#define UDT_LIST(T, m, bound) LMQ_UDT_ROW(T, #T, m, (bound), #bound, ::lmq::Kind::udt_list)
 
 // INLINE(m, rows...): a struct or union declared within the UDT. Fault texts of the keys inside name the UDT's own
 // member, whatever the depth: "Member addr of struct type vx_ip_addr_t: expected a vx_in_addr_t ...".
@@ -67,10 +65,12 @@
                                            ::lmq::describe::join(__VA_ARGS__))
 
 // FLAGS(m, flags...): an inline struct of bit-fields, all of them, in order from bit 0. A flag may be wider than a bit.
-#define FLAGS(m, ...)                                                                                              \
-    ::lmq::describe::flags<decltype(S::m)>(#m, offsetof(S, m),                                                     \
-                                           sizeof(decltype(S::m){LMQ_FOR_EACH(LMQ_FLAG_ZERO, S::m, __VA_ARGS__)}), \
-                                           std::array{LMQ_FOR_EACH(LMQ_FLAG, S::m, __VA_ARGS__)})
+#define FLAGS(m, ...)                                                                                               \
+    (LMQ_CHECK("row " #m ": the header declares a flag that has no row",                                            \
+               ::lmq::describe::members<decltype(S::m)>() == (LMQ_FOR_EACH(LMQ_FLAG_COUNT, , __VA_ARGS__))),        \
+     ::lmq::describe::flags<decltype(S::m)>(#m, offsetof(S, m),                                                     \
+                                            sizeof(decltype(S::m){LMQ_FOR_EACH(LMQ_FLAG_ZERO, S::m, __VA_ARGS__)}), \
+                                            std::array{LMQ_FOR_EACH(LMQ_FLAG, S::m, __VA_ARGS__)}))
 
 // MASK(m, T, flags...): a mask in two views, `mask_s` with the flags and `mask`, the word over them, of type T. A
 // client that sends both gets `mask`, since it is read second. Where T is narrower than the flags, the last flags can
@@ -79,22 +79,46 @@
 
 // UDT(T, rows...): describes T and defines udt_T. Stands in namespace lmq. Does not compile before T is named in
 // families/udts.def, or clients would not be told of it.
-#define UDT(T, ...)                                                                                      \
-    namespace rows_of_##T {                                                                              \
-        using S = T;                                                                                     \
-        using declared_by_udts_def = decltype(::lmq::udt_##T);                                           \
-        constexpr auto drafts = ::lmq::describe::join(__VA_ARGS__);                                      \
-        static_assert(::lmq::describe::covers<S>(drafts),                                                \
-                      "rows of " #T ": a member has no row, or the rows are not in the header's order"); \
-    }                                                                                                    \
+#define UDT(T, ...)                                                 \
+    namespace rows_of_##T {                                         \
+        using S = T;                                                \
+        using declared_by_udts_def = decltype(::lmq::udt_##T);      \
+        constexpr auto drafts = ::lmq::describe::join(__VA_ARGS__); \
+        LMQ_UDT_CHECK(T)                                            \
+    }                                                               \
     constinit const Udt udt_##T = ::lmq::describe::packed<rows_of_##T::drafts>(#T, sizeof(T));
 
+// The headers of this repository declare what clients see: every member has a row, and the rows stand in the header's
+// order. A real driver's own headers (LMQ_REAL_DRIVER) may declare members that clients do not see, and in any order:
+// the offsets follow. Since such members stay 0, the compiler warns of them.
+#ifdef LMQ_REAL_DRIVER
+#define LMQ_UDT_CHECK(T)                      \
+    [[maybe_unused]] constexpr bool checked = \
+        ::lmq::describe::complete(std::bool_constant<::lmq::describe::leaves_none_out<S>(drafts)>{});
+#else
+#define LMQ_UDT_CHECK(T)                              \
+    static_assert(::lmq::describe::covers<S>(drafts), \
+                  "rows of " #T ": a member has no row, or the rows are not in the header's order");
+#endif
+
 // UDT_AS(T, Rows): T has the members of Rows under a name of its own, which its fault texts carry.
-#define UDT_AS(T, Rows)                                                                 \
-    static_assert(std::is_same_v<T, Rows>, "rows: the two types differ in the header"); \
+#define UDT_AS(T, Rows)                                                                                     \
+    static_assert(std::is_same_v<T, Rows>, "rows of " #T ": in the header it is another type than " #Rows); \
     constinit const Udt udt_##T = ::lmq::describe::packed<rows_of_##Rows::drafts>(#T, sizeof(T));
 
+// An expression that holds a check, whose text can name the row; hence the function, which is never called.
+#define LMQ_CHECK(text, ...) void([] { static_assert(__VA_ARGS__, text); })
+
+// A row whose member must have the type T in the header: `told` in words. A bound comes here as a text already, since
+// an argument that goes on to another macro is no longer as it was spelled.
+#define LMQ_ROW(m, T, told, ...) \
+    (LMQ_CHECK("row " #m ": the header does not declare it as " told, std::is_same_v<decltype(S::m), T>), __VA_ARGS__)
+#define LMQ_UDT_ROW(T, spelling, m, count, bound, kind) \
+    LMQ_ROW(m, T[count], #T "[" bound "]",              \
+            ::lmq::describe::udt_array<decltype(S::m), count>(#m, spelling, bound, udt_##T, offsetof(S, m), kind))
+
 // What FLAGS makes of one flag. The initialiser with every flag in turn compiles in the header's order alone.
+#define LMQ_FLAG_COUNT(mask, name) +1
 #define LMQ_FLAG_ZERO(mask, name) .name = 0,
 #define LMQ_FLAG(mask, name)                                              \
     ::lmq::describe::flag<decltype(mask)>(#name, [](auto &all) {          \
@@ -148,9 +172,8 @@ constexpr const char *key_of(const char *path) {
     return key;
 }
 
-template <class Actual, class Declared>
+template <class Actual>
 constexpr std::array<Draft, 1> scalar(const char *path, const char *type, size_t offset) {
-    static_assert(std::is_same_v<Actual, Declared>, "rows: the header declares the member with another type");
     static_assert(is_scalar<Actual>, "rows: the member is no scalar");
     return {Draft{.key = key_of(path),
                   .type = type,
@@ -162,14 +185,10 @@ constexpr std::array<Draft, 1> scalar(const char *path, const char *type, size_t
                   .kind = sizeof(Actual) == 8 ? Kind::wide : Kind::scalar}};
 }
 
-template <class Actual, class Declared, size_t bound>
+template <class Actual, class T, size_t bound>
 constexpr std::array<Draft, 1> elements(const char *path, const char *type, const char *spelled, size_t offset) {
-    using Element = element_of<Declared>;
-    static_assert(std::is_array_v<Actual>, "rows: the member is no array");
-    static_assert(std::is_same_v<std::remove_extent_t<Actual>, Element>,
-                  "rows: the header declares the elements with another type");
+    using Element = element_of<T>;
     static_assert(is_scalar<Element> && sizeof(Element) <= 4, "rows: the elements are no scalars of 8, 16 or 32 bits");
-    static_assert(std::extent_v<Actual> == bound, "rows: the header declares another bound");
     return {Draft{.key = key_of(path),
                   .type = type,
                   .bound = spelled,
@@ -184,8 +203,6 @@ constexpr std::array<Draft, 1> elements(const char *path, const char *type, cons
 
 template <class Actual, size_t bound>
 constexpr std::array<Draft, 1> string(const char *path, const char *spelled, size_t offset) {
-    static_assert(std::is_same_v<Actual, char[bound]>,
-                  "rows: the member is no array of characters, or has another bound");
     return {Draft{.key = key_of(path),
                   .type = "vx_char *",
                   .bound = spelled,
@@ -196,9 +213,8 @@ constexpr std::array<Draft, 1> string(const char *path, const char *spelled, siz
                   .kind = Kind::string}};
 }
 
-template <class Actual, class Declared>
+template <class Actual>
 constexpr std::array<Draft, 1> nested(const char *path, const char *type, const Udt &udt, size_t offset) {
-    static_assert(std::is_same_v<Actual, Declared>, "rows: the header declares the member with another type");
     static_assert(std::is_class_v<Actual> || std::is_union_v<Actual>, "rows: the member is no UDT");
     return {Draft{.key = key_of(path),
                   .type = type,
@@ -209,10 +225,9 @@ constexpr std::array<Draft, 1> nested(const char *path, const char *type, const 
                   .kind = Kind::nested}};
 }
 
-template <class Actual, class Declared, size_t bound>
+template <class Actual, size_t bound>
 constexpr std::array<Draft, 1> udt_array(const char *path, const char *type, const char *spelled, const Udt &udt,
                                          size_t offset, Kind kind) {
-    static_assert(std::is_same_v<Actual, Declared[bound]>, "rows: the header declares another element type or bound");
     return {Draft{.key = key_of(path),
                   .type = type,
                   .bound = spelled,
@@ -270,7 +285,6 @@ constexpr size_t members() {
 template <class Mask, size_t N>
 constexpr std::array<Draft, N + 1> flags(const char *path, size_t offset, size_t size,
                                          const std::array<Flag, N> &names) {
-    static_assert(members<Mask>() == N, "rows: a flag of the mask has no row");
     std::array<Draft, N> rows{};
     size_t bit = 0;
     for (size_t i = 0; i < N; ++i) {
@@ -290,18 +304,36 @@ constexpr const Draft *next(const Draft *draft) { return draft + 1 + (is_group(d
 
 constexpr size_t aligned(size_t offset, size_t align) { return (offset + align - 1) / align * align; }
 
+// Whether every member has a row. Rows over one another, of an anonymous union, stand for one member.
+template <class S, size_t N>
+constexpr bool leaves_none_out(const std::array<Draft, N> &drafts) {
+    size_t places = 0;
+    const Draft *previous = nullptr;
+    for (const Draft *draft = drafts.begin(); draft != drafts.end(); draft = describe::next(draft)) {
+        if (!previous || draft->offset != previous->offset) ++places;
+        previous = draft;
+    }
+    return std::is_union_v<S> || places == members<S>();
+}
+
 // Whether the rows stand in order and leave no member out: each begins where the one before ends, or over it.
 template <class S, size_t N>
 constexpr bool covers(const std::array<Draft, N> &drafts) {
-    size_t end = 0, previous = 0, places = 0;
+    size_t end = 0, previous = 0;
     for (const Draft *draft = drafts.begin(); draft != drafts.end(); draft = describe::next(draft)) {
         const bool over = draft != drafts.begin() && draft->offset == previous;
         if (!over && draft->offset != aligned(end, draft->align)) return false;
-        if (!over) ++places;
         previous = draft->offset;
         end = std::max(end, draft->offset + draft->size);
     }
-    return aligned(end, alignof(S)) == sizeof(S) && (std::is_union_v<S> || places == members<S>());
+    return aligned(end, alignof(S)) == sizeof(S) && leaves_none_out<S>(drafts);
+}
+
+// The call of a deprecated function is a warning.
+constexpr bool complete(std::true_type) { return true; }
+[[deprecated("rows: the header declares a member without a row; it stays 0")]] constexpr bool complete(
+    std::false_type) {
+    return false;
 }
 
 // The strings of a UDT or a method, each once, one behind the other. The empty string stands first.

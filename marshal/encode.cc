@@ -14,7 +14,8 @@ struct Encoder {
     const Udt &udt;
     const std::byte *from;  // the UDT's first byte
 
-    xmlrpc_value *rows(const Row *row, const Row *end) {
+    // Not inlined: an optimiser would unroll the recursion into thousands of bytes and gain nothing.
+    [[gnu::noinline]] xmlrpc_value *rows(const Row *row, const Row *end) {
         xmlrpc_value *value = xmlrpc_struct_new(env);
         for (; row != end; row = next(row)) {
             xmlrpc_value *made = member(*row);

@@ -1,28 +1,9 @@
-// Scalars in memory, and arrays of scalars between a buffer and an XML-RPC array.
+// Names of scalars, and arrays of scalars between a buffer and an XML-RPC array.
 #include "marshal/scalar.h"
-
-#include <cstring>
 
 #include "marshal/fault.h"
 
 namespace lmq {
-
-namespace {
-
-template <class T>
-int32_t load_as(const std::byte *from) {
-    T value;
-    memcpy(&value, from, sizeof value);
-    return static_cast<int32_t>(value);
-}
-
-template <class T>
-void store_as(std::byte *to, int32_t value) {
-    const T cut = static_cast<T>(value);
-    memcpy(to, &cut, sizeof cut);
-}
-
-}  // namespace
 
 const char *c_name(Scalar scalar) {
     switch (scalar.width) {
@@ -30,29 +11,6 @@ const char *c_name(Scalar scalar) {
         case 2: return scalar.is_signed ? "short" : "unsigned short";
         default: return scalar.is_signed ? "int" : "unsigned int";
     }
-}
-
-int32_t load(const std::byte *from, Scalar scalar) {
-    switch (scalar.width) {
-        case 1: return scalar.is_signed ? load_as<int8_t>(from) : load_as<uint8_t>(from);
-        case 2: return scalar.is_signed ? load_as<int16_t>(from) : load_as<uint16_t>(from);
-        default: return load_as<int32_t>(from);
-    }
-}
-
-void store(std::byte *to, uint8_t width, int32_t value) {
-    switch (width) {
-        case 1: return store_as<uint8_t>(to, value);
-        case 2: return store_as<uint16_t>(to, value);
-        default: return store_as<int32_t>(to, value);
-    }
-}
-
-bool read_int(xmlrpc_env *env, xmlrpc_value *value, int32_t *into) {
-    xmlrpc_int read = 0;
-    xmlrpc_read_int(env, value, &read);
-    *into = read;
-    return !env->fault_occurred;
 }
 
 // An item that fails keeps its reference: after a fault nothing is released, here and in all decoding.

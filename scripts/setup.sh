@@ -4,13 +4,23 @@
 
 packages_to_build=(g++ cmake ninja-build pkg-config libxmlrpc-core-c3-dev libmicrohttpd-dev libcli11-dev libexpat1-dev
                    libgnutls28-dev libcrypt-dev nlohmann-json3-dev libmimalloc-dev)
-packages_to_test=(libgtest-dev python3 openssl clang libclang-rt-14-dev)
+packages_to_test=(libgtest-dev libbenchmark-dev valgrind python3 openssl clang libclang-rt-14-dev)
+# The target's libraries come from cmake/arm-sysroot.sh.
+packages_for_arm=(g++ g++-arm-linux-gnueabihf qemu-user cmake ninja-build pkg-config python3 openssl)
+
+# Exit status of a script whose packages could not be fetched: nothing is wrong here, and later it may go well.
+unfetched=75
 
 say() { printf '==> %s\n' "$*" >&2; }
 
 die() {
     printf '%s: %s\n' "${0##*/}" "$*" >&2
     exit 1
+}
+
+die_unfetched() {
+    printf '%s: %s\n' "${0##*/}" "$*" >&2
+    exit "$unfetched"
 }
 
 # quietly COMMAND...: shows the output of the command only if it fails.
@@ -38,9 +48,24 @@ install_packages() {
     fi
     say "Installing ${missing[*]}"
     local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -y -o DPkg::Lock::Timeout=300)
-    quietly "${apt[@]}" update || die "apt-get cannot read the lists of packages; its messages are above"
+    local wait
+    for wait in 15 30 60 0; do
+        if quietly "${apt[@]}" update &&
+            quietly "${apt[@]}" install --no-install-recommends --download-only "${missing[@]}"; then break; fi
+        [[ $wait -gt 0 ]] || die_unfetched "apt-get cannot fetch the packages; its messages are above"
+        say "Trying again in $wait seconds"
+        sleep "$wait"
+    done
     quietly "${apt[@]}" install --no-install-recommends "${missing[@]}" ||
         die "apt-get cannot install the packages; its messages are above"
+}
+
+# prepare_sysroot: the target's libraries, in the folder that LMQ_SYSROOT names or below build/.
+prepare_sysroot() {
+    local status=0
+    "$root/cmake/arm-sysroot.sh" "${LMQ_SYSROOT:-$root/build/arm-sysroot}" </dev/null >&2 || status=$?
+    [[ $status -ne $unfetched ]] || die_unfetched "the packages of the target cannot be fetched; messages are above"
+    [[ $status -eq 0 ]] || die "there is no sysroot for the target; messages are above"
 }
 
 # configured BUILD: whether the build folder is ready, and of this place: a copied repository brings one of another.

@@ -1,6 +1,8 @@
 // The rules of decoding and encoding, one by one, on UDTs made for them.
 #include <gtest/gtest.h>
 
+#include <cstring>
+#include <utility>
 #include <vector>
 
 #include "lmq_xmlrpc.h"
@@ -74,6 +76,19 @@ TEST(Scalars, OfSixtyFourBitsTakeTwoWireTypesAndAnswerOne) {
                   "-501 Member u64 of struct type scalars_t: expected a vx_uint64 but got something else");
 }
 
+TEST(Scalars, OfSixtyFourBitsStandAtMultiplesOfEight) {
+    EXPECT_EQ(lmq::udt_wide_t.size, 24u);
+    EXPECT_EQ(lmq::udt_wides_t.size, 56u);
+    Block<wides_t> block;
+    EXPECT_EQ(decode(lmq::udt_wides_t, block,
+                     R"({"before":1,"many":[{"before":2,"u64":3,"behind":4},{"before":5,"u64":6,"behind":7}]})"),
+              "");
+    const std::pair<size_t, int> stored[] = {{0, 1}, {8, 2}, {16, 3}, {24, 4}, {32, 5}, {40, 6}, {48, 7}};
+    std::vector<std::byte> expected(sizeof block);
+    for (const auto &[offset, value] : stored) expected[offset] = std::byte(value);
+    EXPECT_EQ(memcmp(block.bytes(), expected.data(), expected.size()), 0);
+}
+
 TEST(Scalars, OfOtherWireTypesAreRefused) {
     for (const char *wrong : {"true", "1.5", "\"1\"", "null", "[1]", "{}", "8589934592"})
         EXPECT_EQ(fault<scalars_t>(lmq::udt_scalars_t, std::string(R"({"mode":)") + wrong + "}"),
@@ -110,6 +125,9 @@ TEST(Elements, FillFromTheStartAndAnswerTheWholeBound) {
 TEST(Elements, RunOnOverTheMembersBehind) {
     EXPECT_EQ(echo<arrays_t>(lmq::udt_arrays_t, R"({"mac":[1,2,3,4,5,6,7,8,9,10,11]})"),
               R"({"mac":[1,2,3,4,5,6],"behind":[7,8,9,10,11,0],"map":[0,0,0],"words":[0,0],"modes":[0,0]})");
+    // It may end within a member: of map[1] it reaches the low byte.
+    EXPECT_EQ(echo<arrays_t>(lmq::udt_arrays_t, R"({"mac":[1,2,3,4,5,6,7,8,9,10,11,12,13,14,15]})"),
+              R"({"mac":[1,2,3,4,5,6],"behind":[7,8,9,10,11,12],"map":[3597,15,0],"words":[0,0],"modes":[0,0]})");
     Block<arrays_t> block;
     EXPECT_EQ(decode(lmq::udt_arrays_t, block, R"({"modes":[1,2,197121,4]})"), "");
     EXPECT_EQ(block.udt[1].mac[0], 1);
@@ -280,6 +298,24 @@ TEST(Unions, FaultTextsNameTheMemberOrTheAlternative) {
               "-501 Member ipv4" + inside + "expected a vx_in_addr_t but got something else");
     EXPECT_EQ(fault<vx_ip_addr_t>(lmq::udt_vx_ip_addr_t, R"({"addr":{"v4":1}})"),
               "-501 Member addr of struct type vx_ip_addr_t: expected a vx_in_addr_t but got something else");
+}
+
+// Nothing is stored or loaded as a whole word that may not be: the headers of a driver may be packed, and processors
+// differ in what they do then.
+TEST(Memory, MayBeginAtAnyAddress) {
+    alignas(8) std::byte room[sizeof(scalars_t) + sizeof(arrays_t) + 8];
+    const std::string scalars =
+        R"({"u8":1,"s8":-1,"u16":515,"s16":-2,"u32":67305985,"s32":-3,"mode":4,"u64":-5,"s64":-6})";
+    const std::string arrays =
+        R"({"mac":[1,2,3,4,5,6],"behind":[7,8,9,10,11,12],"map":[515,2,3],"words":[-1,67305985],"modes":[-9,5]})";
+    for (size_t odd = 1; odd < 8; ++odd) {
+        for (const auto &[udt, json] : {std::pair(&lmq::udt_scalars_t, scalars), {&lmq::udt_arrays_t, arrays}}) {
+            memset(room, 0, sizeof room);
+            Env env;
+            ASSERT_TRUE(lmq::decode_udt(env, *udt, room + odd, from_json(json).get())) << env.fault();
+            EXPECT_EQ(to_json(Value(lmq::encode_udt(env, *udt, room + odd)).get()), json) << odd;
+        }
+    }
 }
 
 // Whatever the bytes, an echo may be sent back as it stands: it gives the same bytes and the same echo.

@@ -66,7 +66,7 @@ vx_status_e sample_udt(vx_dev_id_t, inner_t *p_cfg) {
 
 void sample_free(void *cookie) {
     ++handed.calls;
-    note(cookie, 2);
+    note(cookie, 2 + sizeof(void *));
 }
 
 namespace lmq {
@@ -74,6 +74,10 @@ namespace lmq {
 UDT(scalars_t, SCALAR(vx_uint8, u8), SCALAR(vx_int8, s8), SCALAR(vx_uint16, u16), SCALAR(vx_int16, s16),
     SCALAR(vx_uint32, u32), SCALAR(vx_int32, s32), SCALAR(vx_ip_ver_t, mode), SCALAR(vx_uint64, u64),
     SCALAR(vx_int64, s64))
+
+UDT(wide_t, SCALAR(vx_uint8, before), SCALAR(vx_uint64, u64), SCALAR(vx_uint8, behind))
+
+UDT(wides_t, SCALAR(vx_uint32, before), UDT_ARRAY(wide_t, many, 2))
 
 UDT(arrays_t, ELEMENTS(vx_mac_addr_t, mac, 6), ELEMENTS(vx_uint8, behind, 6), ELEMENTS(vx_uint16, map, (3)),
     ELEMENTS(vx_uint32, words, 2), ELEMENTS(vx_ip_ver_t, modes, 2))

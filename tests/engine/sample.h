@@ -17,6 +17,18 @@ struct scalars_t {
     vx_int64 s64;
 };
 
+// 64-bit members stand at multiples of 8, on the 32-bit target too.
+struct wide_t {
+    vx_uint8 before;
+    vx_uint64 u64;
+    vx_uint8 behind;
+};
+
+struct wides_t {
+    vx_uint32 before;
+    wide_t many[2];
+};
+
 struct arrays_t {
     vx_mac_addr_t mac;
     vx_uint8 behind[6];
@@ -123,8 +135,8 @@ void sample_free(void *cookie);
 
 namespace lmq {
 
-extern const Udt udt_scalars_t, udt_arrays_t, udt_named_t, udt_inner_t, udt_twin_t, udt_tree_t, udt_flat_t, udt_word_t,
-    udt_narrow_t, udt_bare_t, udt_choice_t, udt_overlaid_t;
+extern const Udt udt_scalars_t, udt_wide_t, udt_wides_t, udt_arrays_t, udt_named_t, udt_inner_t, udt_twin_t, udt_tree_t,
+    udt_flat_t, udt_word_t, udt_narrow_t, udt_bare_t, udt_choice_t, udt_overlaid_t;
 using ::inner_t;
 using twin_t = ::inner_t;
 

@@ -203,33 +203,34 @@ class SlowClients(unittest.TestCase):
         count = 2000
         resource.setrlimit(resource.RLIMIT_NOFILE, (max(4 * count, 4096), resource.getrlimit(resource.RLIMIT_NOFILE)[1]))
         with serve() as host, contextlib.ExitStack() as stack, host.connect() as connection:
-            def median():
-                times = []
-                for _ in range(300):
-                    start = time.perf_counter()
-                    connection.request("POST", "/RPC2", ECHO, XML)
-                    connection.getresponse().read()
-                    times.append(time.perf_counter() - start)
-                return sorted(times)[150]
-
-            alone = median()
             clients = [stack.enter_context(host.socket()) for _ in range(count)]
             for client in clients[:100]:
                 client.sendall(b"POST /RPC2 HTTP/1.1\r\nHost: localhost\r\nContent-Type: text/xml\r\n"
                                b"Content-Length: 100\r\n\r\n<")
-            among = median()
-            self.assertLess(among, 3 * alone + 0.001)
+            for _ in range(300):
+                connection.request("POST", "/RPC2", ECHO, XML)
+                self.assertEqual(connection.getresponse().read(), host.post(ECHO)[1])
+            for client in clients[:100]:
+                client.sendall(b"x")
 
     def test_time_for_head_and_body_is_limited(self):
         head = b"POST /RPC2 HTTP/1.1\r\nHost: localhost\r\nContent-Type: text/xml\r\n"
         with serve("--request-time", "1") as host, host.socket() as client:
             client.sendall(head + b"Content-Length: 100000\r\n\r\n")
-            start = time.monotonic()
-            with self.assertRaises(OSError):
-                while time.monotonic() - start < 8:
-                    client.sendall(b"x")
-                    time.sleep(0.1)
-            self.assertLess(time.monotonic() - start, 5)
+            self.assertLess(self.dripped(client, b"x"), 5)
+        # A head has the time that a connection may be idle in addition.
+        with serve("--request-time", "1") as host, host.socket() as client:
+            client.sendall(head)
+            self.assertLess(self.dripped(client, b"X-Header: x\r\n"), 40)
+
+    def dripped(self, client, what):
+        """Sends again and again until the host hangs up; for how many seconds it did not."""
+        start = time.monotonic()
+        with self.assertRaises(OSError):
+            while time.monotonic() - start < 45:
+                client.sendall(what)
+                time.sleep(0.1)
+        return time.monotonic() - start
 
     def test_the_longest_idle_connection_makes_room(self):
         with serve("--max-connections", "10") as host, contextlib.ExitStack() as stack:

@@ -176,6 +176,24 @@ TEST(Heap, TheStringOfACallBelongsToTheTracker) {
               "malloc " + list + " A, calloc " + config + " B, free B, free C, free A, malloc " + list + " D");
 }
 
+TEST(Tracker, BeginsWithTenSlots) {
+    EXPECT_EQ(heap_calls_of([] { plugin().initialize(); }), sizeof(void *) == 4 ? "malloc 40 A" : "malloc 80 A");
+}
+
+// A pointer takes a byte of the block, whatever the size of a pointer, and one byte is spare.
+TEST(Heap, TheBlockOfACookieIsTakenByTheByte) {
+    Env env;
+    Value pointers(xmlrpc_array_new(env)), parameters(xmlrpc_array_new(env));
+    for (int i = 0; i < 3; ++i) {
+        Value pointer(xmlrpc_cptr_new(env, &env));
+        xmlrpc_array_append_item(env, pointers.get(), pointer.get());
+    }
+    xmlrpc_array_append_item(env, parameters.get(), pointers.get());
+    Handler *handler = plugin().handler("lmq.lmq_pkt_free_fnc");
+    EXPECT_EQ(heap_calls_of([&] { Value(handler(env, parameters.get(), nullptr, nullptr)); }),
+              "malloc " + list + " A, calloc 4 B, free B, free A, malloc " + list + " C");
+}
+
 TEST(Tracker, GrowsWhenOneSlotIsLeft) {
     Plugin &p = plugin();
     p.initialize();

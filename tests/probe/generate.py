@@ -91,7 +91,7 @@ static void flag(const char *path, const unsigned char *bytes, size_t size)
 {}
 int main(void)
 {{
-    printf("{{");
+    printf("{{\\"void *\\": {{\\"\\": %zu}},\\n", sizeof(void *));
 {}    printf("}}\\n");
 }}
 """

@@ -4,6 +4,7 @@ CTest sets the variables that say where the host, the plug-in, the probe driver,
 are. The other end of the probe is tests/probe/probe.h.
 """
 
+import dataclasses
 import json
 import mmap
 import os
@@ -23,13 +24,36 @@ COUNT_FAULT = -509
 
 
 def interface():
-    """The headers, as tests/probe/headers.py reads them."""
-    return headers.Headers(os.environ["LMQ_INCLUDE"])
+    """The headers, as tests/probe/headers.py reads them, with what clients see of them: a real driver's may declare more,
+    and members in another order than that in which they travel."""
+    read = headers.Headers(os.environ["LMQ_INCLUDE"])
+    seen = headers.Headers(os.environ["LMQ_CLIENT_INCLUDE"])
+    arranged = {}  # by the record's identity, which two names may share
+
+    def arrange(record, like):
+        if id(record) not in arranged:
+            arranged[id(record)] = headers.Record(record.kind, list(members(record, like)))
+        return arranged[id(record)]
+
+    def members(record, like):
+        for member in like.members:
+            same = [each for each in like.members if each.name == member.name].index(member)  # several without a name
+            found = [each for each in record.members if each.name == member.name][same]
+            yield dataclasses.replace(found, inline=arrange(found.inline, member.inline)) if found.inline else found
+
+    read.functions = {name: read.functions[name] for name in seen.functions}
+    read.records = {name: arrange(read.records[name], like) for name, like in seen.records.items()}
+    return read
 
 
 def layout():
-    """Where the compiler put the members of each UDT; see tests/probe/generate.py."""
-    return json.loads(pathlib.Path(os.environ["LMQ_LAYOUT"]).read_text())
+    """Where the compiler put the members of each UDT; see tests/probe/generate.py. It must be the plug-in's compiler."""
+    layouts = json.loads(pathlib.Path(os.environ["LMQ_LAYOUT"]).read_text())
+    with open(os.environ["LMQ_PLUGIN"], "rb") as plugin:
+        elf_class = plugin.read(5)[4]  # 1: of 32 bits, 2: of 64
+    if layouts.pop("void *")[""] != 4 * elf_class:
+        raise AssertionError("the layouts were made for another target than the plug-in")
+    return layouts
 
 
 class I8(int):

@@ -4,6 +4,7 @@ headers' text and the compiler's layout make of it.
 
 import collections
 import functools
+import os
 import random
 import unittest
 
@@ -147,7 +148,10 @@ class Udts(harness.WireTest):
         function, parameter, path = self.ways[udt]
         value = {"dev_mac_addr": list(letters), "dev_if_name": "d" * 16}
         self.check(function, parameter, [self.wrapped(path, value)])
-        # The case itself: bytes beyond the six of the address, read back as the end of the name.
+        # The case itself: bytes beyond the six of the address, read back as the end of the name. In a real driver's
+        # headers the two may stand apart.
+        if os.environ["LMQ_INCLUDE"] != os.environ["LMQ_CLIENT_INCLUDE"]:
+            return
         memory = self.oracle.memory(udt, [value])
         self.assertEqual(self.oracle.encoded(udt, memory)["dev_if_name"], "d" * 16 + letters.decode())
 
