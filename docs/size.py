@@ -14,8 +14,8 @@ KINDS = [
     ("names of UDTs and members", r"Packed<.*>::strings"),
     ("descriptors (pointers)", r"lmq::(method|udt)_|Packed<.*>::inner|PackedMethod<.*>::udts"),
     ("dictionary: enums, defines, typedefs, lists", r"anonymous namespace\)::(enum|define|typedef|udts|methods)"),
-    ("handlers, a function each", r"^x_rpc_|TypedCall"),
-    ("registration", r"xrpc_init|anonymous namespace\)::add\("),
+    ("handlers, a function each", r"^x_rpc_|row_of_\w+::call"),
+    ("registration", r"xrpc_init|lmq::api_methods"),
     ("engine and introspection", r"^lmq::|^x_dvr|^__x_mm|anonymous"),
 ]
 SECTIONS = [

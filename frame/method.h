@@ -55,6 +55,17 @@ struct Method {
     const char *help() const { return help_text == 0 ? no_help_text : text(help_text); }
 };
 
+// The handler of a method, as the registry takes it.
+using Handler = xmlrpc_value *(xmlrpc_env *, xmlrpc_value *, void *, void *);
+
+struct Registered {
+    const Method *method;
+    Handler *handler;
+};
+
+// The API methods in the order of order.def, without the introspection methods.
+[[gnu::visibility("hidden")]] extern const Registered api_methods[];
+
 // An argument between decoding, driver call and echo.
 struct Slot {
     int32_t value;  // of a value argument
@@ -101,40 +112,40 @@ inline constexpr Help no_help{};
         constexpr auto draft =                                                                            \
             ::lmq::describe::method<decltype(::api)>("lmq." #api, help_parts __VA_OPT__(, ) __VA_ARGS__); \
         static_assert(draft.fits, "row of " #api ": the header declares another prototype");              \
+        static int32_t call(Slot *slots) { return typed_call(::api, slots); }                             \
     }                                                                                                     \
     extern constinit const Method method_##api;                                                           \
     constinit const Method method_##api = ::lmq::describe::packed_method<row_of_##api::draft>();          \
     extern "C" xmlrpc_value *x_rpc_##api(xmlrpc_env *env, xmlrpc_value *parameters, void *, void *);      \
     extern "C" xmlrpc_value *x_rpc_##api(xmlrpc_env *env, xmlrpc_value *parameters, void *, void *) {     \
-        return run_method(env, parameters, method_##api, &::lmq::TypedCall<&::api>::run);                 \
+        return run_method(env, parameters, method_##api, row_of_##api::call);                             \
     }
 
-// Unpacks the slots for a function and narrows each value to its parameter's type. The narrowed value replaces the one
-// that was read, so that the echo shows what the driver got.
-template <auto function>
-struct TypedCall;
-template <class R, class... P, R (*function)(P...)>
-struct TypedCall<function> {
-    template <class T>
-    static T take(Slot &slot) {
-        if constexpr (std::is_pointer_v<T>)
-            return reinterpret_cast<T>(slot.block);
-        else {
-            const T narrowed = static_cast<T>(slot.value);
-            slot.value = static_cast<int32_t>(narrowed);
-            return narrowed;
-        }
+// Takes an argument from its slot, narrowed to the parameter's type. The narrowed value replaces the one that was read,
+// so that the echo shows what the driver got.
+template <class T>
+inline T take(Slot &slot) {
+    if constexpr (std::is_pointer_v<T>)
+        return reinterpret_cast<T>(slot.block);
+    else {
+        const T narrowed = static_cast<T>(slot.value);
+        slot.value = static_cast<int32_t>(narrowed);
+        return narrowed;
     }
-    static int32_t run([[maybe_unused]] Slot *slots) {
-        return [&]<size_t... I>(std::index_sequence<I...>) {
-            if constexpr (std::is_void_v<R>)
-                return function(take<P>(slots[I])...), 1;  // a constant in place of a result
-            else
-                return static_cast<int32_t>(function(take<P>(slots[I])...));
-        }
-        (std::index_sequence_for<P...>{});
+}
+
+// Unpacks the slots for a function. It is inlined into a local function for each method: an instance for each method
+// would take the driver function's visibility, and its address would come from the global offset table.
+template <class R, class... P>
+[[gnu::always_inline]] inline int32_t typed_call(R (*function)(P...), [[maybe_unused]] Slot *slots) {
+    return [&]<size_t... I>(std::index_sequence<I...>) __attribute__((always_inline)) {
+        if constexpr (std::is_void_v<R>)
+            return function(take<P>(slots[I])...), 1;  // a constant in place of a result
+        else
+            return static_cast<int32_t>(function(take<P>(slots[I])...));
     }
-};
+    (std::index_sequence_for<P...>{});
+}
 
 }  // namespace lmq
 

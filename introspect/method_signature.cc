@@ -6,26 +6,11 @@
 #include "introspect/lookup.h"
 #include "lmq_xmlrpc.h"
 
-// Hidden, as in the entry.
-#pragma GCC visibility push(hidden)
-namespace lmq {
-#define API(api) extern const Method method_##api;
-#include "frame/order.def"
-#undef API
-}  // namespace lmq
-#pragma GCC visibility pop
-
 namespace lmq {
 
 namespace {
 
-// The API methods; the order shows nowhere. The introspection methods have no row here.
-constexpr const Method *methods[] = {
-#define API(api) &method_##api,
-#include "frame/order.def"
-#undef API
-};
-
+// Positions in api_methods. The introspection methods have no row here.
 constexpr auto methods_by_name = sorted({
 #define API(api) #api,
 #include "frame/order.def"
@@ -81,8 +66,9 @@ xmlrpc_value *signature(xmlrpc_env *env, const Method &method) {
 xmlrpc_value *answer(xmlrpc_env *env, const char *name) {
     const char *bare = bare_name(name);
     if (!bare) return nullptr;
-    const uint16_t *found = find(methods_by_name, bare, [](uint16_t method) { return methods[method]->name(); });
-    return found ? signature(env, *methods[*found]) : nullptr;
+    const uint16_t *found =
+        find(methods_by_name, bare, [](uint16_t method) { return api_methods[method].method->name(); });
+    return found ? signature(env, *api_methods[*found].method) : nullptr;
 }
 
 }  // namespace

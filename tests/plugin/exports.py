@@ -27,6 +27,9 @@ def main(nm_tool, readelf, plugin, driver):
         wrong.append(f"exports: missing {sorted(EXPORTS - exports)}, unexpected {sorted(exports - EXPORTS)}")
     if not needs <= NEEDS | {driver} or driver not in needs:
         wrong.append(f"needs: {sorted(needs)}")
+    symbols = subprocess.run([nm_tool, "-C", plugin], check=True, capture_output=True, text=True).stdout
+    wrong += [f"constructed at load time: {line}" for line in symbols.splitlines()
+              if re.search(r"_GLOBAL__sub_I|global constructors keyed to|__static_initialization", line)]
     if entries > 1:
         wrong.append(f"{entries} entries in .init_array: something is constructed at load time")
     for line in wrong:
