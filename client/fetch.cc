@@ -34,14 +34,27 @@ std::vector<Call> udt_questions(const std::string &prefix, const std::string &na
     return {{prefix + "UDTSignature", only}, {prefix + "UDTMalloc", only}};
 }
 
-std::string method_json(const Json *answers) {
+// The records of a method or a UDT, without what they all say alike.
+Json signature_of(const Json &answer) {
     Json signature = Json::array();
-    if (answers[0].is_array())
-        for (const Json &record : answers[0]) {
+    if (answer.is_array())
+        for (const Json &record : answer) {
             Json kept = record;
             kept.erase("doc");
             signature.push_back(kept);
         }
+    return signature;
+}
+
+Json members_of(const Json &answer) {
+    Json members = Json::array();
+    if (answer.is_array())
+        for (const Json &record : answer) members.push_back({{"type", record["type"]}, {"name", record["name"]}});
+    return members;
+}
+
+std::string method_json(const Json *answers) {
+    const Json signature = signature_of(answers[0]);
     Json letters = Json::array();
     if (signature.empty() && answers[1].is_array() && !answers[1].empty()) letters = answers[1][0];
     return Json{
@@ -50,10 +63,8 @@ std::string method_json(const Json *answers) {
 }
 
 std::string udt_json(const Json *answers) {
-    Json members = Json::array();
-    if (answers[0].is_array())
-        for (const Json &record : answers[0]) members.push_back({{"type", record["type"]}, {"name", record["name"]}});
-    return Json{{"members", members}, {"prototype", is_fault(answers[1]) ? Json::object() : answers[1]}}.dump();
+    return Json{{"members", members_of(answers[0])}, {"prototype", is_fault(answers[1]) ? Json::object() : answers[1]}}
+        .dump();
 }
 
 std::vector<std::string> taken_udts(const Dictionary &dictionary, const Method &method) {
@@ -103,19 +114,20 @@ std::string fetch_dictionary(Session &session) {
 }
 
 bool is_current(Session &session, const Dictionary &dictionary, const std::string &name) {
-    const std::string full = dictionary.full_name(name);
-    std::vector<Call> questions = method_questions(dictionary.prefix(), full);
-    const std::size_t before_udts = questions.size();
+    // Help texts and prototypes follow from what is declared; asking for them would double the time of a call.
+    std::vector<Call> questions{{dictionary.prefix() + "methodSignature", Json::array({dictionary.full_name(name)})}};
     const std::optional<Method> method = dictionary.method(name);
     std::vector<std::string> udts;
     if (method) udts = taken_udts(dictionary, *method);
-    for (const std::string &udt : udts)
-        for (const Call &question : udt_questions(dictionary.prefix(), udt)) questions.push_back(question);
+    for (const std::string &udt : udts) questions.push_back({dictionary.prefix() + "UDTSignature", Json::array({udt})});
     const std::vector<Json> answers = session.multicall(questions);
-    if (!method) return is_fault(answers[1]);
-    if (method_json(answers.data()) != dictionary.json(Dictionary::methods, method->name)) return false;
+    if (!method) return is_fault(answers[0]);
+    const auto is_kept = [&](Dictionary::Kind kind, const std::string &entry, const char *key, const Json &told) {
+        return dictionary.json(kind, entry).starts_with("{\"" + std::string(key) + "\":" + told.dump() + ",");
+    };
+    if (!is_kept(Dictionary::methods, method->name, "signature", signature_of(answers[0]))) return false;
     for (std::size_t i = 0; i < udts.size(); ++i)
-        if (udt_json(&answers[before_udts + 2 * i]) != dictionary.json(Dictionary::udts, dictionary.bare_name(udts[i])))
+        if (!is_kept(Dictionary::udts, dictionary.bare_name(udts[i]), "members", members_of(answers[1 + i])))
             return false;
     return true;
 }
