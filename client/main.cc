@@ -49,7 +49,7 @@ int main(int argc, char **argv) {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp &) {
         for (const CLI::App *sub : app.get_subcommands()) {
-            print(sub->help());
+            print(sub->help("lmqctl"));
             return exit_ok;
         }
         print(app.help());
