@@ -11,7 +11,6 @@ namespace lmqctl {
 namespace {
 
 constexpr std::size_t calls_in_a_packet = 100;  // what a host takes at least
-constexpr std::size_t largest_answer = 64 << 20;
 
 }  // namespace
 
@@ -21,7 +20,7 @@ Session::Session(const Connection &connection) : url_(connection.url), transport
     xmlrpc_client_setup_global_const(&e.env);
     e.check();
     xmlrpc_clientparms parameters{};
-    parameters.transportOpsP = &xmlrpc_client_transport::operations;
+    parameters.transportOpsP = &xmlrpc_curl_transport_ops;
     parameters.transportP = &transport_;
     xmlrpc_client_create(&e.env, XMLRPC_CLIENT_NO_FLAGS, "lmqctl", LMQCTL_VERSION, &parameters,
                          XMLRPC_CPSIZE(transportP), &client_);

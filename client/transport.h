@@ -1,30 +1,19 @@
-// The way of documents to the host and back: HTTP with libcurl, over TCP, TLS or a Unix socket, plugged into the
-// XML-RPC library's client. The library's own transport knows neither Unix sockets nor which HTTP status was answered.
+// The way of documents to the host and back, plugged into the XML-RPC library's client: our HTTP under it, and what an
+// HTTP status means to the user. The library's own transport knows neither Unix sockets nor which status was answered.
 #pragma once
 
-#include <curl/curl.h>
 #include <xmlrpc-c/client.h>
 #include <xmlrpc-c/transport.h>
 
 #include <exception>
+#include <memory>
 #include <string>
 
-namespace lmqctl {
-
-// Where the host is and how to reach it.
-struct Connection {
-    std::string url;  // http://..., https://... or unix:PATH
-    std::string user, password;
-    double timeout = 30;  // seconds for a call; 0 for no limit
-    std::string cacert, cert, key;
-};
-
-}  // namespace lmqctl
+#include "http.h"
 
 // The library leaves this type to whoever writes a transport. One connection, kept open from call to call.
 struct xmlrpc_client_transport {
     explicit xmlrpc_client_transport(const lmqctl::Connection &connection);
-    ~xmlrpc_client_transport();
     xmlrpc_client_transport(const xmlrpc_client_transport &) = delete;
     xmlrpc_client_transport &operator=(const xmlrpc_client_transport &) = delete;
 
@@ -33,10 +22,8 @@ struct xmlrpc_client_transport {
 
     std::string last_answer;
     std::exception_ptr failure;  // what `exchange` threw, past the library's C frames
-    static const xmlrpc_client_transport_ops operations;
 
   private:
-    lmqctl::Connection connection_;
-    CURL *curl_;
-    curl_slist *headers_;
+    const lmqctl::Connection connection_;
+    const std::unique_ptr<lmqctl::Http> http_;
 };
