@@ -1,6 +1,8 @@
 // The words of a call become the parameters of a request.
 #include "arguments.h"
 
+#include <algorithm>
+
 #include "error.h"
 #include "names.h"
 
@@ -32,6 +34,25 @@ Json plain_arguments(const std::vector<std::string> &words) {
         arguments.push_back(number ? Json(*number) : parsed.is_discarded() ? Json(word) : parsed);
     }
     return arguments;
+}
+
+// The arguments by their names, as a template has them: nothing if the word is no object, or one whose keys are none of
+// the method's arguments.
+Json named_arguments(const Method &method, const std::string &text) {
+    const Json given = text.starts_with('{') ? Json::parse(text, nullptr, false, true) : Json();
+    if (!given.is_object()) return {};
+    std::vector<std::string> names;
+    for (const Parameter &parameter : method.parameters) names.push_back(parameter.name);
+    const auto is_name = [&](const std::string &key) {
+        return std::find(names.begin(), names.end(), key) != names.end();
+    };
+    if (std::none_of(names.begin(), names.end(), [&](const std::string &name) { return given.contains(name); }))
+        return {};
+    for (const auto &[key, value] : given.items())
+        if (!is_name(key))
+            throw UsageError(method.name + " has no argument " + key + did_you_mean(key, names) + "\n" +
+                             method.prototype());
+    return given;
 }
 
 }  // namespace
@@ -72,6 +93,17 @@ Json build_arguments(const Dictionary &dictionary, Types &types, const Method &m
         const std::size_t equals = word.find('=');
         input.set(*type[at], values[at], word.substr(path, equals - path), word.substr(equals + 1), parameter->name);
         is_given[at] = true;
+    }
+    if (words.size() == 1 && in_order.size() == 1 && !values.empty()) {
+        in_order[0] = text_of(in_order[0], method.parameters[0].name);
+        const Json named = named_arguments(method, in_order[0]);
+        if (!named.is_null()) in_order.clear();
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            const std::string &name = method.parameters[i].name;
+            if (!named.contains(name)) continue;
+            values[i] = input.from_json(*type[i], named[name], name);
+            is_given[i] = true;
+        }
     }
     for (std::size_t i = 0; i < values.size(); ++i) input.set_flags(*type[i], values[i]);
 

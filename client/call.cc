@@ -62,10 +62,10 @@ void call(Context &context, CallOptions options) {
 void set_up_call(CLI::App &command, Context &context) {
     const auto options = std::make_shared<CallOptions>();
     command.add_option("METHOD", options->method, "Its name, with or without the namespace")->required();
-    command.add_option(
-        "ARG", options->words,
-        "Values in order, outputs left out, or NAME=VALUE and NAME.MEMBER[0]=VALUE.\n"
-        "A number (10, 0xa, 0b1010), enumerators (A, A|B), an address, JSON,\n@FILE, or - for standard input");
+    command.add_option("ARG", options->words,
+                       "Values in order, outputs left out, or NAME=VALUE and NAME.MEMBER[0]=VALUE.\n"
+                       "A number (10, 0xa, 0b1010), enumerators (A, A|B), an address, JSON,\n@FILE, or - for standard "
+                       "input. One object of all arguments by name,\nas template prints it, may stand for them all");
     command.add_option("--count", options->arguments.count, "Elements of an output that is an array")->type_name("N");
     command.add_flag("--no-valid", options->no_valid, "Leave the flags of valid masks as they are given");
     command.add_flag("--force", options->arguments.force,

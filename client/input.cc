@@ -1,6 +1,7 @@
 // Texts and JSON into values of the wire.
 #include "input.h"
 
+#include <algorithm>
 #include <fstream>
 #include <iostream>
 #include <iterator>
@@ -45,7 +46,26 @@ const Member *flag_of(const Type &flags, const std::string &member) {
     return nullptr;
 }
 
+const Type &bits_of(const Type &flags) { return flags.kind == Type::mask ? *flags.members[0].type : flags; }
+
+bool is_zero(const Json &value) {
+    if (value.is_number()) return value == 0;
+    if (value.is_structured()) return std::all_of(value.begin(), value.end(), is_zero);
+    return value.is_string() && value.get_ref<const std::string &>().empty();
+}
+
 }  // namespace
+
+std::string text_of(const std::string &word, const std::string &place) {
+    return word == "-" || (word.starts_with('@') && word.size() > 1) ? trimmed(contents(word, place)) : word;
+}
+
+bool is_valid_mask(const Type &structure, const Member &member) {
+    if (member.type->kind != Type::mask && member.type->kind != Type::flags) return false;
+    return std::any_of(structure.members.begin(), structure.members.end(), [&](const Member &other) {
+        return &other != &member && flag_of(bits_of(*member.type), other.name);
+    });
+}
 
 void Input::wrong(const Type &type, const std::string &given, const std::string &place, const std::string &hint) const {
     throw UsageError(place + ": " + (given.size() > 60 ? given.substr(0, 60) + "..." : given) + " is not " +
@@ -119,6 +139,14 @@ Json Input::structure(const Type &type, const Json &json, const std::string &pla
         }
         value[key] = from_json(*member->type, inside, place + "." + key);
     }
+    // A template shows all alternatives. They share their place, and the zeros of one must not undo the edit of
+    // another.
+    if (type.kind == Type::overlay && value.size() > 1) {
+        Json edited = Json::object();
+        for (const auto &[key, inside] : value.items())
+            if (!is_zero(inside)) edited[key] = inside;
+        return edited;
+    }
     return value;
 }
 
@@ -133,8 +161,7 @@ Json Input::list(const Type &type, const Json &json, const std::string &place) c
 }
 
 Json Input::from_text(const Type &type, const std::string &text, const std::string &place) const {
-    if (text == "-" || (text.starts_with('@') && text.size() > 1)) {
-        const std::string held = trimmed(contents(text, place));
+    if (const std::string held = text_of(text, place); held != text) {
         return held == "-" || held.starts_with('@') ? from_json(type, held, place) : from_text(type, held, place);
     }
     if (text.starts_with('{') || text.starts_with('[') || text.starts_with('"'))

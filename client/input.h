@@ -13,6 +13,13 @@ struct InputOptions {
     bool set_flags = true;  // set the flags of masks for the members that are given
 };
 
+// What a word stands for: the contents of @FILE or of standard input, without the blanks around them; else itself.
+// `place` is for errors.
+std::string text_of(const std::string &word, const std::string &place);
+
+// Whether a member of a struct holds flags that say which of the others are given.
+bool is_valid_mask(const Type &structure, const Member &member);
+
 class Input {
   public:
     Input(const Dictionary &dictionary, InputOptions options) : dictionary_(dictionary), options_(options) {}

@@ -46,6 +46,38 @@ class Commands(CtlTest):
         path.write_text('{"wd_timer": 4}')
         self.assertEqual(self.request("vx_watchdog_set", "0", f"@{path}")[1]["wd_timer"], 4)
 
+    def test_template(self):
+        """What template prints, call takes whole, and an edit has effect."""
+        for method in [entry["name"] for entry in json.loads(self.ok("--json", "list", "vx_*_set"))][::4]:
+            printed = self.ok("template", method)
+            self.assertEqual(len(self.request(method, "-", stdin=printed)), len(json.loads(printed)), method)
+        template = json.loads(self.ok("template", "vx_watchdog_set"))
+        self.assertEqual(template, {"dev_id": 0, "p_cfg": {"wd_enable": 0, "wd_timer": 0, "wd_action": 0}})
+        template["p_cfg"] = {"wd_timer": 77}
+        path = self.folder / "template.json"
+        path.write_text(json.dumps(template))
+        self.ok("call", "vx_watchdog_set", f"@{path}")
+        self.assertRegex(self.ok("call", "vx_watchdog_get", "0"), r"wd_timer +77\n")
+        self.refused(USAGE, "vx_watchdog_set has no argument p_cgf; did you mean p_cfg", "call", "vx_watchdog_set",
+                     '{"dev_id": 0, "p_cgf": {}}')
+        self.refused(USAGE, "missing argument p_cfg", "call", "vx_watchdog_set", '{"dev_id": 0}')
+
+    def test_json(self):
+        """Structures for programs, of whatever is described."""
+        def told(*words):
+            return json.loads(self.ok("--json", *words))
+        method = told("describe", "vx_watchdog_get")
+        self.assertEqual([(each["name"], each["output"]) for each in method["arguments"]], [("dev_id", False), ("p_cfg", True)])
+        members = {each["name"]: each for each in told("describe", "vx_watchdog_cfg_t")["members"]}
+        self.assertEqual(members["mask_s"]["flags"], ["wd_enable", "wd_timer", "wd_action", "reserved"])
+        self.assertEqual((members["wd_timer"]["bits"], members["wd_timer"]["signed"]), (32, False))
+        self.assertIn({"name": "VX_WD_ACTION_REBOOT", "number": 1}, told("describe", "vx_wd_action_e")["enumerators"])
+        self.assertEqual(told("describe", "LMQ_MAX_COS")["number"], 8)
+        self.assertEqual(told("describe", "vx_dev_id_t")["behind"], ["vx_uint8", "unsigned char"])
+        self.assertEqual(told("describe", "VX_WD_ACTION_REBOOT")["of"], "vx_wd_action_e")
+        self.assertEqual(told("explain", "0x7002")[0]["offset"], 2)
+        self.assertIn({"kind": "method", "name": "vx_watchdog_set", "where": "p_cfg"}, told("uses", "vx_watchdog_cfg_t"))
+
     def test_wrong_input(self):
         call = "vx_watchdog_set"
         for message, words in (
@@ -100,7 +132,6 @@ class Commands(CtlTest):
         self.refused(USAGE, "nothing has xyzzy", "search", "xyzzy")
         self.assertRegex(self.ok("uses", "vx_watchdog_cfg_t"), r"method +vx_watchdog_set  p_cfg\n")
         self.refused(USAGE, "no type is called", "uses", "vx_watchdog_cfg")
-        self.assertEqual(json.loads(self.ok("template", "vx_watchdog_set"))["p_cfg"]["mask_s"]["wd_enable"], 0)
         for word in ("0x7002", "28674", "VX_ERR_GLBL_SYS_UNINTIALIZED"):
             self.assertIn("28674 (0x7002), of vx_status_e: VX_ERR_GLBL_BASE + 2\n", self.ok("explain", word))
         self.refused(USAGE, "no enumerator and no define", "explain", "VX_NOBODY")
