@@ -15,15 +15,19 @@ class CtlTest(unittest.TestCase):
         folder = tempfile.TemporaryDirectory()
         cls.addClassCleanup(folder.cleanup)
         cls.folder = pathlib.Path(folder.name)
-        cls.host = subprocess.Popen(
-            [os.environ["LMQ_HOST"], "--plugin", os.environ["LMQ_PLUGIN"], "--driver", os.environ["LMQ_DRIVER"],
-             "--listen", "127.0.0.1:0"],
-            stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
-        cls.addClassCleanup(cls.host.stdout.close)
-        cls.addClassCleanup(cls.host.wait, 20)
-        cls.addClassCleanup(cls.host.terminate)
-        cls.url = cls.host.stdout.readline().split()[-1]
+        cls.url = cls.start_host("--listen", "127.0.0.1:0")
         cls.environment = dict(os.environ, LMQ_URL=cls.url, XDG_CACHE_HOME=folder.name)
+
+    @classmethod
+    def start_host(cls, *options):
+        """Starts a host that ends with the case. Returns where it says that it listens."""
+        host = subprocess.Popen(
+            [os.environ["LMQ_HOST"], "--plugin", os.environ["LMQ_PLUGIN"], "--driver", os.environ["LMQ_DRIVER"], *options],
+            stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+        cls.addClassCleanup(host.stdout.close)
+        cls.addClassCleanup(host.wait, 20)
+        cls.addClassCleanup(host.terminate)
+        return host.stdout.readline().split()[-1]
 
     def run_ctl(self, *words, stdin="", **variables):
         """Runs lmqctl. Returns its exit status, standard output and standard error."""
