@@ -3,6 +3,8 @@
 import http.server
 import json
 import os
+import pathlib
+import pty
 import subprocess
 import threading
 import unittest
@@ -140,9 +142,45 @@ class Commands(CtlTest):
         words = ("vx_watchdog_set", "0", "p_cfg.wd_enable=1")
         self.assertIn("vx_watchdog_set(0, &p_cfg);", self.ok("call", "--as", "c", *words))
         self.assertIn("<methodName>lmq.vx_watchdog_set</methodName>", self.ok("call", "--as", "xmlrpc", *words))
-        code = self.ok("call", "--as", "python", "vx_watchdog_get", "0")
+        # The Python code is what the call is, and the C code is of the interface.
+        code = self.ok("call", "--as", "python", "vx_watchdog_set", "0", "p_cfg.wd_timer=91")
         ran = subprocess.run(["python3", "-c", code], capture_output=True, text=True)
-        self.assertIn("'wd_enable'", ran.stdout + ran.stderr)
+        self.assertEqual((ran.returncode, ran.stderr, ran.stdout[:2]), (0, "", "[0"))
+        self.assertRegex(self.ok("call", "vx_watchdog_get", "0"), r"wd_timer +91\n")
+        include = pathlib.Path(__file__).parents[2] / "include"
+        headers = "".join(f"#include <{path.relative_to(include)}>\n" for path in sorted(include.glob("lmq/*.h")))
+        for call in (words, ("vx_watchdog_get", "0"), ("vx_mac_addr_set", "0", "00:11:22:33:44:55")):
+            body = self.ok("call", "--as", "c", *call)
+            source = headers + "int main(void) {\n" + body + "return (int)result;\n}\n"
+            built = subprocess.run(["cc", "-x", "c", "-fsyntax-only", f"-I{include}", "-"], input=source,
+                                   capture_output=True, text=True)
+            self.assertEqual(built.returncode, 0, source[len(headers):] + built.stderr)
+
+    def test_addresses(self):
+        self.assertIn("p_mac_addr              02:00:5e:10:00:01\n", self.ok("call", "vx_mac_addr_set", "0", "02-00-5E-10-00-01"))
+        self.assertIn("02:00:5e:10:00:01", self.ok("call", "vx_mac_addr_get", "0"))
+        for address in ("02:00:5e:10:00", "2:0:5e:10:0:1:7", "zz:00:00:00:00:00"):
+            self.refused(USAGE, "is not a MAC address, such as 00:11:22:33:44:55", "call", "vx_mac_addr_set", "0", address)
+
+    def test_force_and_count(self):
+        self.assertEqual(len(self.request("--force", "lmq_init_system", '{"dev_cfg": [{}, {}]}')[0]["dev_cfg"]), 2)
+        self.assertEqual(self.request("--force", "vx_watchdog_get", "256"), [256, {}])
+        self.assertEqual(self.request("--count", "3", "vx_watchdog_get", "0"), [0, [{}, {}, {}]])
+
+    def test_colours(self):
+        """Colours on a terminal alone, and not where they are refused."""
+        def on_terminal(*words, **variables):
+            ours, theirs = pty.openpty()
+            with os.fdopen(ours, "rb") as reader:
+                subprocess.run([os.environ["LMQ_CTL"], *words, "describe", "vx_watchdog_cfg_t"], stdout=theirs, check=True,
+                               env=dict(self.environment, **variables))
+                os.close(theirs)
+                return os.read(reader.fileno(), 4096)
+
+        self.assertIn(b"\033[1m", on_terminal(NO_COLOR=""))
+        for printed in (on_terminal(NO_COLOR="1"), on_terminal("--no-color", NO_COLOR=""), on_terminal("--json", NO_COLOR="")):
+            self.assertNotIn(b"\033", printed)
+        self.assertNotIn("\033", self.ok("describe", "vx_watchdog_cfg_t"))
 
     def test_cache(self):
         """A damaged cache is fetched anew, and a folder that cannot be written is no error."""
@@ -150,6 +188,11 @@ class Commands(CtlTest):
             file.write_text(file.read_text()[:1000])
         self.ok("call", "vx_watchdog_get", "0")
         self.ok("call", "vx_watchdog_get", "0", XDG_CACHE_HOME="/proc/nowhere")
+        # It is fetched once.
+        for home, fetches in ((self.folder / "new", True), (self.folder / "new", False), ("/proc/nowhere", True)):
+            errors = self.run_ctl("-v", "call", "vx_watchdog_get", "0", XDG_CACHE_HOME=str(home))[2]
+            self.assertEqual("fetching the dictionary" in errors, fetches, errors)
+            self.assertEqual("the dictionary is not kept" in errors, home == "/proc/nowhere", errors)
         # What the host tells otherwise than the cache is noticed.
         for file in (self.folder / "lmqctl").glob("*.dict"):
             file.write_text(file.read_text().replace('"wd_timer"', '"wd_tymer"'))
