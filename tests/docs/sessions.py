@@ -10,6 +10,7 @@ import contextlib
 import difflib
 import http.client
 import io
+import os
 import pathlib
 import re
 import subprocess
@@ -70,6 +71,9 @@ def check(document, address):
 def main(cmake, build, *documents):
     with tempfile.TemporaryDirectory() as prefix:
         subprocess.run([cmake, "--install", build, "--prefix", prefix], check=True, stdout=subprocess.DEVNULL)
+        # The sessions find the client, whose cache is no business of who runs the tests.
+        os.environ["PATH"] = f"{prefix}/bin:{os.environ['PATH']}"
+        os.environ["XDG_CACHE_HOME"] = f"{prefix}/cache"
         return run(pathlib.Path(prefix, "bin", "lmq-host"), documents)
 
 

@@ -1,0 +1,23 @@
+// The table of commands, in the order in which --help shows them. An example names no method: what there is, the host
+// says.
+#include "command.h"
+
+namespace lmqctl {
+
+const std::vector<Command> commands = {
+    {"list", "Methods with signature and title", "lmqctl list '*watchdog*'", set_up_list},
+    {"describe", "A method, struct, enum, define or typedef", "lmqctl describe NAME", set_up_describe},
+    {"search", "Looks for a word in names, help, members and enumerators", "lmqctl search watchdog", set_up_search},
+    {"uses", "Who takes or holds a type", "lmqctl uses TYPE", set_up_uses},
+    {"template", "The arguments of a method as JSON with zeros, ready to edit", "lmqctl template METHOD > args.json",
+     set_up_template},
+    {"call", "Calls a method",
+     "lmqctl call METHOD 0 p_cfg.enable=1 p_cfg.mode=MODE_A\n"
+     "  lmqctl call METHOD 0 '{\"enable\": 1}'        lmqctl call METHOD 0 @cfg.json\n"
+     "  lmqctl call --dry-run --as python METHOD 0",
+     set_up_call},
+    {"explain", "All meanings of a status number, an event, an enumerator or a define", "lmqctl explain 0x7002",
+     set_up_explain},
+};
+
+}  // namespace lmqctl

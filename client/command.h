@@ -1,0 +1,30 @@
+// The table of commands. A new one is a file with a `set_up_NAME`, its declaration below and its row in command.cc.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <vector>
+
+#include "context.h"
+
+namespace lmqctl {
+
+struct Command {
+    const char *name;
+    const char *summary;
+    const char *example;  // shown under --help
+    // Adds the options and the callback that carries the command out. The callback sets context.exit_status if it is
+    // not 0, and throws an Error for what the user has to know.
+    void (*set_up)(CLI::App &command, Context &context);
+};
+
+extern const std::vector<Command> commands;
+
+void set_up_call(CLI::App &command, Context &context);
+void set_up_describe(CLI::App &command, Context &context);
+void set_up_explain(CLI::App &command, Context &context);
+void set_up_list(CLI::App &command, Context &context);
+void set_up_search(CLI::App &command, Context &context);
+void set_up_template(CLI::App &command, Context &context);
+void set_up_uses(CLI::App &command, Context &context);
+
+}  // namespace lmqctl

@@ -1,0 +1,98 @@
+// Session and dictionary on demand.
+#include "context.h"
+
+#include <termios.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <iostream>
+
+#include "cache.h"
+#include "error.h"
+#include "fetch.h"
+
+namespace lmqctl {
+
+namespace {
+
+std::string ask_password(const std::string &user) {
+    if (const char *password = std::getenv("LMQ_PASSWORD")) return password;
+    if (!isatty(STDIN_FILENO))
+        throw UsageError("--user needs a password: set LMQ_PASSWORD, or run lmqctl on a terminal");
+    std::fprintf(stderr, "Password of %s: ", user.c_str());
+    termios before{};
+    tcgetattr(STDIN_FILENO, &before);
+    termios silent = before;
+    silent.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+    tcsetattr(STDIN_FILENO, TCSAFLUSH, &silent);
+    std::string password;
+    std::getline(std::cin, password);
+    tcsetattr(STDIN_FILENO, TCSAFLUSH, &before);
+    std::fputc('\n', stderr);
+    return password;
+}
+
+}  // namespace
+
+Session &Context::session() {
+    if (!session_) {
+        if (!connection.user.empty()) connection.password = ask_password(connection.user);
+        session_ = std::make_unique<Session>(connection);
+    }
+    return *session_;
+}
+
+template <class Check>
+const Dictionary &Context::checked(Check is_current) {
+    if (dictionary_) return *dictionary_;
+    if (!refresh) {
+        if (std::optional<std::string> text = load_cached(connection.url)) {
+            try {
+                auto cached = std::make_unique<Dictionary>(std::move(*text));
+                if (is_current(*cached)) {
+                    dictionary_ = std::move(cached);
+                    return *dictionary_;
+                }
+                note("the host's dictionary has changed");
+            } catch (const Error &) {
+                throw;
+            } catch (const std::exception &) {
+                note("the cached dictionary is damaged");
+            }
+        }
+    }
+    note("fetching the dictionary");
+    dictionary_ = std::make_unique<Dictionary>(fetch_dictionary(session()));
+    if (const std::string why = store_cached(connection.url, dictionary_->text()); !why.empty())
+        note("the dictionary is not kept: " + why);
+    return *dictionary_;
+}
+
+const Dictionary &Context::dictionary_for(const std::string &method) {
+    return checked([&](const Dictionary &cached) { return is_current(session(), cached, method); });
+}
+
+const Dictionary &Context::dictionary() {
+    return checked([&](const Dictionary &cached) { return is_current(session(), cached); });
+}
+
+Types &Context::types() {
+    if (!types_) types_ = std::make_unique<Types>(dictionary());
+    return *types_;
+}
+
+Style Context::style(bool full) const {
+    const char *refused = std::getenv("NO_COLOR");
+    return {full, !no_color && !json && !(refused && *refused) && isatty(STDOUT_FILENO) == 1};
+}
+
+Output Context::output(bool full) { return Output(dictionary(), types(), style(full)); }
+
+void Context::note(const std::string &text) const {
+    if (verbose) std::fprintf(stderr, "lmqctl: %s\n", text.c_str());
+}
+
+void print(const std::string &text) { std::fwrite(text.data(), 1, text.size(), stdout); }
+
+}  // namespace lmqctl

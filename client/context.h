@@ -1,0 +1,41 @@
+// What all commands share: the options before the command, the session and the dictionary, each made when first needed.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "dictionary.h"
+#include "output.h"
+#include "session.h"
+#include "type.h"
+
+namespace lmqctl {
+
+struct Context {
+    Connection connection;
+    bool json = false, no_color = false, verbose = false, refresh = false;
+    int exit_status = 0;  // what the command leaves
+
+    Session &session();
+    // For a command about one method: what the host says of it is compared with the cache, in one packet.
+    const Dictionary &dictionary_for(const std::string &method);
+    // For the others: the list of methods is compared.
+    const Dictionary &dictionary();
+    Types &types();  // of the dictionary
+    // How to show values on standard output.
+    Style style(bool full = false) const;
+    Output output(bool full = false);
+    void note(const std::string &text) const;  // to standard error, with --verbose
+
+  private:
+    template <class Check>
+    const Dictionary &checked(Check is_current);
+    std::unique_ptr<Session> session_;
+    std::unique_ptr<Dictionary> dictionary_;
+    std::unique_ptr<Types> types_;
+};
+
+// Writes to standard output. A pipe that nobody reads any more ends the program quietly.
+void print(const std::string &text);
+
+}  // namespace lmqctl

@@ -1,0 +1,220 @@
+// The dictionary's lines, and what is read of them.
+#include "dictionary.h"
+
+#include "error.h"
+#include "names.h"
+
+namespace lmqctl {
+
+namespace {
+
+constexpr std::string_view mark = "lmqctl dictionary 1 ";
+
+}  // namespace
+
+std::string shape(const Json &value) {
+    std::string text;
+    if (value.is_object()) {
+        for (const auto &[key, inside] : value.items()) text += (text.empty() ? "" : ",") + key + shape(inside);
+        return "{" + text + "}";
+    }
+    if (!value.is_array()) return "";
+    return "[" + std::to_string(value.size()) + "]" + (value.empty() || !value[0].is_object() ? "" : shape(value[0]));
+}
+
+std::string Method::title() const {
+    for (const std::string &line : split(help, '\n')) {
+        if (line.empty() || line.find('(') != std::string::npos) continue;
+        return is_described() && help.find('\n') == std::string::npos ? "" : line;
+    }
+    return "";
+}
+
+std::string Method::prototype() const {
+    std::string text;
+    for (const Parameter &parameter : parameters) {
+        text += text.empty() ? "" : ", ";
+        text += parameter.is_pointer() ? parameter.pointee() + " *" + parameter.name
+                                       : parameter.type + " " + parameter.name;
+    }
+    if (is_described()) return result + " " + name + "(" + text + ")";
+    for (std::size_t i = 1; i < letters.size(); ++i) text += (i > 1 ? ", " : "") + letters[i];
+    return (letters.empty() ? "" : letters[0] + " ") + name + "(" + text + ")";
+}
+
+std::optional<Method::Told> Method::told(const std::string &parameter) const {
+    bool is_output = false;
+    for (const std::string &line : split(help, '\n')) {
+        if (line.starts_with("OUTPUTS:")) is_output = true;
+        if (line.starts_with("Returns:")) break;
+        const std::size_t colon = line.find(" : ") != std::string::npos ? line.find(" : ") : line.find(":");
+        if (colon == std::string::npos) continue;
+        std::string word = line.substr(0, colon), text = line.substr(colon + 1);
+        word.erase(0, word.find_first_not_of(' '));
+        word.erase(word.find_last_not_of(' ') + 1);
+        if (word != parameter) continue;
+        text.erase(0, std::min(text.find_first_not_of(" :"), text.size()));
+        return Told{text, is_output};
+    }
+    return {};
+}
+
+const Enumerator *Enum::named(std::string_view name) const {
+    for (const Enumerator &value : values)
+        if (value.name == name) return &value;
+    return nullptr;
+}
+
+const Enumerator *Enum::numbered(int64_t number) const {
+    const Enumerator *found = nullptr;
+    for (const Enumerator &value : values) {
+        if (value.number != number) continue;
+        // A base and its first follower have one number; the follower says more.
+        if (!found) found = &value;
+        if (!value.name.ends_with("_BASE")) return &value;
+    }
+    return found;
+}
+
+Dictionary::Dictionary(std::string text) : text_(std::move(text)) {
+    std::string_view rest = text_;
+    const std::size_t head_end = rest.find('\n');
+    if (!rest.starts_with(mark) || head_end == std::string_view::npos || !rest.ends_with('\n'))
+        throw std::runtime_error("not a dictionary");
+    prefix_ = rest.substr(mark.size(), head_end - mark.size());
+    rest.remove_prefix(head_end + 1);
+    entries_.reserve(4096);
+    while (!rest.empty()) {
+        const std::size_t end = rest.find('\n'), name_end = rest.find('\t', 2);
+        if (name_end >= end) throw std::runtime_error("not a dictionary");
+        const Kind kind = static_cast<Kind>(rest[0]);
+        order_.emplace_back(kind, rest.substr(2, name_end - 2));
+        entries_.emplace(rest.substr(0, name_end), rest.substr(name_end + 1, end - name_end - 1));
+        rest.remove_prefix(end + 1);
+    }
+}
+
+std::string Dictionary::head(const std::string &prefix) { return std::string(mark) + prefix + "\n"; }
+
+std::string Dictionary::line(Kind kind, const std::string &name, const std::string &json) {
+    return std::string(1, kind) + "\t" + name + "\t" + json + "\n";
+}
+
+std::string Dictionary::full_name(const std::string &name) const {
+    return name.starts_with(prefix_) || name.starts_with("system.") ? name : prefix_ + name;
+}
+
+std::string Dictionary::bare_name(const std::string &name) const {
+    return name.starts_with(prefix_) ? name.substr(prefix_.size()) : name;
+}
+
+std::vector<std::string> Dictionary::names(Kind kind) const {
+    std::vector<std::string> result;
+    for (const auto &[of, name] : order_)
+        if (of == kind) result.emplace_back(name);
+    return result;
+}
+
+const std::string_view *Dictionary::find(Kind kind, const std::string &name) const {
+    const auto entry = entries_.find(std::string(1, kind) + "\t" + name);
+    return entry == entries_.end() ? nullptr : &entry->second;
+}
+
+std::string_view Dictionary::json(Kind kind, const std::string &name) const {
+    const std::string_view *entry = find(kind, name);
+    return entry ? *entry : std::string_view();
+}
+
+std::optional<Method> Dictionary::method(const std::string &name) const {
+    const std::string_view *entry = find(methods, bare_name(name));
+    if (!entry) return {};
+    const Json json = Json::parse(*entry);
+    Method method{bare_name(name), "", "", {}, json["help"], json["letters"]};
+    for (const Json &record : json["signature"]) {
+        if (method.result.empty()) {
+            method.result = record["application_type"];
+            method.result_base = record["primative_type"];
+            continue;
+        }
+        method.parameters.push_back(
+            {record["application_type"], record["primative_type"], record["declaration_name"], record["isUDT"]});
+    }
+    return method;
+}
+
+Method Dictionary::method_or_throw(const std::string &name) const {
+    if (std::optional<Method> found = method(name)) return *found;
+    throw UsageError("unknown method " + name + did_you_mean(bare_name(name), names(methods)));
+}
+
+std::optional<Json> Dictionary::udt(const std::string &name) const {
+    const std::string_view *entry = find(udts, bare_name(name));
+    if (!entry) return {};
+    return Json::parse(*entry);
+}
+
+const Enum *Dictionary::enumeration(const std::string &type) const {
+    const auto parsed = parsed_enums_.find(type);
+    if (parsed != parsed_enums_.end()) return &parsed->second;
+    const std::string_view *entry = find(enums, type);
+    if (!entry) return nullptr;
+    Enum result{type, {}};
+    const Enumerator *base = nullptr;
+    const Json list = Json::parse(*entry);
+    result.values.reserve(list.size());
+    for (const Json &item : list) {
+        Enumerator value{item[0], item[1], item[1], ""};
+        // Behind a base that is told whole, the numbers are distances from it.
+        if (base && value.told >= 0 && value.told < base->number) {
+            value.number += base->number;
+            value.base = base->name;
+        }
+        result.values.push_back(value);
+        if (value.name.ends_with("_BASE") && value.base.empty()) base = &result.values.back();
+    }
+    return &parsed_enums_.emplace(type, std::move(result)).first->second;
+}
+
+std::optional<std::string> Dictionary::define(const std::string &name) const {
+    const std::string_view *entry = find(defines, name);
+    if (!entry) return {};
+    return Json::parse(*entry).get<std::string>();
+}
+
+std::optional<std::string> Dictionary::behind(const std::string &type) const {
+    const std::string_view *entry = find(typedefs, type);
+    if (!entry) return {};
+    return Json::parse(*entry).get<std::string>();
+}
+
+std::string Dictionary::base_type(const std::string &type) const {
+    if (has(enums, type)) return "int";
+    const std::optional<std::string> next = behind(type);
+    return next && *next != type ? base_type(*next) : type;
+}
+
+const Enum *Dictionary::enum_of(const std::string &enumerator) const {
+    const std::string quoted = "[\"" + enumerator + "\",";
+    for (const auto &[kind, name] : order_)
+        if (kind == enums && json(enums, std::string(name)).find(quoted) != std::string_view::npos)
+            return enumeration(std::string(name));
+    return nullptr;
+}
+
+std::optional<int64_t> Dictionary::define_number(const std::string &name) const {
+    std::optional<std::string> text = define(name);
+    if (!text) return {};
+    for (;;) {
+        if (text->starts_with('(') && text->ends_with(')')) {
+            *text = text->substr(1, text->size() - 2);
+            // What remains of ((type)8).
+            const std::size_t cast = text->find(')');
+            if (text->starts_with('(') && cast != std::string::npos && cast + 1 < text->size())
+                *text = text->substr(cast + 1);
+        } else {
+            return number(*text);
+        }
+    }
+}
+
+}  // namespace lmqctl

@@ -1,0 +1,53 @@
+// Values as people write them, into values of the wire: checked against their types, with errors that name the place.
+#pragma once
+
+#include <string>
+
+#include "dictionary.h"
+#include "type.h"
+
+namespace lmqctl {
+
+struct InputOptions {
+    bool force = false;     // send arrays longer than their bound, and numbers beyond their type
+    bool set_flags = true;  // set the flags of masks for the members that are given
+};
+
+// What a word stands for: the contents of @FILE or of standard input, without the blanks around them; else itself.
+// `place` is for errors.
+std::string text_of(const std::string &word, const std::string &place);
+
+// Whether a member of a struct holds flags that say which of the others are given.
+bool is_valid_mask(const Type &structure, const Member &member);
+
+class Input {
+  public:
+    Input(const Dictionary &dictionary, InputOptions options) : dictionary_(dictionary), options_(options) {}
+
+    // A value from the text of an argument: a number, names with |, an address, JSON, @FILE, or - for standard input.
+    // `place` is the argument's name, for errors. Throws a UsageError.
+    Json from_text(const Type &type, const std::string &text, const std::string &place) const;
+
+    // A value from JSON in which names and addresses may stand as strings.
+    Json from_json(const Type &type, const Json &json, const std::string &place) const;
+
+    // Sets what a path leads to inside a value: ".dev_cfg[0].enbl".
+    void set(const Type &type, Json &value, const std::string &path, const std::string &text,
+             const std::string &place) const;
+
+    // Sets the flags of masks for the members that a struct has, all the way down. For values that `set` has made.
+    void set_flags(const Type &type, Json &value) const;
+
+  private:
+    Json number(const Type &type, int64_t value, const std::string &place) const;
+    Json named(const Type &type, const std::string &text, const std::string &place) const;
+    Json flags(const Type &type, const std::string &text, const std::string &place) const;
+    Json structure(const Type &type, const Json &json, const std::string &place) const;
+    Json list(const Type &type, const Json &json, const std::string &place) const;
+    [[noreturn]] void wrong(const Type &type, const std::string &given, const std::string &place,
+                            const std::string &hint = "") const;
+    const Dictionary &dictionary_;
+    InputOptions options_;
+};
+
+}  // namespace lmqctl

@@ -1,0 +1,46 @@
+// Answers for people: names for numbers, one alternative of an overlay, nothing said at length that is only zeros.
+#pragma once
+
+#include <string>
+
+#include "dictionary.h"
+#include "type.h"
+
+namespace lmqctl {
+
+struct Style {
+    bool full = false;   // all alternatives, all zeros
+    bool color = false;  // for a terminal
+};
+
+class Output {
+  public:
+    Output(const Dictionary &dictionary, Types &types, Style style)
+        : dictionary_(dictionary), types_(types), style_(style) {}
+
+    // The answer of a method, [result, argument...], with its status line: lines that end with a line break.
+    std::string answer(const Method &method, const Json &answer) const;
+
+    // A value under a name. Structures and arrays go on in lines of their own, indented.
+    std::string value(const std::string &name, const Type &type, const Json &value, unsigned indent = 0) const;
+
+    // "VX_SUCCESS", "VX_ERR_GLBL_X (28674 = 0x7002: VX_ERR_GLBL_BASE + 2)".
+    std::string status(const Method &method, const Json &result) const;
+
+    // Values with unsigned numbers as such, for programs.
+    static Json plain(const Type &type, const Json &value);
+
+    std::string paint(const char *code, const std::string &text) const;
+
+  private:
+    std::string one_line(const Type &type, const Json &value) const;  // empty if it needs several
+    const Dictionary &dictionary_;
+    Types &types_;
+    Style style_;
+};
+
+// Whether a result says that the driver did what it was asked: 0 of an enum or a signed number. Another type is a
+// value, and so is no failure.
+bool is_success(const Dictionary &dictionary, const Method &method, const Json &result);
+
+}  // namespace lmqctl
