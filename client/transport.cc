@@ -14,6 +14,10 @@ std::size_t store(char *data, std::size_t, std::size_t length, void *text) {
     return length;
 }
 
+int is_stopped(void *stop, curl_off_t, curl_off_t, curl_off_t, curl_off_t) {
+    return *static_cast<const volatile std::sig_atomic_t *>(stop) != 0;
+}
+
 void call(xmlrpc_env *env, xmlrpc_client_transport *transport, const xmlrpc_server_info *, xmlrpc_mem_block *xml,
           xmlrpc_mem_block **response) {
     try {
@@ -63,6 +67,11 @@ xmlrpc_client_transport::xmlrpc_client_transport(const lmqctl::Connection &conne
         curl_easy_setopt(curl_, CURLOPT_USERNAME, connection.user.c_str());
         curl_easy_setopt(curl_, CURLOPT_PASSWORD, connection.password.c_str());
     }
+    if (connection.stop) {
+        curl_easy_setopt(curl_, CURLOPT_NOPROGRESS, 0L);
+        curl_easy_setopt(curl_, CURLOPT_XFERINFOFUNCTION, is_stopped);
+        curl_easy_setopt(curl_, CURLOPT_XFERINFODATA, connection.stop);
+    }
     if (!connection.cacert.empty()) curl_easy_setopt(curl_, CURLOPT_CAINFO, connection.cacert.c_str());
     if (!connection.cert.empty()) curl_easy_setopt(curl_, CURLOPT_SSLCERT, connection.cert.c_str());
     if (!connection.key.empty()) curl_easy_setopt(curl_, CURLOPT_SSLKEY, connection.key.c_str());
@@ -88,6 +97,8 @@ std::string xmlrpc_client_transport::exchange(const std::string &request) {
     if (result == CURLE_URL_MALFORMAT || result == CURLE_UNSUPPORTED_PROTOCOL)
         throw lmqctl::UsageError(url +
                                  ": no URL that can be used; expected http://HOST:PORT/RPC2, https://... or unix:PATH");
+    if (result == CURLE_ABORTED_BY_CALLBACK)
+        throw Error(lmqctl::exit_connection, "interrupted; the host goes on with the call");
     if (result != CURLE_OK) throw Error(lmqctl::exit_connection, url + ": " + curl_easy_strerror(result));
 
     long status = 0;

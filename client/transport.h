@@ -6,6 +6,7 @@
 #include <xmlrpc-c/client.h>
 #include <xmlrpc-c/transport.h>
 
+#include <csignal>
 #include <exception>
 #include <string>
 
@@ -17,6 +18,7 @@ struct Connection {
     std::string user, password;
     double timeout = 30;  // seconds for a call; 0 for no limit
     std::string cacert, cert, key;
+    const volatile std::sig_atomic_t *stop = nullptr;  // a call ends when it is not 0
 };
 
 }  // namespace lmqctl
