@@ -107,7 +107,7 @@ struct LineEditor::State {
 
     static unsigned char drop(EditLine *editor, int) {
         of(editor).is_dropped = true;
-        std::fputs("^C", stdout);
+        std::fputs("^C\n", stdout);
         return CC_NEWLINE;
     }
 
