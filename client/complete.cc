@@ -204,8 +204,7 @@ void add_arguments(Candidates &candidates, const Dictionary &dictionary, const s
         const std::size_t dot = typed.rfind('.');
         const Type *held = dot == std::string::npos ? nullptr : walked(type.get(), typed.substr(inside, dot - inside));
         if (held)
-            for (const Member &member : held->members)
-                add_key(typed.substr(0, dot + 1) + member.name, member);
+            for (const Member &member : held->members) add_key(typed.substr(0, dot + 1) + member.name, member);
         return;
     }
 
@@ -216,8 +215,8 @@ void add_arguments(Candidates &candidates, const Dictionary &dictionary, const s
     std::size_t passed = 0;
     for (const Parameter &parameter : method->parameters) {
         const Member member{parameter.name, types.parameter(parameter)};
-        const bool addressed = is_given(parameter.name + ".") || is_given(parameter.name + "[") ||
-                               is_given(parameter.name + "=");
+        const bool addressed =
+            is_given(parameter.name + ".") || is_given(parameter.name + "[") || is_given(parameter.name + "=");
         if (is_output(*method, parameter))
             outputs.push_back(member);
         else if (addressed || passed++ >= in_order)

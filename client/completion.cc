@@ -21,8 +21,9 @@ void answer(Context &context, const std::vector<std::string> &words) {
 void set_up_completion(CLI::App &command, Context &) {
     const auto shell = std::make_shared<std::string>();
     command.add_option("SHELL", *shell, "Which one")->required()->check(CLI::IsMember({"bash", "zsh", "fish"}));
-    command.callback(
-        [shell] { print(*shell == "bash" ? bash_completion : *shell == "zsh" ? zsh_completion : fish_completion); });
+    command.callback([shell] {
+        print(*shell == "bash" ? bash_completion : *shell == "zsh" ? zsh_completion : fish_completion);
+    });
 }
 
 void set_up_complete(CLI::App &command, Context &context) {

@@ -44,13 +44,13 @@ const Library *library() {
     static Library functions;
     void *handle = dlopen("libedit.so.2", RTLD_NOW | RTLD_LOCAL);
     if (!handle) return nullptr;
-    const bool is_whole =
-        find(handle, "el_init", functions.init) && find(handle, "el_end", functions.end) &&
-        find(handle, "el_set", functions.set) && find(handle, "el_get", functions.get) &&
-        find(handle, "el_gets", functions.gets) && find(handle, "el_line", functions.line) &&
-        find(handle, "el_insertstr", functions.insert) && find(handle, "el_source", functions.source) &&
-        find(handle, "history", functions.history) && find(handle, "history_init", functions.history_init) &&
-        find(handle, "history_end", functions.history_end);
+    const bool is_whole = find(handle, "el_init", functions.init) && find(handle, "el_end", functions.end) &&
+                          find(handle, "el_set", functions.set) && find(handle, "el_get", functions.get) &&
+                          find(handle, "el_gets", functions.gets) && find(handle, "el_line", functions.line) &&
+                          find(handle, "el_insertstr", functions.insert) &&
+                          find(handle, "el_source", functions.source) && find(handle, "history", functions.history) &&
+                          find(handle, "history_init", functions.history_init) &&
+                          find(handle, "history_end", functions.history_end);
     return is_whole ? &functions : nullptr;
 }
 
@@ -174,6 +174,8 @@ LineEditor::Result LineEditor::read(std::string &line) {
     }
     int length = 0;
     state.is_dropped = false;
+    // Before the prompt: whoever types at once is no longer in the mode in which Ctrl-C is a signal.
+    state.edit->set(state.editor, EL_PREP_TERM, 1);
     const char *text = state.edit->gets(state.editor, &length);
     if (state.is_dropped) return dropped;
     if (!text || length <= 0) return end;

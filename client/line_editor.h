@@ -1,5 +1,6 @@
-// Lines from a terminal: edited, remembered, completed with Tab. The editing is libedit's, which is loaded for a session
-// alone: the other commands need not pay half a millisecond for it. Without the library, lines are read as they come.
+// Lines from a terminal: edited, remembered, completed with Tab. The editing is libedit's, which is loaded for a
+// session alone: the other commands need not pay half a millisecond for it. Without the library, lines are read as they
+// come.
 #pragma once
 
 #include <functional>

@@ -1,10 +1,9 @@
 // lmqctl: calls the methods of a host from a command line. This file holds the options before the command and the exit.
 #include <signal.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <exception>
-
-#include <algorithm>
 
 #include "command.h"
 #include "error.h"

@@ -1,6 +1,7 @@
 """Sessions on a pipe and on a terminal, and what Tab offers: asked of lmqctl, and in the shells that are installed."""
 
 import os
+import pathlib
 import pty
 import re
 import select
@@ -215,6 +216,14 @@ class Session(CtlTest):
         for command in ("repl", "completion"):
             self.assertIn(f"Example:\n  lmqctl {command}", self.ok(command, "--help"))
         self.assertNotIn("  complete ", self.ok("--help"))
+        page = pathlib.Path(__file__).parents[2].joinpath("packaging", "lmqctl.1").read_text()
+        commands = re.findall(r"^  ([a-z]+) ", self.ok("--help").split("Subcommands:")[1], re.M)
+        self.assertIn("repl", commands)
+        for command in commands:
+            self.assertRegex(page, rf"(?m)^\.BI?R? {command}\b")
+        for text in (self.ok(*command, "--help") for command in ([], *([name] for name in commands))):
+            for option in re.findall(r"^ +(?:-\w,)?(--[a-z-]+)", text, re.M):
+                self.assertIn(option.replace("-", r"\-"), page)
         self.refused(USAGE, "tcsh", "completion", "tcsh")
         self.refused(USAGE, "SHELL", "completion")
 
