@@ -174,6 +174,22 @@ bool is_addressed(const std::string &word) {
     return equals != std::string::npos && equals != 0 && std::string("{[\"@-").find(word[0]) == std::string::npos;
 }
 
+// The alternative of an overlay that another word has selected; empty if none has. `stem` is "p_key.key_s.".
+std::string selected(const Dictionary &dictionary, const Type &type, const std::string &stem,
+                     const std::vector<std::string> &places) {
+    if (type.kind != Type::overlay || type.selector.empty() || stem.size() < 2) return "";
+    const std::string key = stem.substr(0, stem.rfind('.', stem.size() - 2) + 1) + type.selector + "=";
+    for (const std::string &word : places) {
+        if (!word.starts_with(key)) continue;
+        const std::string given = word.substr(key.size());
+        const Enum *values = dictionary.enum_of(given);
+        const std::optional<int64_t> value = values ? values->named(given)->number : number(given);
+        const auto found = value ? type.selected.find(*value) : type.selected.end();
+        if (found != type.selected.end()) return found->second;
+    }
+    return "";
+}
+
 void add_arguments(Candidates &candidates, const Dictionary &dictionary, const std::vector<std::string> &places,
                    const std::string &typed) {
     const std::optional<Method> method = dictionary.method(dictionary.bare_name(places[0]));
@@ -203,8 +219,10 @@ void add_arguments(Candidates &candidates, const Dictionary &dictionary, const s
         }
         const std::size_t dot = typed.rfind('.');
         const Type *held = dot == std::string::npos ? nullptr : walked(type.get(), typed.substr(inside, dot - inside));
-        if (held)
-            for (const Member &member : held->members) add_key(typed.substr(0, dot + 1) + member.name, member);
+        if (!held) return;
+        const std::string stem = typed.substr(0, dot + 1), only = selected(dictionary, *held, stem, places);
+        for (const Member &member : held->members)
+            if (only.empty() || member.name == only) add_key(stem + member.name, member);
         return;
     }
 

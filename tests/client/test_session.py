@@ -155,6 +155,7 @@ class Session(CtlTest):
                 (("call", "lmq_init_system", "p_cfg.dev_c"), ["p_cfg.dev_cfg[0]."]),
                 (("call", "lmq_init_system", "p_cfg.dev_cfg[0].sni_mode=LMQ_SNI_MODE_N"),
                  ["p_cfg.dev_cfg[0].sni_mode=LMQ_SNI_MODE_NORMAL "]),
+                (("call", "vx_flow_us_add", "p_key.key_type=VX_CL_KEY_MAC_VLAN", "p_key.key_s."), ["p_key.key_s.mac_vlan."]),
                 (("call", "vx_nobody", ""), []), ((*call, "p_cfg.nobody."), []), ((*call, "p_cfg[.x["), []), (("nobody", ""), []),
                 ((), [])):
             self.assertEqual(self.offered(*words) if words else [], expected, words)
