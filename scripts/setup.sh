@@ -5,7 +5,7 @@
 packages_to_build=(g++ cmake ninja-build pkg-config libxmlrpc-core-c3-dev libmicrohttpd-dev libcli11-dev libexpat1-dev
                    libgnutls28-dev libcrypt-dev libcurl4-openssl-dev nlohmann-json3-dev libmimalloc-dev
                    libedit-dev)
-packages_to_test=(libgtest-dev python3 openssl clang libclang-rt-14-dev)
+packages_to_test=(libgtest-dev python3 openssl clang libclang-rt-14-dev zsh fish)
 
 say() { printf '==> %s\n' "$*" >&2; }
 

@@ -21,6 +21,8 @@ _lmqctl() {
     COMPREPLY=()
     while IFS= read -r line; do
         line=${line%%$'\t'*}
+        # Inside quotes a blank would be part of the word.
+        [[ $last != *[\'\"]* ]] || line=${line% }
         COMPREPLY+=("${line#"$kept"}")
     done < <("$program" complete -- "${words[@]:1}" 2>/dev/null)
 }

@@ -182,7 +182,7 @@ class Session(CtlTest):
                 ("lmqctl call vx_watchdog_set dev_id=0 p_cfg.wd_enable=1 p_cfg.wd_t", ["p_cfg.wd_timer="]),
                 ("lmqctl call vx_watchdog_set 0 p_cfg.wd_action=VX_WD_ACTION_W", ["VX_WD_ACTION_WARNING "]),
                 ("lmqctl call vx_watchdog_set 0 p_cfg.wd_action=", ["VX_WD_ACTION_WARNING ", "VX_WD_ACTION_REBOOT "]),
-                ("lmqctl call vx_watchdog_set 0 p_cfg.mask_s='wd_enable|wd_t", ["wd_enable|wd_timer "]),
+                ("lmqctl call vx_watchdog_set 0 p_cfg.mask_s='wd_enable|wd_t", ["wd_enable|wd_timer"]),
                 (f"lmqctl --url {self.url} uses vx_watchdog_", ["vx_watchdog_cfg_t "]), ("lmqctl nobody x", [])):
             self.assertEqual(self.in_bash(line), expected, line)
 
@@ -208,7 +208,8 @@ class Session(CtlTest):
     def test_fish(self):
         for line, expected in (("lmqctl expl", "explain"), ("lmqctl call vx_watchdog_set 0 p_cfg.wd_a", "p_cfg.wd_action="),
                                ("lmqctl call vx_watchdog_set 0 p_cfg.wd_action=VX_WD_ACTION_R",
-                                "p_cfg.wd_action=VX_WD_ACTION_REBOOT")):
+                                "p_cfg.wd_action=VX_WD_ACTION_REBOOT"),
+                               ('lmqctl call vx_watchdog_set 0 "p_cfg.mask_s=wd_enable|wd_t', "p_cfg.mask_s=wd_enable|wd_timer")):
             printed = subprocess.run(["fish", "--no-config", "-c", f"lmqctl completion fish | source; complete -C '{line}'"],
                                      env=self.environment, capture_output=True, text=True, check=True).stdout
             self.assertEqual([each.split("\t")[0] for each in printed.splitlines()], [expected], line)
