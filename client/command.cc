@@ -18,6 +18,10 @@ const std::vector<Command> commands = {
      set_up_call},
     {"explain", "All meanings of a status number, an event, an enumerator or a define", "lmqctl explain 0x7002",
      set_up_explain},
+    {"repl", "A session: a line is a command, or the name and arguments of a method", "lmqctl repl", set_up_repl},
+    {"completion", "A script that makes a shell complete commands, names and keys",
+     "lmqctl completion bash > ~/.local/share/bash-completion/completions/lmqctl", set_up_completion},
+    {"complete", "", "lmqctl complete -- call METHOD p_cfg.", set_up_complete},
 };
 
 }  // namespace lmqctl

@@ -10,7 +10,7 @@ namespace lmqctl {
 
 struct Command {
     const char *name;
-    const char *summary;
+    const char *summary;  // empty for one that --help does not show
     const char *example;  // shown under --help
     // Adds the options and the callback that carries the command out. The callback sets context.exit_status if it is
     // not 0, and throws an Error for what the user has to know.
@@ -20,9 +20,12 @@ struct Command {
 extern const std::vector<Command> commands;
 
 void set_up_call(CLI::App &command, Context &context);
+void set_up_complete(CLI::App &command, Context &context);
+void set_up_completion(CLI::App &command, Context &context);
 void set_up_describe(CLI::App &command, Context &context);
 void set_up_explain(CLI::App &command, Context &context);
 void set_up_list(CLI::App &command, Context &context);
+void set_up_repl(CLI::App &command, Context &context);
 void set_up_search(CLI::App &command, Context &context);
 void set_up_template(CLI::App &command, Context &context);
 void set_up_uses(CLI::App &command, Context &context);

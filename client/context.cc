@@ -77,6 +77,37 @@ const Dictionary &Context::dictionary() {
     return checked([&](const Dictionary &cached) { return is_current(session(), cached); });
 }
 
+const Dictionary *Context::dictionary_at_hand() {
+    if (dictionary_) return dictionary_.get();
+    if (at_hand_) return at_hand_.get();
+    try {
+        if (std::optional<std::string> text = load_cached(connection.url)) {
+            at_hand_ = std::make_unique<Dictionary>(std::move(*text));
+            return at_hand_.get();
+        }
+    } catch (const std::exception &) {
+        note("the cached dictionary is damaged");
+    }
+    try {
+        Connection impatient = connection;
+        impatient.timeout = 1;
+        const char *password = std::getenv("LMQ_PASSWORD");
+        if (!connection.user.empty() && connection.password.empty()) impatient.password = password ? password : "";
+        Session session(impatient);
+        at_hand_ = std::make_unique<Dictionary>(fetch_dictionary(session));
+        store_cached(connection.url, at_hand_->text());
+    } catch (const std::exception &error) {
+        note(error.what());
+    }
+    return at_hand_.get();
+}
+
+void Context::forget_dictionary() {
+    types_.reset();
+    dictionary_.reset();
+    at_hand_.reset();
+}
+
 Types &Context::types() {
     if (!types_) types_ = std::make_unique<Types>(dictionary());
     return *types_;

@@ -14,14 +14,19 @@ namespace lmqctl {
 struct Context {
     Connection connection;
     bool json = false, no_color = false, verbose = false, refresh = false;
-    int exit_status = 0;  // what the command leaves
+    int exit_status = 0;      // what the command leaves
+    bool in_session = false;  // the command is a line of a session
 
     Session &session();
     // For a command about one method: what the host says of it is compared with the cache, in one packet.
     const Dictionary &dictionary_for(const std::string &method);
     // For the others: the list of methods is compared.
     const Dictionary &dictionary();
-    Types &types();  // of the dictionary
+    // For completion: the one in use or the cached one, whether it is current or not, else what the host answers in a
+    // second. nullptr if there is none. Asks for no password.
+    const Dictionary *dictionary_at_hand();
+    void forget_dictionary();  // the next command that needs it fetches it
+    Types &types();            // of the dictionary
     // How to show values on standard output.
     Style style(bool full = false) const;
     Output output(bool full = false);
@@ -31,7 +36,7 @@ struct Context {
     template <class Check>
     const Dictionary &checked(Check is_current);
     std::unique_ptr<Session> session_;
-    std::unique_ptr<Dictionary> dictionary_;
+    std::unique_ptr<Dictionary> dictionary_, at_hand_;
     std::unique_ptr<Types> types_;
 };
 

@@ -113,6 +113,7 @@ class PlainHttp : public Http {
         pollfd wanted{socket_, event, 0};
         int ready = 0;
         do {
+            if (connection_.stop && *connection_.stop) throw_stopped();
             ready = poll(&wanted, 1, until);
         } while (ready < 0 && errno == EINTR);
         return ready > 0;
@@ -290,6 +291,8 @@ std::unique_ptr<Http> make_http(const Connection &connection) {
     if (!connection.url.starts_with("http://") && !connection.url.starts_with("unix:")) throw_bad_url(connection);
     return std::make_unique<PlainHttp>(connection);
 }
+
+void throw_stopped() { throw Error(exit_connection, "interrupted; the host goes on with the call"); }
 
 void throw_timeout(const Connection &connection) {
     throw Error(exit_connection, connection.url + ": no answer in time; --timeout SECONDS waits longer");

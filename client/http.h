@@ -3,6 +3,7 @@
 // before.
 #pragma once
 
+#include <csignal>
 #include <memory>
 #include <string>
 
@@ -14,6 +15,7 @@ struct Connection {
     std::string user, password;
     double timeout = 30;  // seconds for a call; 0 for no limit
     std::string cacert, cert, key;
+    const volatile std::sig_atomic_t *stop = nullptr;  // a call ends when it is not 0
 };
 
 struct HttpAnswer {
@@ -38,6 +40,7 @@ std::unique_ptr<Http> make_http(const Connection &connection);
 std::unique_ptr<Http> make_https(const Connection &connection);
 
 // What both say of a failure.
+[[noreturn]] void throw_stopped();
 [[noreturn]] void throw_timeout(const Connection &connection);
 [[noreturn]] void throw_cannot_connect(const Connection &connection, const std::string &why);
 [[noreturn]] void throw_bad_url(const Connection &connection);

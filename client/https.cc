@@ -49,6 +49,10 @@ std::size_t store(char *data, std::size_t, std::size_t length, void *into) {
     return length;
 }
 
+int is_stopped(void *stop, curl_off_t, curl_off_t, curl_off_t, curl_off_t) {
+    return *static_cast<const volatile std::sig_atomic_t *>(stop) != 0;
+}
+
 class CurlHttp : public Http {
   public:
     explicit CurlHttp(const Connection &connection) : connection_(connection) {
@@ -68,6 +72,11 @@ class CurlHttp : public Http {
             curl_.setopt(handle_, CURLOPT_HTTPAUTH, CURLAUTH_BASIC);
             curl_.setopt(handle_, CURLOPT_USERNAME, connection_.user.c_str());
             curl_.setopt(handle_, CURLOPT_PASSWORD, connection_.password.c_str());
+        }
+        if (connection_.stop) {
+            curl_.setopt(handle_, CURLOPT_NOPROGRESS, 0L);
+            curl_.setopt(handle_, CURLOPT_XFERINFOFUNCTION, &is_stopped);
+            curl_.setopt(handle_, CURLOPT_XFERINFODATA, connection_.stop);
         }
         if (!connection_.cacert.empty()) curl_.setopt(handle_, CURLOPT_CAINFO, connection_.cacert.c_str());
         if (!connection_.cert.empty()) curl_.setopt(handle_, CURLOPT_SSLCERT, connection_.cert.c_str());
@@ -89,6 +98,7 @@ class CurlHttp : public Http {
         const std::string why = curl_.strerror(result);
         switch (result) {
             case CURLE_OK: break;
+            case CURLE_ABORTED_BY_CALLBACK: throw_stopped();
             case CURLE_OPERATION_TIMEDOUT: throw_timeout(connection_);
             case CURLE_COULDNT_CONNECT:
             case CURLE_COULDNT_RESOLVE_HOST: throw_cannot_connect(connection_, why);

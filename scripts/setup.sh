@@ -3,8 +3,9 @@
 # its output to itself unless it fails; the first failure ends the script with one line.
 
 packages_to_build=(g++ cmake ninja-build pkg-config libxmlrpc-core-c3-dev libmicrohttpd-dev libcli11-dev libexpat1-dev
-                   libgnutls28-dev libcrypt-dev libcurl4-openssl-dev nlohmann-json3-dev libmimalloc-dev)
-packages_to_test=(libgtest-dev libbenchmark-dev valgrind python3 openssl clang libclang-rt-14-dev)
+                   libgnutls28-dev libcrypt-dev libcurl4-openssl-dev nlohmann-json3-dev libmimalloc-dev
+                   libedit-dev)
+packages_to_test=(libgtest-dev libbenchmark-dev valgrind python3 openssl clang libclang-rt-14-dev zsh fish)
 # The target's libraries come from cmake/arm-sysroot.sh.
 packages_for_arm=(g++ g++-arm-linux-gnueabihf qemu-user cmake ninja-build pkg-config python3 openssl)
 

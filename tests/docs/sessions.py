@@ -2,8 +2,9 @@
 chip: sessions.py CMAKE BUILD DOCUMENT...
 
 A fenced block of `sh` or `python` is a session if a block of `text` comes next, which is what it must print. A block of
-`xml` before another one is a document to post and its answer. All sessions run in their order against one host. Links to
-files are followed too.
+`xml` before another one is a document to post and its answer. A block of `console` that begins with `$ lmqctl` is one of
+commands with what each prints; behind `lmqctl> ` stand the lines of a session. All sessions of a document run in their
+order against a host of its own. Links to files are followed too.
 """
 
 import contextlib
@@ -41,6 +42,22 @@ def post(text, address):
         return connection.getresponse().read().decode()
 
 
+def console(text, address):
+    """The block again, with what its commands print now."""
+    printed = ""
+    blocks = re.split(r"^\$ ", text, flags=re.MULTILINE)[1:]
+    for block in blocks:
+        command, typed = block.split("\n", 1)[0], re.findall(r"^lmqctl> (.*)\n", block, re.MULTILINE)
+        printed += f"$ {command}\n"
+        # A session on a pipe shows no prompt; each of its lines is one of its own here.
+        for line in typed or [None]:
+            got = subprocess.run(["bash", "-c", command], input=line or "", stdout=subprocess.PIPE,
+                                 stderr=subprocess.STDOUT, text=True, timeout=60,
+                                 env=dict(os.environ, LMQ_URL=f"http://{address}/RPC2")).stdout
+            printed += (f"lmqctl> {line}\n" if typed else "") + got
+    return printed.replace(address, WRITTEN)
+
+
 def lines(language, text):
     """What is compared: in XML, white space between the tags is only for the eye."""
     if language == "xml":
@@ -55,6 +72,12 @@ def check(document, address):
                   if not (document.parent / link).exists()]
     runners = {("sh", "text"): shell, ("python", "text"): python, ("xml", "xml"): post}
     count, blocks = 0, list(FENCE.finditer(text))
+    for block in blocks:
+        if block[1] == "console" and block[2].startswith("$ lmqctl"):
+            count += 1
+            line = text.count("\n", 0, block.start()) + 1
+            complaints += difflib.unified_diff(lines("text", block[2]), lines("text", console(block[2], address)),
+                                               f"{document.name}:{line}", "what came", lineterm="")
     for block, answer in zip(blocks, blocks[1:]):
         language, expected = block[1], answer[2]
         session = runners.get((language, answer[1]))
@@ -71,25 +94,28 @@ def check(document, address):
 def main(cmake, build, *documents):
     with tempfile.TemporaryDirectory() as prefix:
         subprocess.run([cmake, "--install", build, "--prefix", prefix], check=True, stdout=subprocess.DEVNULL)
-        # The sessions find the client, whose cache is no business of who runs the tests.
-        os.environ["PATH"] = f"{prefix}/bin:{os.environ['PATH']}"
-        os.environ["XDG_CACHE_HOME"] = f"{prefix}/cache"
-        return run(pathlib.Path(prefix, "bin", "lmq-host"), documents)
+        folder = pathlib.Path(prefix, "bin")
+        # Time goes on by a second with each call, as if somebody typed them; what counts and draws is always the same.
+        os.environ.update(PATH=f"{folder}:{os.environ['PATH']}", XDG_CACHE_HOME=f"{prefix}/cache", LMQ_SIM_CLOCK="1000",
+                          COLUMNS="120", LMQ_SIM_TRAFFIC="1:1000")
+        results = [run(folder / "lmq-host", document) for document in documents]
+    sessions = sum(count for count, _ in results)
+    print(f"{sessions} sessions")
+    return 1 if not sessions or not all(succeeded for _, succeeded in results) else 0
 
 
-def run(host, documents):
+def run(host, document):
+    """Returns the number of sessions and whether all of them came out as they are written."""
     process = subprocess.Popen([host, "--listen", "127.0.0.1:0"], stdout=subprocess.PIPE, text=True)
     try:
         address = re.fullmatch(r"Listening on http://(.*)/RPC2\n", process.stdout.readline())[1]
-        results = [check(pathlib.Path(document), address) for document in documents]
+        count, complaints = check(pathlib.Path(document), address)
     finally:
         process.terminate()
         process.wait(20)
-    for _, complaints in results:
-        print("\n".join(complaints), end="\n" if complaints else "")
-    sessions = sum(count for count, _ in results)
-    print(f"{sessions} sessions")
-    return 1 if not sessions or process.returncode or any(complaints for _, complaints in results) else 0
+        process.stdout.close()
+    print("\n".join(complaints), end="\n" if complaints else "")
+    return count, not complaints and process.returncode == 0
 
 
 if __name__ == "__main__":

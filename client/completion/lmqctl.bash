@@ -1,0 +1,30 @@
+# Completes lmqctl in bash: commands, options, the names that the host tells, keys and enumerators.
+_lmqctl() {
+    # Bash breaks words at = and : too. Those that have no blank between them are put together again.
+    local rest=${COMP_LINE:0:COMP_POINT} words=() word blanks i
+    for ((i = 0; i <= COMP_CWORD; i++)); do
+        blanks=${rest%%[![:blank:]]*}
+        rest=${rest#"$blanks"}
+        word=$rest
+        ((i == COMP_CWORD)) || word=${COMP_WORDS[i]}
+        rest=${rest#"$word"}
+        if [[ $i -eq 0 || -n $blanks ]]; then words+=("$word"); else words[-1]+=$word; fi
+    done
+
+    # Bash replaces what is behind the last break or quote.
+    local last=${words[-1]} kept
+    kept=${last%"${last##*[=:\'\"]}"}
+    kept=${kept//[\'\"]/}
+    words=("${words[@]//[\'\"\\]/}")
+
+    local program=${words[0]/#\~/$HOME} line
+    COMPREPLY=()
+    while IFS= read -r line; do
+        line=${line%%$'\t'*}
+        # Inside quotes a blank would be part of the word.
+        [[ $last != *[\'\"]* ]] || line=${line% }
+        COMPREPLY+=("${line#"$kept"}")
+    done < <("$program" complete -- "${words[@]:1}" 2>/dev/null)
+}
+# Files where there is nothing else to offer. A word that is whole brings its blank along.
+complete -o default -o nospace -F _lmqctl lmqctl
