@@ -3,6 +3,7 @@
 #include "code.h"
 #include "command.h"
 #include "error.h"
+#include "request.h"
 
 namespace lmqctl {
 
@@ -15,24 +16,6 @@ struct CallOptions {
     bool dry_run = false, full = false, raw = false, no_valid = false;
     std::string as;
 };
-
-Json json_answer(Context &context, const Method &method, const Json &answer) {
-    Json json{{"method", context.dictionary().full_name(method.name)}};
-    if (!method.is_described() || !answer.is_array() || answer.empty()) {
-        json["result"] = answer;
-        return json;
-    }
-    json["result"] = Output::plain(*context.types().scalar(method.result), answer[0]);
-    const Enum *values = context.dictionary().enumeration(method.result);
-    const Enumerator *named =
-        values && answer[0].is_number_integer() ? values->numbered(answer[0].get<int64_t>()) : nullptr;
-    if (values) json["status"] = named ? Json(named->name) : Json();
-    json["arguments"] = Json::object();
-    for (std::size_t i = 0; i < method.parameters.size() && i + 1 < answer.size(); ++i)
-        json["arguments"][method.parameters[i].name] =
-            Output::plain(*context.types().parameter(method.parameters[i]), answer[i + 1]);
-    return json;
-}
 
 void call(Context &context, CallOptions options) {
     const Dictionary &dictionary = context.dictionary_for(options.method);

@@ -19,15 +19,19 @@ struct Command {
 
 extern const std::vector<Command> commands;
 
+void set_up_batch(CLI::App &command, Context &context);
 void set_up_call(CLI::App &command, Context &context);
 void set_up_complete(CLI::App &command, Context &context);
 void set_up_completion(CLI::App &command, Context &context);
 void set_up_describe(CLI::App &command, Context &context);
+void set_up_diff(CLI::App &command, Context &context);
 void set_up_explain(CLI::App &command, Context &context);
 void set_up_list(CLI::App &command, Context &context);
 void set_up_repl(CLI::App &command, Context &context);
 void set_up_search(CLI::App &command, Context &context);
+void set_up_snapshot(CLI::App &command, Context &context);
 void set_up_template(CLI::App &command, Context &context);
 void set_up_uses(CLI::App &command, Context &context);
+void set_up_watch(CLI::App &command, Context &context);
 
 }  // namespace lmqctl

@@ -44,6 +44,7 @@ std::string Method::prototype() const {
 
 std::optional<Method::Told> Method::told(const std::string &parameter) const {
     bool is_output = false;
+    std::optional<Told> found;
     for (const std::string &line : split(help, '\n')) {
         if (line.starts_with("OUTPUTS:")) is_output = true;
         if (line.starts_with("Returns:")) break;
@@ -54,9 +55,11 @@ std::optional<Method::Told> Method::told(const std::string &parameter) const {
         word.erase(word.find_last_not_of(' ') + 1);
         if (word != parameter) continue;
         text.erase(0, std::min(text.find_first_not_of(" :"), text.size()));
-        return Told{text, is_output};
+        // A text that names it in both places fills it in.
+        if (!found) found = Told{text, is_output};
+        found->is_output = found->is_output || is_output;
     }
-    return {};
+    return found;
 }
 
 const Enumerator *Enum::named(std::string_view name) const {
