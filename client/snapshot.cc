@@ -146,7 +146,7 @@ void snapshot(Context &context, const SnapshotOptions &options) {
                 Json{{"snapshot", 1}, {"host", context.session().url()}, {"time", time}, {"answers", answers}}.dump(
                     1, ' ', false, Json::error_handler_t::replace) +
                     "\n");
-    print(options.file + ": " + std::to_string(calls.size()) + " calls, " +
+    print(options.file + ": " + std::to_string(calls.size()) + (calls.size() == 1 ? " call, " : " calls, ") +
           std::to_string(calls.size() - static_cast<std::size_t>(failed)) + " answered with success\n");
 }
 

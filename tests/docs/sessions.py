@@ -53,6 +53,7 @@ def console(text, address):
         for line in typed or [None]:
             got = subprocess.run(["bash", "-c", command], input=line or "", stdout=subprocess.PIPE,
                                  stderr=subprocess.STDOUT, text=True, timeout=60,
+                                 cwd=pathlib.Path(os.environ["XDG_CACHE_HOME"]).parent,
                                  env=dict(os.environ, LMQ_URL=f"http://{address}/RPC2")).stdout
             printed += (f"lmqctl> {line}\n" if typed else "") + got
     return printed.replace(address, WRITTEN)
