@@ -44,6 +44,9 @@ class Backend {
     Backend(const Backend &) = delete;
     Backend &operator=(const Backend &) = delete;
 
+    /** Whether step() has the outcome as soon as begin() returns, so that nothing is won by letting a call wait. */
+    virtual bool is_synchronous() const { return false; }
+
     /** Whether begin() may be called. */
     virtual bool ready() const = 0;
 

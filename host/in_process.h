@@ -16,6 +16,7 @@ class InProcess : public Backend {
   public:
     explicit InProcess(const Open &open) : call_(open()) {}
 
+    bool is_synchronous() const override { return true; }
     bool ready() const override { return !outcome_; }
 
     void begin(std::string document, const std::string &) override {

@@ -175,6 +175,11 @@ struct Server::Callbacks {
             exchange.arrived = Clock::now();
             judge_document(self, exchange);
         }
+        if (!exchange.reply && self.backend_.is_synchronous()) {
+            self.bodies_ -= exchange.body.size();
+            self.backend_.begin(std::exchange(exchange.body, {}), exchange.method);
+            settle(exchange, *self.backend_.step());
+        }
         if (exchange.reply) return reply(self, exchange, self.stopping_);
         self.waiting_.push_back(&exchange);
         exchange.is_call = true;
@@ -198,6 +203,28 @@ struct Server::Callbacks {
         if (!verdict.fault) return;
         exchange.fault = verdict.fault->code;
         drop(self, exchange, xml(MHD_HTTP_OK, document(*verdict.fault)));
+    }
+
+    /** Makes the reply of a call. */
+    static void settle(Exchange &exchange, Backend::Outcome outcome) {
+        switch (outcome.kind) {
+            case Backend::Outcome::Kind::answer: {
+                exchange.fault = fault_code(outcome.text);
+                int status = 0;
+                if (exchange.fault == 0 && driver_status(outcome.text, status)) exchange.driver_status = status;
+                exchange.reply = xml(MHD_HTTP_OK, std::move(outcome.text));
+                break;
+            }
+            case Backend::Outcome::Kind::unanswerable:
+                std::fprintf(stderr, "lmq-host: a call could not be answered: %s\n", outcome.text.c_str());
+                exchange.reply = refusal(MHD_HTTP_INTERNAL_SERVER_ERROR,
+                                         "The call was made, but cannot be answered: " + outcome.text);
+                break;
+            case Backend::Outcome::Kind::lost:
+                exchange.fault = Fault::internal;
+                exchange.reply = xml(MHD_HTTP_BAD_GATEWAY, document(Fault{Fault::internal, std::move(outcome.text)}));
+                break;
+        }
     }
 
     static MHD_Result reply(Server &self, Exchange &exchange, bool last) {
@@ -383,24 +410,7 @@ void Server::begin_next() {
 
 void Server::finish(Backend::Outcome outcome) {
     Exchange &exchange = *std::exchange(current_, nullptr);
-    switch (outcome.kind) {
-        case Backend::Outcome::Kind::answer: {
-            exchange.fault = fault_code(outcome.text);
-            int status = 0;
-            if (exchange.fault == 0 && driver_status(outcome.text, status)) exchange.driver_status = status;
-            exchange.reply = xml(MHD_HTTP_OK, std::move(outcome.text));
-            break;
-        }
-        case Backend::Outcome::Kind::unanswerable:
-            std::fprintf(stderr, "lmq-host: a call could not be answered: %s\n", outcome.text.c_str());
-            exchange.reply =
-                refusal(MHD_HTTP_INTERNAL_SERVER_ERROR, "The call was made, but cannot be answered: " + outcome.text);
-            break;
-        case Backend::Outcome::Kind::lost:
-            exchange.fault = Fault::internal;
-            exchange.reply = xml(MHD_HTTP_BAD_GATEWAY, document(Fault{Fault::internal, std::move(outcome.text)}));
-            break;
-    }
+    Callbacks::settle(exchange, std::move(outcome));
     MHD_resume_connection(exchange.connection);
 }
 
