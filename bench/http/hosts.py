@@ -9,6 +9,8 @@ import argparse
 import json
 import os
 import re
+import resource
+import shutil
 import socket
 import statistics
 import subprocess
@@ -72,12 +74,19 @@ def main():
     parse.add_argument("--build", type=Path, default=HERE.parent.parent / "build/release", help="the build folder")
     parse.add_argument("--rounds", type=int, default=5)
     parse.add_argument("--seconds", type=int, default=1, help="of each server in each round")
-    parse.add_argument("--idle", type=int, default=1000, help="idle connections beside, in the last part; 0 leaves it out")
+    parse.add_argument("--idle", type=int, default=1000, help="idle connections to each server beside, in half of a round; 0 leaves it out")
     parse.add_argument("--only", help="comma-separated: two,in-process,library,python")
     parse.add_argument("--host-options", default="", help="more options of lmq-host")
     parse.add_argument("--json", type=Path, metavar="FILE", help="where to write the numbers")
     options = parse.parse_args()
 
+    if shutil.which("wrk") is None:
+        sys.exit("hosts.py: there is no wrk (apt-get install wrk)")
+    if not (options.build / "library-server").exists():
+        sys.exit(f"hosts.py: {options.build} holds no library-server (cmake --build --preset release)")
+    # Each idle connection is a descriptor here, and one in its server.
+    most = resource.getrlimit(resource.RLIMIT_NOFILE)[1]
+    resource.setrlimit(resource.RLIMIT_NOFILE, (min(most, 5 * options.idle + 1000), most))
     build = options.build
     libraries = ["--plugin", build / "lmq_xmlrpc.so", "--driver", build / "liblmq.so"]
     # The driver of the tests takes no time: what is measured is all that is around it.
@@ -102,15 +111,14 @@ def main():
             bodies[method] = Path(folder.name) / method
             bodies[method].write_text(xmlrpc.client.dumps(arguments, method))
         rates = {}
-        for idle in [0] + ([options.idle] if options.idle else []):
-            sockets = [idle_connections(server.port, idle) for server in servers.values()]
-            for _ in range(options.rounds):
+        for _ in range(options.rounds):
+            for idle in [0] + ([options.idle] if options.idle else []):
+                sockets = [one for server in servers.values() for one in idle_connections(server.port, idle)]
                 for title, method, clients in CASES:
                     for key, server in servers.items():
                         value = rate(server, bodies[method], clients, options.seconds)
                         rates.setdefault((title, idle), {}).setdefault(key, []).append(value)
-            for some in sockets:
-                for one in some:
+                for one in sockets:
                     one.close()
     finally:
         for server in servers.values():
@@ -123,7 +131,7 @@ def main():
     print("|---" * (len(chosen) + 1) + "|")
     result = []
     base = "library" if "library" in chosen else chosen[0]
-    for (title, idle), measured in rates.items():
+    for (title, idle), measured in sorted(rates.items(), key=lambda item: item[0][1]):
         label = title + (f", {idle} idle connections" if idle else "")
         cells = []
         for key in chosen:
