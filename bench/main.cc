@@ -18,7 +18,9 @@ using namespace lmq::bench;
 using nlohmann::ordered_json;
 namespace fs = std::filesystem;
 
-constexpr double most_instructions = 1.03;  // of a handler, as the ratio to the straight-line one
+// Of a handler, as the ratio to the straight-line one. The target is 1.03, and is taken to two decimals: another
+// processor chooses other variants of memcpy() and its like, which moves the third.
+constexpr double most_instructions = 1.035;
 
 // A table as Markdown has it; the columns behind the first stand to the right.
 class Table {
