@@ -11,8 +11,6 @@ namespace lmqctl {
 
 namespace {
 
-constexpr std::size_t packet = 100;
-
 struct BatchOptions {
     std::string file;
     bool stop = false, answers = false, full = false;
@@ -85,7 +83,7 @@ void batch(Context &context, const BatchOptions &options) {
     {
         Progress progress("calls", all.size());
         while (done < all.size() && (!options.stop || context.exit_status == exit_ok)) {
-            const std::size_t end = std::min(all.size(), done + (options.stop ? 1 : packet));
+            const std::size_t end = std::min(all.size(), done + (options.stop ? 1 : calls_in_a_packet));
             std::vector<Call> calls;
             for (std::size_t i = done; i < end; ++i) calls.push_back(all[i].request.call);
             std::string text;

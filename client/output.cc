@@ -130,8 +130,10 @@ std::string Output::answer(const Method &method, const Json &answer) const {
     return text;
 }
 
-Json Output::plain(const Type &type, const Json &value) {
+Json Output::plain(const Type &type, const Json &value, const Dictionary *names) {
     if (value.is_number_integer()) {
+        const Enum *values = names && type.kind == Type::enumeration ? names->enumeration(type.name) : nullptr;
+        if (const Enumerator *named = values ? values->numbered(value.get<int64_t>()) : nullptr) return named->name;
         const int64_t number = as_declared(type, value.get<int64_t>());
         return !type.is_signed && type.width == 64 ? Json(static_cast<uint64_t>(number)) : Json(number);
     }
@@ -141,9 +143,9 @@ Json Output::plain(const Type &type, const Json &value) {
         const Member *member = value.is_object() ? type.member(key) : nullptr;
         const Type &kind = member ? *member->type : value.is_array() && type.element ? *type.element : type;
         if (value.is_array())
-            result.push_back(plain(kind, inside));
+            result.push_back(plain(kind, inside, names));
         else
-            result[key] = member ? plain(kind, inside) : inside;
+            result[key] = member ? plain(kind, inside, names) : inside;
     }
     return result;
 }

@@ -27,8 +27,8 @@ class Output {
     // "VX_SUCCESS", "VX_ERR_GLBL_X (28674 = 0x7002: VX_ERR_GLBL_BASE + 2)".
     std::string status(const Method &method, const Json &result) const;
 
-    // Values with unsigned numbers as such, for programs.
-    static Json plain(const Type &type, const Json &value);
+    // Values with unsigned numbers as such, for programs; with a dictionary, enumerators by name.
+    static Json plain(const Type &type, const Json &value, const Dictionary *names = nullptr);
 
     std::string paint(const char *code, const std::string &text) const;
 

@@ -8,12 +8,6 @@
 
 namespace lmqctl {
 
-namespace {
-
-constexpr std::size_t calls_in_a_packet = 100;  // what a host takes at least
-
-}  // namespace
-
 Session::Session(const Connection &connection) : url_(connection.url), transport_(connection) {
     Environment e;
     xmlrpc_limit_set(XMLRPC_XML_SIZE_LIMIT_ID, largest_answer);

@@ -10,6 +10,9 @@
 
 namespace lmqctl {
 
+// Calls that go in one packet: what a host takes at least.
+inline constexpr std::size_t calls_in_a_packet = 100;
+
 struct Call {
     std::string method;
     Json parameters = Json::array();

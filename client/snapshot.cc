@@ -22,8 +22,6 @@ namespace lmqctl {
 
 namespace {
 
-constexpr std::size_t packet = 100;
-
 struct SnapshotOptions {
     std::string file, pattern = "*";
     std::vector<int64_t> devices{0};
@@ -32,7 +30,7 @@ struct SnapshotOptions {
 
 enum class Input { device, port, other };
 
-// By the declared type, else by the name: vx_dev_id_t, vx_port_id_t.
+// By the declared type: vx_dev_id_t, vx_port_id_t.
 Input input_of(const Parameter &parameter) {
     const std::string type = lower(parameter.type);
     if (parameter.is_pointer()) return Input::other;
@@ -82,27 +80,6 @@ std::vector<Call> calls_of(Context &context, const SnapshotOptions &options) {
             }
     }
     return calls;
-}
-
-// A value with unsigned numbers as such and enumerators by name.
-Json named(const Dictionary &dictionary, const Type &type, const Json &value) {
-    if (value.is_number_integer()) {
-        if (type.kind != Type::enumeration) return Output::plain(type, value);
-        const Enum *values = dictionary.enumeration(type.name);
-        const Enumerator *found = values ? values->numbered(value.get<int64_t>()) : nullptr;
-        return found ? Json(found->name) : value;
-    }
-    if (!value.is_structured()) return value;
-    Json result = value.is_array() ? Json::array() : Json::object();
-    for (const auto &[key, inside] : value.items()) {
-        const Member *member = value.is_object() ? type.member(key) : nullptr;
-        const Type &kind = member ? *member->type : value.is_array() && type.element ? *type.element : type;
-        if (value.is_array())
-            result.push_back(named(dictionary, kind, inside));
-        else
-            result[key] = member ? named(dictionary, kind, inside) : inside;
-    }
-    return result;
 }
 
 std::string key_of(const Call &call) {
@@ -156,8 +133,8 @@ Json take_snapshot(Context &context, const std::vector<Call> &calls) {
     const Dictionary &dictionary = context.dictionary();
     Json answers = Json::object();
     Progress progress("calls", calls.size());
-    for (std::size_t begin = 0; begin < calls.size(); begin += packet) {
-        const auto end = std::min(calls.size(), begin + packet);
+    for (std::size_t begin = 0; begin < calls.size(); begin += calls_in_a_packet) {
+        const auto end = std::min(calls.size(), begin + calls_in_a_packet);
         const std::vector<Call> part(calls.begin() + static_cast<std::ptrdiff_t>(begin),
                                      calls.begin() + static_cast<std::ptrdiff_t>(end));
         const std::vector<Json> got = context.session().multicall(part);
@@ -168,11 +145,11 @@ Json take_snapshot(Context &context, const std::vector<Call> &calls) {
                 entry["fault"] = got[i]["faultString"];
             } else if (method && method->is_described() && got[i].is_array() && !got[i].empty()) {
                 entry["success"] = is_success(dictionary, *method, got[i][0]);
-                entry["status"] = named(dictionary, *context.types().scalar(method->result), got[i][0]);
+                entry["status"] = Output::plain(*context.types().scalar(method->result), got[i][0], &dictionary);
                 for (std::size_t p = 0; p < method->parameters.size() && p + 1 < got[i].size(); ++p)
                     if (method->parameters[p].is_pointer())
-                        entry["arguments"][method->parameters[p].name] =
-                            named(dictionary, *context.types().parameter(method->parameters[p]), got[i][p + 1]);
+                        entry["arguments"][method->parameters[p].name] = Output::plain(
+                            *context.types().parameter(method->parameters[p]), got[i][p + 1], &dictionary);
             } else {
                 entry["success"] = true;
                 entry["status"] = got[i];

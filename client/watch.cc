@@ -1,4 +1,5 @@
-// lmqctl watch: the numbers that methods answer, again and again, with their rates. A table on a terminal, else CSV.
+// lmqctl watch: the numbers that methods answer, again and again, with their rates. A table on a terminal, else CSV, or
+// with --json an object a line.
 #include <signal.h>
 #include <time.h>
 #include <unistd.h>
@@ -178,6 +179,17 @@ struct Watch {
         print(text + "\n");
     }
 
+    void object(const std::vector<Reading> &now, double seconds) {
+        Json json{{"time", now_text()}, {"readings", Json::object()}};
+        const bool comparable = seconds > 0 && before.size() == now.size();
+        for (std::size_t i = 0; i < now.size(); ++i) {
+            const Json value = now[i].is_signed ? Json(now[i].value) : Json(static_cast<uint64_t>(now[i].value));
+            json["readings"][now[i].name] = {{"value", value},
+                                             {"rate", comparable ? Json(growth(before[i], now[i]) / seconds) : Json()}};
+        }
+        print(json.dump() + "\n");
+    }
+
     void sample() {
         std::vector<Call> calls;
         for (const Request &request : requests) calls.push_back(request.call);
@@ -204,7 +216,7 @@ struct Watch {
             table(now, failures, seconds);
         } else {
             for (const std::string &failure : failures) std::fprintf(stderr, "lmqctl: %s\n", failure.c_str());
-            row(now, seconds);
+            context.json ? object(now, seconds) : row(now, seconds);
         }
         std::fflush(stdout);  // a sample is read when it is made
         before = std::move(now);

@@ -90,6 +90,9 @@ class Watch(ManyTest):
         self.assertEqual(len(rows), 3)
         self.assertRegex(rows[0]["time"], r"^\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d\.\d{3}Z$")
         self.assertEqual((rows[0]["p_stats.rx_pkts/s"], rows[1]["p_stats.rx_pkts/s"]), ("", "0"))
+        told = [json.loads(line) for line in
+                self.ok("--json", "watch", "--samples", "2", "--every", "0.05", self.COUNTERS).splitlines()]
+        self.assertEqual([one["readings"]["p_stats.rx_pkts"]["rate"] for one in told], [None, 0])
         # Two calls are told apart by what was typed.
         printed = self.ok("watch", "--samples", "1", "vx_watchdog_get 0", self.COUNTERS)
         self.assertIn(",vx_watchdog_get 0 p_cfg.wd_timer,", printed)
