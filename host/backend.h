@@ -1,4 +1,4 @@
-// What carries out calls: something that takes one document at a time and comes back with its answer, without ever
+// What carries out calls: something that takes one call at a time and comes back with its answer, without ever
 // holding up whoever asks. in_process.h does it in this process, worker.h in another one.
 #ifndef LMQ_HOST_BACKEND_H
 #define LMQ_HOST_BACKEND_H
@@ -15,8 +15,11 @@
 
 namespace lmq::host {
 
-/** Takes the document of a call and returns that of the answer. Throws if the result has no form in XML. */
-using Call = std::function<std::string(std::string_view document)>;
+/**
+ * Takes a call, as a document or packed (packed_call.h), and returns the document of the answer. Throws if the result
+ * has no form in XML.
+ */
+using Call = std::function<std::string(std::string_view call)>;
 
 /** Loads the driver and the plug-in. Throws an error of one line. */
 using Open = std::function<Call()>;
@@ -52,10 +55,10 @@ class Backend {
 
     /**
      * Starts a call. step() returns its outcome, sooner or later.
-     * @param document The call. The backend keeps it for as long as it needs it.
-     * @param method   Its method, for the log.
+     * @param call   The call, as Call takes it. The backend keeps it for as long as it needs it.
+     * @param method Its method, for the log.
      */
-    virtual void begin(std::string document, const std::string &method) = 0;
+    virtual void begin(std::string call, const std::string &method) = 0;
 
     /** Does what can be done without waiting. Returns the outcome of the call in hand, once. */
     virtual std::optional<Outcome> step() = 0;

@@ -19,9 +19,9 @@ class InProcess : public Backend {
     bool is_synchronous() const override { return true; }
     bool ready() const override { return !outcome_; }
 
-    void begin(std::string document, const std::string &) override {
+    void begin(std::string call, const std::string &) override {
         try {
-            outcome_ = Outcome{Outcome::Kind::answer, call_(document)};
+            outcome_ = Outcome{Outcome::Kind::answer, call_(call)};
         } catch (const std::exception &error) {
             outcome_ = Outcome{Outcome::Kind::unanswerable, error.what()};
         }

@@ -60,7 +60,7 @@ std::optional<Options> read_options(int argc, char **argv, int &status) {
     options.server.max_bodies = 64 * mebibyte;
     options.server.connections = 4096;
     options.server.connections_per_address = 3072;
-    long long request_seconds = 30, slow = 0, spin = 100;
+    long long request_seconds = 30, slow = 0, spin = 200;
 
     CLI::App app("Serves the operations of a chip driver over XML-RPC, one call at a time, until SIGTERM or SIGINT.\n",
                  "lmq-host");
@@ -75,13 +75,14 @@ std::optional<Options> read_options(int argc, char **argv, int &status) {
     const auto size = [&](const char *name, std::size_t &to, const char *help) {
         text(name, to, "SIZE", help)->transform(CLI::AsSizeValue(false).description(""));
     };
-    text("--driver", options.driver, "PATH", "The driver (default: " LMQ_HOST_DRIVER_NAME " beside the program or in lib/lmq)");
+    text("--driver", options.driver, "PATH",
+         "The driver (default: " LMQ_HOST_DRIVER_NAME " beside the program or in lib/lmq)");
     text("--plugin", options.plugin, "PATH", "The plug-in (default: lmq_xmlrpc.so, looked for like the driver)");
     app.add_flag("--check", options.check, "Load everything, listen, and leave");
     app.add_flag("--in-process", options.in_process, "Call the driver in this process, for a debugger");
     size("--recycle-rss", options.worker.recycle_rss,
          "Replace the driver's process above this memory (default: never)");
-    text("--spin", spin, "US", "Spin so long before sleeping (default: 100; 0 on one core)")
+    text("--spin", spin, "US", "Spin so long at most before sleeping (default: 200; 0 on one core)")
         ->check(CLI::Range(0, 10000).description(""));
 
     app.option_defaults()->group("Who may call");

@@ -1,5 +1,6 @@
 // The walk over a call's document with expat. A stack holds the open elements; which element may stand in which, and
-// how often, is decided when it opens, and text when it closes. To know a further type, add it to `scalars`.
+// how often, is decided when it opens, and text when it closes; values are packed as they come. To know a further type,
+// add it to `scalars`.
 #include "prepass.h"
 
 #include <expat.h>
@@ -13,6 +14,9 @@
 #include <new>
 #include <random>
 #include <system_error>
+#include <utility>
+
+#include "packed_call.h"
 
 namespace lmq::host {
 namespace {
@@ -27,7 +31,10 @@ bool is_method_name(std::string_view name) {
     });
 }
 
-bool is_blank(std::string_view text) { return text.find_first_not_of(" \t\r\n") == std::string_view::npos; }
+bool is_blank(std::string_view text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; });
+}
 
 enum class Number { good, malformed, out_of_range };
 
@@ -36,16 +43,20 @@ enum class Number { good, malformed, out_of_range };
  * let through in any type.
  */
 template <class Integer>
-Number integer(std::string_view text) {
+Number integer(std::string_view text, Packer &packer) {
     if (text.starts_with('+') && text.size() > 1 && text[1] != '-') text.remove_prefix(1);
     Integer value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error == std::errc::invalid_argument || end != text.data() + text.size()) return Number::malformed;
+    packer.add(value);
     return error == std::errc() ? Number::good : Number::out_of_range;
 }
 
+// Numbers with fractions, dates and bytes do not occur in the interface: they are left to the library.
+
 /** NaN and infinity overflow the library's stack when they are sent back. */
-Number real(std::string_view text) {
+Number real(std::string_view text, Packer &packer) {
+    packer.give_up();
     if (text.starts_with('+') && text.size() > 1 && text[1] != '-') text.remove_prefix(1);
     if (text.find_first_not_of("0123456789+-.eE") != std::string_view::npos) return Number::malformed;
     double value = 0;
@@ -54,12 +65,29 @@ Number real(std::string_view text) {
     return error == std::errc() && std::isfinite(value) ? Number::good : Number::out_of_range;
 }
 
-Number boolean(std::string_view text) { return text == "0" || text == "1" ? Number::good : Number::malformed; }
+Number boolean(std::string_view text, Packer &packer) {
+    packer.add(text == "1");
+    return text == "0" || text == "1" ? Number::good : Number::malformed;
+}
 
-Number empty(std::string_view text) { return is_blank(text) ? Number::good : Number::malformed; }
+Number nothing(std::string_view text, Packer &packer) {
+    packer.add(Item::nil);
+    return is_blank(text) ? Number::good : Number::malformed;
+}
+
+Number string(std::string_view text, Packer &packer) {
+    packer.add(text);
+    return Number::good;
+}
+
+Number base64(std::string_view, Packer &packer) {
+    packer.give_up();
+    return Number::good;
+}
 
 /** CCYYMMDDThh:mm:ss and perhaps a fraction. */
-Number date(std::string_view text) {
+Number date(std::string_view text, Packer &packer) {
+    packer.give_up();
     constexpr std::string_view pattern = "########T##:##:##";
     const auto matches = [](char c, char wanted) { return wanted == '#' ? c >= '0' && c <= '9' : c == wanted; };
     if (text.size() < pattern.size() || !std::equal(pattern.begin(), pattern.end(), text.begin(),
@@ -74,23 +102,28 @@ Number date(std::string_view text) {
 
 struct Scalar {
     std::string_view name;
-    /** Judges the text; null if any text goes. */
-    Number (*judge)(std::string_view);
+    /** Judges the text and packs its value. */
+    Number (*take)(std::string_view text, Packer &packer);
 };
 
 constexpr Scalar scalars[] = {
     {"i8", integer<std::int64_t>},
     {"int", integer<std::int32_t>},
     {"i4", integer<std::int32_t>},
-    {"string", nullptr},
+    {"string", string},
     {"boolean", boolean},
     {"double", real},
-    {"nil", empty},
-    {"base64", nullptr},
+    {"nil", nothing},
+    {"base64", base64},
     {"ex:i8", integer<std::int64_t>},
-    {"ex:nil", empty},
+    {"ex:nil", nothing},
     {"dateTime.iso8601", date},
 };
+
+/** Whether text in it can only be blanks between elements. A value holds either. */
+constexpr bool holds_only_elements(Kind kind) {
+    return kind != Kind::method_name && kind != Kind::value && kind != Kind::scalar && kind != Kind::name;
+}
 
 /** The part of a client's text that an answer repeats: short, and whole characters only. */
 std::string quoted(std::string_view text) {
@@ -104,38 +137,41 @@ std::string quoted(std::string_view text) {
 /** Where the struct of an inner call is: call, params, param, value, array, data, value, struct (and the document). */
 constexpr std::size_t inner_struct_depth = 9;
 
-/** One walk. No exception may pass through expat, so an exhausted memory is noted and told afterwards. */
-class Walk {
+}  // namespace
+
+/** The walks. No exception may pass through expat, so an exhausted memory is noted and told afterwards. */
+class Prepass::Walk {
   public:
-    Walk(const PrepassLimits &limits, XML_Parser parser) : limits_(limits), parser_(parser) {
-        XML_SetUserData(parser, this);
-        XML_SetElementHandler(parser, guarded<&Walk::open, const XML_Char *, const XML_Char **>,
-                              guarded<&Walk::close, const XML_Char *>);
-        XML_SetCharacterDataHandler(parser, guarded<&Walk::characters, const XML_Char *, int>);
-        XML_SetXmlDeclHandler(parser, guarded<&Walk::declaration, const XML_Char *, const XML_Char *, int>);
-        XML_SetStartDoctypeDeclHandler(
-            parser, guarded<&Walk::doctype, const XML_Char *, const XML_Char *, const XML_Char *, int>);
-        stack_.push_back({Kind::document, 0, nullptr});
+    explicit Walk(const PrepassLimits &limits) : limits_(limits), parser_(XML_ParserCreate("UTF-8")) {
+        if (parser_ == nullptr) throw std::bad_alloc();
+        while (salt_ == 0) salt_ = std::random_device()();
     }
 
     Verdict run(std::string_view document) {
+        start();
         // Expat takes lengths as int; the HTTP side lets nothing in that is near this.
         if (document.size() > INT_MAX) refuse(Fault::limit, "The call is too long.");
         const bool wide = document.find('\0') != std::string_view::npos || document.starts_with("\xFE\xFF") ||
                           document.starts_with("\xFF\xFE");
         if (wide) refuse(Fault::malformed, "The call is not encoded in UTF-8.");
+        XML_Parser parser = parser_.get();
         if (!verdict_.fault &&
-            XML_Parse(parser_, document.data(), static_cast<int>(document.size()), XML_TRUE) != XML_STATUS_OK &&
+            XML_Parse(parser, document.data(), static_cast<int>(document.size()), XML_TRUE) != XML_STATUS_OK &&
             !verdict_.fault && !out_of_memory_) {
-            const char *what = XML_ErrorString(XML_GetErrorCode(parser_));
+            const char *what = XML_ErrorString(XML_GetErrorCode(parser));
             refuse(Fault::malformed, "The call is not well-formed XML: " + std::string(what) + " in line " +
-                                         std::to_string(XML_GetCurrentLineNumber(parser_)) + ".");
+                                         std::to_string(XML_GetCurrentLineNumber(parser)) + ".");
         }
         if (out_of_memory_) throw std::bad_alloc();
+        verdict_.packed = packer_.bytes();
         return std::move(verdict_);
     }
 
   private:
+    struct Free {
+        void operator()(XML_ParserStruct *parser) const { XML_ParserFree(parser); }
+    };
+
     struct Element {
         Kind kind;
         /** Elements in it so far. */
@@ -145,21 +181,48 @@ class Walk {
         bool names_method = false;
     };
 
+    void start() {
+        XML_Parser parser = parser_.get();
+        XML_ParserReset(parser, "UTF-8");
+        // Left to itself, expat asks the kernel for a fresh salt for each document.
+        XML_SetHashSalt(parser, salt_);
+        XML_SetUserData(parser, this);
+        XML_SetElementHandler(parser, guarded<&Walk::open, const XML_Char *, const XML_Char **>,
+                              guarded<&Walk::close, const XML_Char *>);
+        XML_SetCharacterDataHandler(parser, guarded<&Walk::characters, const XML_Char *, int>);
+        XML_SetXmlDeclHandler(parser, guarded<&Walk::declaration, const XML_Char *, const XML_Char *, int>);
+        XML_SetStartDoctypeDeclHandler(
+            parser, guarded<&Walk::doctype, const XML_Char *, const XML_Char *, const XML_Char *, int>);
+        verdict_ = {};
+        packer_.give_up();
+        stack_.assign(1, {Kind::document, 0, nullptr});
+        text_.clear();
+        scalar_text_.clear();
+        depth_ = values_ = 0;
+        ended_ = out_of_memory_ = false;
+    }
+
     template <auto Member, class... Arguments>
     static void guarded(void *walk, Arguments... arguments) {
         auto &self = *static_cast<Walk *>(walk);
-        if (self.verdict_.fault || self.out_of_memory_) return;
+        if (self.ended_) return;
         try {
             (self.*Member)(arguments...);
         } catch (const std::bad_alloc &) {
             self.out_of_memory_ = true;
-            XML_StopParser(self.parser_, XML_FALSE);
+            self.end();
         }
+    }
+
+    /** Expat may go on to tell of what it has read already. */
+    void end() {
+        ended_ = true;
+        XML_StopParser(parser_.get(), XML_FALSE);
     }
 
     void refuse(int code, std::string text) {
         verdict_.fault = Fault{code, std::move(text)};
-        XML_StopParser(parser_, XML_FALSE);
+        end();
     }
 
     void declaration(const XML_Char *, const XML_Char *encoding, int) {
@@ -216,8 +279,14 @@ class Walk {
 
     void open_type(std::string_view name, std::size_t before) {
         if (before > 0) return unexpected(name);
-        if (name == "struct") return stack_.push_back({Kind::structure, 0, nullptr});
-        if (name == "array") return stack_.push_back({Kind::array, 0, nullptr});
+        if (name == "struct") {
+            packer_.add(Item::structure);
+            return stack_.push_back({Kind::structure, 0, nullptr});
+        }
+        if (name == "array") {
+            packer_.add(Item::array);
+            return stack_.push_back({Kind::array, 0, nullptr});
+        }
         const auto *scalar = std::find_if(std::begin(scalars), std::end(scalars),
                                           [name](const Scalar &candidate) { return candidate.name == name; });
         if (scalar == std::end(scalars)) return unexpected(name);
@@ -234,7 +303,11 @@ class Walk {
         }
     }
 
-    void characters(const XML_Char *text, int length) { text_.append(text, static_cast<std::size_t>(length)); }
+    void characters(const XML_Char *begin, int length) {
+        const std::string_view text(begin, static_cast<std::size_t>(length));
+        if (text_.empty() && holds_only_elements(stack_.back().kind) && is_blank(text)) return;
+        text_.append(text);
+    }
 
     void close(const XML_Char *tag) {
         const Element element = stack_.back();
@@ -244,18 +317,23 @@ class Walk {
             case Kind::method_name:
                 if (!is_method_name(text_)) return bad_method(text_);
                 verdict_.method = text_;
+                // The library's own methods are few and small, and system.multicall would meet its inner calls'
+                // parameters.
+                if (!text_.starts_with("system.")) packer_.begin(text_);
                 break;
             case Kind::name:
                 stack_[stack_.size() - 2].names_method =
                     stack_.size() == inner_struct_depth + 1 && verdict_.method == multicall && text_ == "methodName";
+                packer_.add_member(text_);
                 break;
             case Kind::scalar:
-                judge(*element.scalar);
-                scalar_text_ = text_;
+                take(*element.scalar);
+                std::swap(scalar_text_, text_);
                 break;
             case Kind::value:
                 --depth_;
                 if (element.children > 0 && !is_blank(text_)) return misplaced();
+                if (element.children == 0) packer_.add(std::string_view(text_));
                 note_inner_method(element.children > 0 ? scalar_text_ : text_);
                 break;
             case Kind::call:
@@ -270,14 +348,14 @@ class Walk {
             case Kind::data:
             case Kind::structure:
                 if (!is_blank(text_)) return misplaced();
+                if (element.kind == Kind::structure || element.kind == Kind::array) packer_.add(Item::end);
                 scalar_text_.clear();
         }
         text_.clear();
     }
 
-    void judge(const Scalar &scalar) {
-        if (scalar.judge == nullptr) return;
-        switch (scalar.judge(text_)) {
+    void take(const Scalar &scalar) {
+        switch (scalar.take(text_, packer_)) {
             case Number::good: return;
             case Number::malformed:
                 return refuse(Fault::malformed, quoted(text_) + " is not of type " + std::string(scalar.name) + ".");
@@ -302,9 +380,12 @@ class Walk {
     }
     void misplaced() { refuse(Fault::malformed, quoted(text_) + " stands beside an element, where no text can be."); }
 
-    const PrepassLimits &limits_;
-    XML_Parser parser_;
+    PrepassLimits limits_;
+    std::unique_ptr<XML_ParserStruct, Free> parser_;
+    /** What clients cannot guess, so that they cannot choose names that collide in expat's tables. Not 0. */
+    unsigned long salt_ = 0;
     Verdict verdict_;
+    Packer packer_;
     std::vector<Element> stack_;
     /** The text since the last element opened or closed. */
     std::string text_;
@@ -312,25 +393,13 @@ class Walk {
     std::string scalar_text_;
     std::size_t depth_ = 0;
     std::size_t values_ = 0;
+    bool ended_ = false;
     bool out_of_memory_ = false;
 };
 
-}  // namespace
+Prepass::Prepass(const PrepassLimits &limits) : walk_(std::make_unique<Walk>(limits)) {}
+Prepass::~Prepass() = default;
 
-void Prepass::Free::operator()(XML_ParserStruct *parser) const { XML_ParserFree(parser); }
-
-Prepass::Prepass(const PrepassLimits &limits) : limits_(limits), parser_(XML_ParserCreate("UTF-8")) {
-    if (parser_ == nullptr) throw std::bad_alloc();
-    while (salt_ == 0) salt_ = std::random_device()();
-}
-
-Verdict Prepass::examine(std::string_view document) {
-    // Left to itself, expat asks the kernel for a fresh salt for each document.
-    XML_SetHashSalt(parser_.get(), salt_);
-    Walk walk(limits_, parser_.get());
-    Verdict verdict = walk.run(document);
-    XML_ParserReset(parser_.get(), "UTF-8");
-    return verdict;
-}
+Verdict Prepass::examine(std::string_view document) { return walk_->run(document); }
 
 }  // namespace lmq::host

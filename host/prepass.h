@@ -1,6 +1,7 @@
 // The pre-pass: reads the document of a call once, before the XML-RPC library does, and refuses what the library cannot
 // bear. Some numbers that are none end its process, entities make it work for hours, and so on; prepass.cc says which
-// rule is there for what. It also tells which methods a call is about, for filters, logs and metrics.
+// rule is there for what. It also tells which methods a call is about, for filters, logs and metrics, and hands on what
+// it has read, so that a call is read once.
 #ifndef LMQ_HOST_PREPASS_H
 #define LMQ_HOST_PREPASS_H
 
@@ -12,8 +13,6 @@
 #include <vector>
 
 #include "fault.h"
-
-struct XML_ParserStruct;
 
 namespace lmq::host {
 
@@ -39,25 +38,26 @@ struct Verdict {
     std::string method;
     /** The methods that a system.multicall calls, in their order. Empty for every other method. */
     std::vector<std::string> inner;
+    /**
+     * The call as packed_call.h describes it, so that its XML need not be read again; empty if the XML-RPC library has
+     * to do that, and of no meaning if there is a fault. Lasts until the next document is read.
+     */
+    std::string_view packed;
 };
 
 class Prepass {
   public:
     /** @throws std::bad_alloc if there is no memory for the XML parser. */
     explicit Prepass(const PrepassLimits &limits);
+    ~Prepass();
 
     /** Reads one document. What it was told before has no influence. */
     Verdict examine(std::string_view document);
 
   private:
-    struct Free {
-        void operator()(XML_ParserStruct *parser) const;
-    };
+    class Walk;
 
-    PrepassLimits limits_;
-    std::unique_ptr<XML_ParserStruct, Free> parser_;
-    /** What clients cannot guess, so that they cannot choose names that collide in expat's tables. Not 0. */
-    unsigned long salt_ = 0;
+    std::unique_ptr<Walk> walk_;
 };
 
 }  // namespace lmq::host

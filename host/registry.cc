@@ -3,6 +3,8 @@
 
 #include <stdexcept>
 
+#include "packed_call.h"
+
 namespace lmq::host {
 namespace {
 
@@ -40,6 +42,11 @@ Registry::Registry(std::size_t document_limit) {
     Fault fault;
     registry_.reset(xmlrpc_registry_new(fault.env()));
     fault.check();
+    const auto add_parameters = [](xmlrpc_env *env, const char *, xmlrpc_value *params, void *packed) {
+        unpack(env, *static_cast<std::string_view *>(packed), params);
+    };
+    xmlrpc_registry_set_preinvoke_method(fault.env(), registry_.get(), add_parameters, &packed_);
+    fault.check();
 }
 
 void Registry::fill(Init *init) {
@@ -48,7 +55,17 @@ void Registry::fill(Init *init) {
     fault.check();
 }
 
-std::string Registry::call(std::string_view document) {
+std::string Registry::call(std::string_view call) {
+    // The library asks for nothing but a name in XML; the hook adds the parameters to those it has read, which are
+    // none.
+    std::string head;
+    packed_ = {};
+    std::string_view document = call;
+    if (call.starts_with(packed_mark)) {
+        packed_ = call;
+        head.append("<methodCall><methodName>").append(packed_method(call)).append("</methodName></methodCall>");
+        document = head;
+    }
     Fault fault;
     xmlrpc_mem_block *answer = nullptr;
     xmlrpc_registry_process_call2(fault.env(), registry_.get(), document.data(), document.size(), nullptr, &answer);

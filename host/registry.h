@@ -1,4 +1,4 @@
-// The XML-RPC side of the host: a method registry that a plug-in fills, and that turns the document of a call into the
+// The XML-RPC side of the host: a method registry that a plug-in fills, and that turns a call into the
 // document of its answer. Nothing here knows HTTP.
 #ifndef LMQ_HOST_REGISTRY_H
 #define LMQ_HOST_REGISTRY_H
@@ -44,11 +44,11 @@ class Registry {
 
     /**
      * Carries out a call. Handlers have no locks: one call at a time.
-     * @param document The call, in UTF-8. Whatever is wrong with it comes back as a fault in the answer.
+     * @param call A document in UTF-8, or a packed call. Whatever is wrong with it comes back as a fault in the answer.
      * @return The answer.
      * @throws std::runtime_error if the result of the method cannot be written as XML.
      */
-    std::string call(std::string_view document);
+    std::string call(std::string_view call);
 
   private:
     struct Free {
@@ -57,6 +57,8 @@ class Registry {
 
     XmlrpcLibrary library_;
     std::unique_ptr<xmlrpc_registry, Free> registry_;
+    /** The packed call that is carried out; empty if it is a document. */
+    std::string_view packed_;
 };
 
 }  // namespace lmq::host

@@ -200,7 +200,12 @@ struct Server::Callbacks {
         Verdict verdict = self.prepass_.examine(exchange.body);
         if (!verdict.fault) verdict.fault = self.filter_.judge(verdict);
         exchange.method = std::move(verdict.method);
-        if (!verdict.fault) return;
+        if (!verdict.fault) {
+            if (verdict.packed.empty()) return;
+            self.bodies_ += verdict.packed.size() - exchange.body.size();
+            exchange.body.assign(verdict.packed);
+            return;
+        }
         exchange.fault = verdict.fault->code;
         drop(self, exchange, xml(MHD_HTTP_OK, document(*verdict.fault)));
     }
@@ -278,7 +283,8 @@ Server::Server(FileDescriptor listener, const Options &options, const Tls &tls, 
       filter_(filter),
       monitor_(monitor),
       backend_(backend),
-      spinner_(options.spin) {
+      answer_spinner_(options.spin),
+      request_spinner_(options.spin) {
     std::vector<MHD_OptionItem> more;
     const auto add = [&more](MHD_OPTION option, const std::string &text) {
         if (!text.empty()) more.push_back({option, 0, const_cast<char *>(text.c_str())});
@@ -361,10 +367,9 @@ bool Server::wait(int other, int timeout) {
     };
     if (timeout == 0) {
         look(0);
-    } else if (!spinner_.spin([&] { return look(0); })) {
-        const auto start = Clock::now();
-        look(timeout);
-        spinner_.slept(Clock::now() - start);
+    } else {
+        Spinner &spinner = current_ == nullptr ? request_spinner_ : answer_spinner_;
+        spinner.wait([&] { return look(0); }, [&] { look(timeout); });
     }
     backend_moved_ = descriptors[2].revents != 0 || descriptors[3].revents != 0;
     return descriptors[1].revents != 0;

@@ -41,7 +41,7 @@ class Server {
         std::chrono::seconds request_time{0};
         /** A call that takes longer is told of while it lasts; 0 for never. */
         std::chrono::milliseconds slow{0};
-        /** How long to spin before sleeping while there is something to do. */
+        /** How long to spin at the most before sleeping. */
         std::chrono::microseconds spin{0};
     };
 
@@ -85,7 +85,8 @@ class Server {
     const MethodFilter &filter_;
     Monitor &monitor_;
     Backend &backend_;
-    Spinner spinner_;
+    /** For the waits with a call in hand, and for those without. */
+    Spinner answer_spinner_, request_spinner_;
     MHD_Daemon *daemon_ = nullptr;
     int epoll_ = -1;
     std::unordered_set<Peer *> peers_;
@@ -104,8 +105,8 @@ class Server {
     std::chrono::milliseconds watchdog_{0};
     Clock::time_point next_watchdog_;
     /**
-     * Whether the HTTP library has work that no socket tells of: refusals to send at the end, or, after a connection has
-     * been closed, new ones to accept, which it stops to do while there are too many.
+     * Whether the HTTP library has work that no socket tells of: refusals to send at the end, or, after a connection
+     * has been closed, new ones to accept, which it stops to do while there are too many.
      */
     bool run_again_ = false;
     /** Whether the backend had something to tell when the loop last woke. */

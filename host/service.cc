@@ -47,8 +47,8 @@ Call load_service(const std::string &driver, const std::string &plugin_file, std
     }
     // A plug-in without a tracker loses nothing.
     auto *give_back = plugin.optional_function<decltype(__x_mm_free)>("__x_mm_free");
-    return [registry, give_back](std::string_view document) {
-        std::string answer = registry->call(document);
+    return [registry, give_back](std::string_view call) {
+        std::string answer = registry->call(call);
         if (give_back != nullptr && fault_code(answer) != 0) give_back();
         return answer;
     };

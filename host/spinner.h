@@ -1,47 +1,63 @@
-// Waiting by asking again and again, for some microseconds, before a process goes to sleep: between two processes that
-// answer each other, the two wake-ups cost more than the call itself.
+// Waiting by asking again and again before a process goes to sleep: between two processes that answer each other, the
+// two wake-ups cost more than a small call, and with a core that has been put to sleep a tenth of a large one.
 #ifndef LMQ_HOST_SPINNER_H
 #define LMQ_HOST_SPINNER_H
 
+#include <algorithm>
 #include <chrono>
 
 namespace lmq::host {
 
+/**
+ * Waits for one kind of event. A wait is expected to last as long as the one before it: spinning goes on for twice that
+ * time, and there is none if that would be too long. So an idle process does not spin, and one whose events follow each
+ * other does not sleep.
+ */
 class Spinner {
   public:
     using Clock = std::chrono::steady_clock;
 
     /** @param most The longest time to spin; 0 for never. On a single core spinning only keeps the other side waiting.
      */
-    explicit Spinner(std::chrono::microseconds most) : most_(most), budget_(most) {}
+    explicit Spinner(std::chrono::microseconds most) : most_(most) {}
 
     /**
-     * Asks until the answer is yes or the time is over. Time that was spent in vain is halved for the next time, and
-     * given back as soon as it would have paid: an idle process does not spin.
-     * @return Whether the answer was yes.
+     * Returns when the event is there or the sleep is over.
+     * @param ready Asks for the event without waiting: whether it is there.
+     * @param sleep Waits for it without asking.
      */
-    template <class Ready>
-    bool spin(Ready ready) {
-        if (budget_ < std::chrono::microseconds(5)) return false;
-        const auto end = Clock::now() + budget_;
-        do {
-            if (ready()) {
-                budget_ = most_;
-                return true;
-            }
-        } while (Clock::now() < end);
-        budget_ /= 2;
-        return false;
-    }
-
-    /** Tells how long the sleep lasted that followed. */
-    void slept(Clock::duration time) {
-        if (time < most_) budget_ = most_;
+    template <class Ready, class Sleep>
+    void wait(Ready ready, Sleep sleep) {
+        const auto start = Clock::now();
+        auto now = start;
+        if (last_ < most_ && now >= crowded_until_) {
+            const auto end = start + std::min<Clock::duration>(most_, std::max<Clock::duration>(2 * last_, least));
+            do {
+                if (ready()) {
+                    last_ = Clock::now() - start;
+                    return;
+                }
+                const auto before = now;
+                now = Clock::now();
+                // Somebody else had the core meanwhile, perhaps the very one that is waited for.
+                if (now - before > pause) crowded_until_ = now + crowded_time;
+            } while (now < end && now >= crowded_until_);
+        }
+        sleep();
+        last_ = Clock::now() - start;
     }
 
   private:
+    /** Small calls differ by more than a factor of two. */
+    static constexpr std::chrono::microseconds least{100};
+    /** Asking takes a microsecond or two. */
+    static constexpr std::chrono::microseconds pause{500};
+    /** How long nobody spins after the core was wanted by others. */
+    static constexpr std::chrono::milliseconds crowded_time{100};
+
     std::chrono::microseconds most_;
-    std::chrono::microseconds budget_;
+    Clock::duration last_{0};
+    Clock::time_point crowded_until_;
 };
 
 }  // namespace lmq::host

@@ -73,7 +73,7 @@ bool write_frame(int fd, FrameKind kind, std::string_view text) {
 /**
  * Reads a frame into a buffer, which grows with it. Nothing follows a frame: the other end waits for the answer.
  * @param spinner Asks for the first bytes before the process goes to sleep over them.
- * @return The document; nothing if nobody is at the other end.
+ * @return The call; nothing if nobody is at the other end.
  */
 std::optional<std::string_view> read_frame(int fd, std::vector<char> &buffer, Spinner &spinner) {
     std::size_t received = 0;
@@ -88,11 +88,9 @@ std::optional<std::string_view> read_frame(int fd, std::vector<char> &buffer, Sp
         open = take(MSG_DONTWAIT);
         return received > 0 || !open;
     };
-    if (!spinner.spin(look)) {
-        const auto start = Spinner::Clock::now();
+    spinner.wait(look, [&] {
         while (open && received == 0) open = take(0);
-        spinner.slept(Spinner::Clock::now() - start);
-    }
+    });
     while (open) {
         FrameHead head{};
         if (received >= sizeof head) {
@@ -118,10 +116,10 @@ void work(int fd, const Open &open, std::chrono::microseconds spin) {
     if (!write_frame(fd, FrameKind::ready, "")) return;
     Spinner spinner(spin);
     std::vector<char> buffer(first_buffer);
-    while (const auto document = read_frame(fd, buffer, spinner)) {
+    while (const auto received = read_frame(fd, buffer, spinner)) {
         bool there = false;
         try {
-            there = write_frame(fd, FrameKind::answer, call(*document));
+            there = write_frame(fd, FrameKind::answer, call(*received));
         } catch (const std::exception &error) {
             there = write_frame(fd, FrameKind::unanswerable, error.what());
         }
@@ -194,12 +192,12 @@ void Worker::start() {
     until_measured_ = measured_every;
 }
 
-void Worker::begin(std::string document, const std::string &method) {
+void Worker::begin(std::string call, const std::string &method) {
     method_ = method;
     phase_ = Phase::busy;
     sent_ = 0;
-    FrameHead head{static_cast<std::uint32_t>(document.size()), FrameKind::call};
-    out_ = std::move(document);
+    FrameHead head{static_cast<std::uint32_t>(call.size()), FrameKind::call};
+    out_ = std::move(call);
     iovec parts[] = {{&head, sizeof head}, {out_.data(), out_.size()}};
     msghdr message{};
     message.msg_iov = parts;

@@ -1,6 +1,6 @@
 // Calls in a process of their own, the worker, so that a driver which crashes or hangs does not take the host along.
-// The two talk over a socket pair: a frame is a length, a kind and a document. When the worker dies another one is
-// started.
+// The two talk over a socket pair: a frame is a length, a kind and a call or its answer. When the worker dies another
+// one is started.
 #ifndef LMQ_HOST_WORKER_H
 #define LMQ_HOST_WORKER_H
 
@@ -16,7 +16,7 @@ namespace lmq::host {
 class Worker : public Backend {
   public:
     struct Options {
-        /** How long the worker may spin for the next call. */
+        /** How long the worker may spin at the most for the next call. */
         std::chrono::microseconds spin{0};
         /** The resident memory in bytes above which the worker is replaced between two calls; 0 for never. */
         std::size_t recycle_rss = 0;
@@ -33,7 +33,7 @@ class Worker : public Backend {
     ~Worker() override;
 
     bool ready() const override { return phase_ == Phase::idle; }
-    void begin(std::string document, const std::string &method) override;
+    void begin(std::string call, const std::string &method) override;
     std::optional<Outcome> step() override;
     std::array<pollfd, 2> waits() const override;
     int timeout() const override;

@@ -88,8 +88,8 @@ def main():
     most = resource.getrlimit(resource.RLIMIT_NOFILE)[1]
     resource.setrlimit(resource.RLIMIT_NOFILE, (min(most, 5 * options.idle + 1000), most))
     build = options.build
-    libraries = ["--plugin", build / "lmq_xmlrpc.so", "--driver", build / "liblmq.so"]
     # The driver of the tests takes no time: what is measured is all that is around it.
+    libraries = ["--plugin", build / "lmq_xmlrpc.so", "--driver", build / "probe/liblmq.so"]
     host = [build / "lmq-host", "--listen", "127.0.0.1:PORT", *libraries, *options.host_options.split()]
     commands = {
         "two": ("lmq-host", host),

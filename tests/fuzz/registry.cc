@@ -1,5 +1,6 @@
 // Fuzzer of the whole way of a document: what the pre-pass accepts goes to the XML-RPC library, whose registry has one
-// method that sends its arguments back. Whatever comes in, there is an answer.
+// method that sends its arguments back. Whatever comes in, there is an answer, and what the pre-pass has packed is
+// answered like the document itself.
 #include "registry.h"
 
 #include <cstdint>
@@ -29,7 +30,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         return made;
     }();
     const std::string_view document(reinterpret_cast<const char *>(data), size);
-    if (prepass.examine(document).fault) return 0;
-    if (registry->call(document).empty()) std::abort();
+    const auto verdict = prepass.examine(document);
+    if (verdict.fault) return 0;
+    const std::string answer = registry->call(document);
+    if (answer.empty()) std::abort();
+    if (!verdict.packed.empty() && registry->call(verdict.packed) != answer) std::abort();
     return 0;
 }

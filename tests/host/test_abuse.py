@@ -120,13 +120,22 @@ class Documents(unittest.TestCase):
             ("<i8>+5</i8>", 5), (f"<i8>{-BIG}</i8>", -BIG), ("<ex:i8>007</ex:i8>", 7), ("<i4>-2147483648</i4>", -2**31),
             ("<i8><![CDATA[5]]><!-- -->6</i8>", 56), ("<double>-1.5e+20</double>", -1.5e20), ("<double>.5</double>", .5),
             ("plain &#60; text", "plain < text"), (" \n<boolean>1</boolean> ", True), ("<array><data/></array>", []),
-            ("<ex:nil/>", None), ("<string>methodName</string>", "methodName"),
+            ("<ex:nil/>", None), ("<string>methodName</string>", "methodName"), (" \n", " \n"), ("<struct/>", {}),
+            ("<struct><member><name>a</name><value>1</value></member><!-- again -->\n"
+             "<member> <name>a</name> <value> <i4>2</i4> </value> </member></struct>", {"a": 2}),
+            ("<struct><member><name>&lt;\u20ac<![CDATA[&]]></name><value>\u20ac&#9;</value></member></struct>",
+             {"<\u20ac&": "\u20ac\t"}),
+            # Bytes, dates and fractions take another way through the host than all else.
+            ("<array><data><value><base64>AQI=</base64></value><value><nil/></value><value>x</value></data></array>",
+             [xmlrpc.client.Binary(b"\1\2"), None, "x"]),
         ]
         with serve() as host:
             for value, expected in cases:
                 with self.subTest(value=value):
                     status, answer = host.post(b'<?xml version="1.0" encoding="utf-8"?>\n' + echo(value))
                     self.assertEqual(xmlrpc.client.loads(answer)[0], ([expected],))
+            for value in ("\U0001f4a1", "<struct><member><name>\U0001f4a1</name><value/></member></struct>"):
+                self.assertRegex(host.fault(echo(value))[1], "Call XML not a proper XML-RPC call.*Basic Multilingual Plane")
             self.assertEqual(host.post(nested(32))[0], 200)
             self.assertEqual(host.proxy().system.multicall([{"methodName": "test.echo", "params": [1]}] * 100),
                              [[[1]]] * 100)
