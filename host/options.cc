@@ -60,7 +60,7 @@ std::optional<Options> read_options(int argc, char **argv, int &status) {
     options.server.max_bodies = 64 * mebibyte;
     options.server.connections = 4096;
     options.server.connections_per_address = 3072;
-    long long request_seconds = 30, slow = 0, spin = 200;
+    long long request_seconds = 30, slow = 0, spin = 1000;
 
     CLI::App app("Serves the operations of a chip driver over XML-RPC, one call at a time, until SIGTERM or SIGINT.\n",
                  "lmq-host");
@@ -82,7 +82,7 @@ std::optional<Options> read_options(int argc, char **argv, int &status) {
     app.add_flag("--in-process", options.in_process, "Call the driver in this process, for a debugger");
     size("--recycle-rss", options.worker.recycle_rss,
          "Replace the driver's process above this memory (default: never)");
-    text("--spin", spin, "US", "Spin so long at most before sleeping (default: 200; 0 on one core)")
+    text("--spin", spin, "US", "Spin so long at most before sleeping (default: 1000; 0 on one core)")
         ->check(CLI::Range(0, 10000).description(""));
 
     app.option_defaults()->group("Who may call");

@@ -29,6 +29,12 @@ using std::chrono::milliseconds;
 /** A connection on which nothing moves for so many seconds is closed. */
 constexpr unsigned idle_timeout_s = 30;
 
+/**
+ * Bytes of a connection's memory, which holds the head of a request and a piece of its body. The HTTP library fills it
+ * with zeros for each request, so that more of it costs small calls time, and less costs large ones.
+ */
+constexpr std::size_t connection_memory = 16 * 1024;
+
 /** How long the end of the host waits for clients that are slow to take their answers. */
 constexpr std::chrono::seconds drain_time(10);
 
@@ -300,6 +306,7 @@ Server::Server(FileDescriptor listener, const Options &options, const Tls &tls, 
                                MHD_OPTION_NOTIFY_COMPLETED, &Callbacks::completed, this,             //
                                MHD_OPTION_NOTIFY_CONNECTION, &Callbacks::connection, this,           //
                                MHD_OPTION_CONNECTION_TIMEOUT, idle_timeout_s,                        //
+                               MHD_OPTION_CONNECTION_MEMORY_LIMIT, connection_memory,                //
                                MHD_OPTION_CONNECTION_LIMIT, options.connections,                     //
                                MHD_OPTION_PER_IP_CONNECTION_LIMIT, options.connections_per_address,  //
                                MHD_OPTION_ARRAY, more.data(),                                        //
