@@ -42,16 +42,17 @@ Registry::Registry(std::size_t document_limit) {
     Fault fault;
     registry_.reset(xmlrpc_registry_new(fault.env()));
     fault.check();
-    const auto add_parameters = [](xmlrpc_env *env, const char *, xmlrpc_value *params, void *packed) {
-        unpack(env, *static_cast<std::string_view *>(packed), params);
-    };
-    xmlrpc_registry_set_preinvoke_method(fault.env(), registry_.get(), add_parameters, &packed_);
-    fault.check();
 }
 
 void Registry::fill(Init *init) {
     Fault fault;
     init(registry_.get(), fault.env());
+    fault.check();
+    // After the plug-in: a hook of its own would keep the parameters from its methods.
+    const auto add_parameters = [](xmlrpc_env *env, const char *, xmlrpc_value *params, void *packed) {
+        unpack(env, *static_cast<std::string_view *>(packed), params);
+    };
+    xmlrpc_registry_set_preinvoke_method(fault.env(), registry_.get(), add_parameters, &packed_);
     fault.check();
 }
 

@@ -111,6 +111,23 @@ class Hang(unittest.TestCase):
             self.assertEqual(host.get("/healthz"), (200, b"ok\n"))
 
 
+class Spin(unittest.TestCase):
+    def test_who_has_to_wait_for_long_sleeps(self):
+        def processor_seconds(*processes):
+            fields = [open(f"/proc/{one}/stat").read().rsplit(")", 1)[1].split() for one in processes]
+            return sum(int(user) + int(system) for *_, user, system in (one[:13] for one in fields)) / os.sysconf("SC_CLK_TCK")
+
+        with serve("--spin", "10000") as host, host.connect() as slow:
+            processes = host.process.pid, host.proxy().test.process()
+            for _ in range(50):
+                host.proxy().test.echo(1)
+            before = processor_seconds(*processes)
+            time.sleep(0.5)
+            slow.request("POST", "/RPC2", call("test.sleep", 500), {"Content-Type": "text/xml"})
+            self.assertEqual(slow.getresponse().status, 200)
+            self.assertLess(processor_seconds(*processes) - before, 0.2)
+
+
 class Memory(unittest.TestCase):
     def test_recycling_replaces_the_worker_between_two_calls(self):
         with serve("--recycle-rss", "150MB") as host:
