@@ -36,7 +36,9 @@ class Server:
         self.name = name
         self.port = free_port()
         command = [str(word).replace("PORT", str(self.port)) for word in command]
-        self.process = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        # In a session of its own, as a service is: the scheduler shares the cores out by sessions first.
+        self.process = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                                        start_new_session=True)
         for _ in range(100):
             try:
                 socket.create_connection(("127.0.0.1", self.port)).close()
