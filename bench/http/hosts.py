@@ -116,6 +116,8 @@ def main():
         for _ in range(options.rounds):
             for idle in [0] + ([options.idle] if options.idle else []):
                 sockets = [one for server in servers.values() for one in idle_connections(server.port, idle)]
+                # Python's server starts a thread for each, which the first to be measured would feel.
+                time.sleep(2 if idle else 0)
                 for title, method, clients in CASES:
                     for key, server in servers.items():
                         value = rate(server, bodies[method], clients, options.seconds)
