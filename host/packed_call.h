@@ -24,8 +24,10 @@ inline constexpr char packed_mark = '\x01';
 
 enum class Item : char { end, int32, int64, boolean, nil, string, array, structure, member };
 
-/** Packs a call, piece by piece; what comes before begin() or after give_up() is dropped. Its memory serves one call
- * after the other. */
+/**
+ * Packs a call, piece by piece; what comes before begin() or after give_up() is dropped. Its memory serves one call
+ * after the other.
+ */
 class Packer {
   public:
     /**

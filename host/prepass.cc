@@ -196,8 +196,11 @@ class Prepass::Walk {
         verdict_ = {};
         packer_.give_up();
         stack_.assign(1, {Kind::document, 0, nullptr});
-        text_.clear();
-        scalar_text_.clear();
+        for (std::string *text : {&text_, &scalar_text_}) {
+            text->clear();
+            // One long text is no reason to keep its memory.
+            if (text->capacity() > largest_kept) text->shrink_to_fit();
+        }
         depth_ = values_ = 0;
         ended_ = out_of_memory_ = false;
     }
@@ -379,6 +382,8 @@ class Prepass::Walk {
         refuse(Fault::malformed, "The element <" + std::string(name.substr(0, 40)) + "> has no place where it stands.");
     }
     void misplaced() { refuse(Fault::malformed, quoted(text_) + " stands beside an element, where no text can be."); }
+
+    static constexpr std::size_t largest_kept = 1 << 20;
 
     PrepassLimits limits_;
     std::unique_ptr<XML_ParserStruct, Free> parser_;

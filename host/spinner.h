@@ -17,8 +17,7 @@ class Spinner {
   public:
     using Clock = std::chrono::steady_clock;
 
-    /** @param most The longest time to spin; 0 for never. On a single core spinning only keeps the other side waiting.
-     */
+    /** @param most The longest time to spin; 0 for never. */
     explicit Spinner(std::chrono::microseconds most) : most_(most) {}
 
     /**
