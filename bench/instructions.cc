@@ -97,6 +97,7 @@ void run_under_valgrind(const fs::path &folder, const std::vector<std::string> &
                                    fs::read_symlink("/proc/self/exe").string()};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<char *> pointers;
+    pointers.reserve(words.size() + 1);
     for (std::string &word : words) pointers.push_back(word.data());
     pointers.push_back(nullptr);
     pid_t child;

@@ -13,18 +13,18 @@
 namespace lmq::bench {
 
 struct Count {
-    double instructions = 0, heap_calls = 0;  // of one call; malloc, calloc and realloc are heap calls
+    double instructions = 0, heap_calls = 0;  ///< of one call; malloc, calloc and realloc are heap calls
 };
 
-// By the names of measure_cases() and measure_growth(). The answer of a handler is not freed here within what is
-// counted.
+/// By the names of measure_cases() and measure_growth(). The answer of a handler is not freed here within what is
+/// counted.
 using Counts = std::map<std::string, Count>;
 
-// Runs this program once more under valgrind, with the given arguments, of which one must make it call
-// run_for_counting(), for all that is to be counted. Throws std::runtime_error if that fails.
+/// Runs this program once more under valgrind, with the given arguments, of which one must make it call
+/// run_for_counting(), for all that is to be counted. Throws std::runtime_error if that fails.
 Counts count(const std::vector<std::string> &arguments);
 
-// What is run under valgrind.
+/// What is run under valgrind.
 void run_for_counting(const Registries &registries, const std::vector<Case> &cases);
 void run_for_counting(const std::vector<Growth> &tables);
 

@@ -14,7 +14,7 @@
 
 namespace lmq::bench {
 
-// Ends the program with the library's fault if there is one.
+/// Ends the program with the library's fault if there is one.
 struct Env {
     xmlrpc_env env;
     Env() { xmlrpc_env_init(&env); }
@@ -28,14 +28,14 @@ struct Row {
     std::string name;
     Handler *handler;
     std::string signature, help;
-    void *data;  // handed to the handler as its third argument
+    void *data;  ///< handed to the handler as its third argument
 };
 
 class Registry {
   public:
     explicit Registry(const std::vector<Row> &rows);
 
-    // Answers a document. The caller owns the answer.
+    /// Answers a document. The caller owns the answer.
     xmlrpc_mem_block *process(const std::string &document) const {
         Env env;
         xmlrpc_mem_block *answer = nullptr;
@@ -48,8 +48,8 @@ class Registry {
     std::unique_ptr<xmlrpc_registry, decltype(&xmlrpc_registry_free)> registry_;
 };
 
-// Loads the plug-in, with what it needs of this program's own libraries, and takes the rows that it registers. Sets
-// the tracker of the straight-line handlers. Throws std::runtime_error with the loader's reason.
+/// Loads the plug-in, with what it needs of this program's own libraries, and takes the rows that it registers. Sets
+/// the tracker of the straight-line handlers. Throws std::runtime_error with the loader's reason.
 class Plugin {
   public:
     explicit Plugin(const std::filesystem::path &file);
@@ -61,10 +61,10 @@ class Plugin {
     std::vector<Row> rows_;
 };
 
-// A document that calls a method.
+/// A document that calls a method.
 std::string call_document(const std::string &method, xmlrpc_value *parameters);
 
-// A handler that answers its data, a value that exists already.
+/// A handler that answers its data, a value that exists already.
 Handler answer_existing;
 
 }  // namespace lmq::bench

@@ -9,7 +9,7 @@
 
 namespace lmq::bench {
 
-// The call memory tracker of the plug-in, by its exports. To be set before a handler is called.
+/// The call memory tracker of the plug-in, by its exports. To be set before a handler is called.
 struct Tracker {
     void (*initialize)();
     void (*add_ptr)(void *);
@@ -21,18 +21,18 @@ using Handler = xmlrpc_value *(xmlrpc_env *env, xmlrpc_value *parameters, void *
 Handler straight_vx_reset, straight_vx_watchdog_set, straight_vx_eth_port_stats_get, straight_lmq_init_system,
     straight_vx_flow_us_all_get, straight_methodSignature, straight_listEnums;
 
-// The method that straight_methodSignature tells of.
+/// The method that straight_methodSignature describes.
 inline constexpr char told_method[] = "lmq.vx_eth_port_stats_get";
 
-// Makes the struct of one UDT.
+/// Makes the struct of one UDT.
 xmlrpc_value *make(xmlrpc_env *env, const vx_startup_cfg_t *from);
 xmlrpc_value *make(xmlrpc_env *env, const vx_flow_us_cfg_t *from);
 
-// Reads a struct into one UDT. Returns false with a fault set for a member of a wrong type.
+/// Reads a struct into one UDT. Returns false with a fault set for a member of a wrong type.
 bool take(xmlrpc_env *env, xmlrpc_value *value, vx_startup_cfg_t *to);
 bool take(xmlrpc_env *env, xmlrpc_value *value, vx_flow_us_cfg_t *to);
 
-// The key of a member, which is the last part of its path, when the program is compiled.
+/// The key of a member, which is the last part of its path, when the program is compiled.
 consteval const char *key(const char *path) {
     const char *last = path;
     for (; *path; ++path)
@@ -40,7 +40,7 @@ consteval const char *key(const char *path) {
     return last;
 }
 
-// Sets a member of a struct, or appends to an array, a value that is handed over.
+/// Sets a member of a struct, or appends to an array, a value that is handed over.
 inline void put(xmlrpc_env *env, xmlrpc_value *into, const char *name, xmlrpc_value *made) {
     xmlrpc_struct_set_value(env, into, name, made);
     xmlrpc_DECREF(made);

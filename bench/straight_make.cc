@@ -3,7 +3,7 @@
 // hand would write.
 #include "bench/straight.h"
 #include "families/udts.h"
-#include "frame/method.h"
+#include "frame/describe.h"
 #include "marshal/describe.h"
 
 namespace lmq::bench {
@@ -75,7 +75,7 @@ xmlrpc_value *make_structs(xmlrpc_env *env, const T (&from)[bound], Make make_on
 // Inner UDTs first.
 // clang-format off
 #include "families/device/address.cc"
-#include "families/device/lifecycle.cc"
+#include "families/device/device.cc"
 #include "families/switch/classifier_key.cc"
 #include "families/qos/flow.cc"
 // clang-format on

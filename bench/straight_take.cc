@@ -4,7 +4,7 @@
 
 #include "bench/straight.h"
 #include "families/udts.h"
-#include "frame/method.h"
+#include "frame/describe.h"
 #include "marshal/describe.h"
 
 namespace lmq::bench {
@@ -136,7 +136,7 @@ bool take_structs(xmlrpc_env *env, xmlrpc_value *item, const char *refusal, T (*
 // Inner UDTs first.
 // clang-format off
 #include "families/device/address.cc"
-#include "families/device/lifecycle.cc"
+#include "families/device/device.cc"
 #include "families/switch/classifier_key.cc"
 #include "families/qos/flow.cc"
 // clang-format on

@@ -1,10 +1,13 @@
-// lmqctl batch: many calls from a file, all checked before the first is sent, sent in packets.
+// lmqctl batch: many calls from a file, all checked before the first is sent, many in one request.
 #include <algorithm>
 
+#include "answer.h"
 #include "command.h"
 #include "error.h"
+#include "file.h"
+#include "prepare.h"
 #include "progress.h"
-#include "request.h"
+#include "standard_output.h"
 #include "words.h"
 
 namespace lmqctl {
@@ -18,7 +21,7 @@ struct BatchOptions {
 
 struct Entry {
     std::size_t line;  // in the file; or the number in a JSON array
-    Request request;
+    PreparedCall prepared;
 };
 
 // Says where in the file an error is.
@@ -36,14 +39,8 @@ std::vector<Entry> entries(Context &context, const std::string &file) {
     std::vector<Entry> found;
     std::size_t number = 0;
     if (const auto first = text.find_first_not_of(" \t\r\n"); first != std::string::npos && text[first] == '[') {
-        Json calls;
-        try {
-            calls = Json::parse(text);
-        } catch (const Json::parse_error &error) {
-            throw UsageError(file + " is no JSON: " + error.what());
-        }
-        for (const Json &call : calls)
-            found.push_back(entry(file, "call", ++number, [&] { return request_of_json(context, call); }));
+        for (const Json &call : json_of_user(text, file))
+            found.push_back(entry(file, "call", ++number, [&] { return prepare_json(context, call); }));
         return found;
     }
     for (std::size_t begin = 0; begin < text.size();) {
@@ -55,7 +52,7 @@ std::vector<Entry> entries(Context &context, const std::string &file) {
         if (split.words.empty()) continue;
         found.push_back(entry(file, "line", number, [&] {
             if (split.open_quote) throw UsageError(std::string("the quote ") + split.open_quote + " is not closed");
-            return request_of_words(context, split.words);
+            return prepare_words(context, split.words);
         }));
     }
     return found;
@@ -67,35 +64,34 @@ std::string fault_text(const Json &fault) {
 
 std::string shown(Context &context, const BatchOptions &options, const Entry &entry, const Json &answer) {
     const Output output = context.output(options.full);
-    const std::string head = std::to_string(entry.line) + ": " + entry.request.text;
-    const Method &method = entry.request.method;
+    const std::string head = std::to_string(entry.line) + ": " + entry.prepared.text;
+    const Method &method = entry.prepared.method;
     if (is_fault(answer)) return head + "\n" + output.paint("31", fault_text(answer)) + "\n";
     if (options.answers || options.full) return output.paint("1", head) + "\n" + output.answer(method, answer);
-    const Json &result = answer.is_array() && !answer.empty() ? answer[0] : answer;
-    return head + "  " + (method.is_described() ? output.status(method, result) : "done") + "\n";
+    return head + "  " + (method.is_described() ? output.status(method, result_of(answer)) : "done") + "\n";
 }
 
 void batch(Context &context, const BatchOptions &options) {
     const std::vector<Entry> all = entries(context, options.file);
     std::size_t counts[3] = {};
-    Json told = Json::array();
+    Json answers = Json::array();
     std::size_t done = 0;
     {
         Progress progress("calls", all.size());
         while (done < all.size() && (!options.stop || context.exit_status == exit_ok)) {
-            const std::size_t end = std::min(all.size(), done + (options.stop ? 1 : calls_in_a_packet));
+            const std::size_t end = std::min(all.size(), done + (options.stop ? 1 : calls_in_a_request));
             std::vector<Call> calls;
-            for (std::size_t i = done; i < end; ++i) calls.push_back(all[i].request.call);
+            for (std::size_t i = done; i < end; ++i) calls.push_back(all[i].prepared.call);
             std::string text;
             for (const Json &answer : context.session().multicall(calls)) {
                 const Entry &entry = all[done++];
-                const int status = exit_status_of(context, entry.request.method, answer);
+                const int status = exit_status_of(context.dictionary(), entry.prepared.method, answer);
                 ++counts[status];
                 context.exit_status = std::max(context.exit_status, status);
                 if (context.json) {
                     Json json{{"line", entry.line}};
-                    json.update(json_answer(context, entry.request.method, answer));
-                    told.push_back(json);
+                    json.update(json_answer(context.dictionary(), context.types(), entry.prepared.method, answer));
+                    answers.push_back(json);
                 } else {
                     text += shown(context, options, entry, answer);
                 }
@@ -104,7 +100,7 @@ void batch(Context &context, const BatchOptions &options) {
             progress.reached(done);
         }
     }
-    if (context.json) return print(told.dump(2, ' ', false, Json::error_handler_t::replace) + "\n");
+    if (context.json) return print(json_text(answers, 2) + "\n");
     const auto counted = [](std::size_t count, const char *one, const char *more) {
         return std::to_string(count) + " " + (count == 1 ? one : more);
     };

@@ -8,10 +8,10 @@
 
 namespace lmqctl {
 
-// The dictionary's text last seen behind a URL.
+/// The dictionary's text last seen behind a URL.
 std::optional<std::string> load_cached(const std::string &url);
 
-// Keeps a dictionary. Says why it could not, or an empty text.
+/// Keeps a dictionary. Says why it could not, or an empty text.
 std::string store_cached(const std::string &url, const std::string &text);
 
 }  // namespace lmqctl

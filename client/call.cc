@@ -1,9 +1,11 @@
 // lmqctl call: the arguments put together, the call, its answer.
+#include "answer.h"
 #include "arguments.h"
 #include "code.h"
 #include "command.h"
 #include "error.h"
-#include "request.h"
+#include "names.h"
+#include "standard_output.h"
 
 namespace lmqctl {
 
@@ -11,13 +13,28 @@ namespace {
 
 struct CallOptions {
     std::string method;
-    std::vector<std::string> words;
+    std::vector<std::string> words, counts;
     ArgumentOptions arguments;
     bool dry_run = false, full = false, raw = false, no_valid = false;
     std::string as;
 };
 
+// "8" for all lists, "p_cfg=8" for one.
+void take_counts(const std::vector<std::string> &given, ArgumentOptions &to) {
+    for (const std::string &text : given) {
+        const std::size_t equals = text.find('=');
+        const std::optional<int64_t> count = number(text.substr(equals == std::string::npos ? 0 : equals + 1));
+        if (!count || *count < 0 || *count > 65536 || equals == 0)
+            throw UsageError("--count: expected N or NAME=N, with a number from 0 to 65536, not " + text);
+        if (equals == std::string::npos)
+            to.count = static_cast<std::size_t>(*count);
+        else
+            to.counts[text.substr(0, equals)] = static_cast<std::size_t>(*count);
+    }
+}
+
 void call(Context &context, CallOptions options) {
+    take_counts(options.counts, options.arguments);
     const Dictionary &dictionary = context.dictionary_for(options.method);
     const Method method = dictionary.method_or_throw(options.method);
     options.arguments.set_flags = !options.no_valid;
@@ -25,19 +42,18 @@ void call(Context &context, CallOptions options) {
     const std::string full_name = dictionary.full_name(method.name);
     if (options.dry_run || !options.as.empty()) {
         print(options.as.empty()
-                  ? full_name + " " + arguments.dump(2) + "\n"
-                  : call_as_code(options.as, context.connection.url, dictionary, context.types(), method, arguments));
+                  ? full_name + " " + json_text(arguments, 2) + "\n"
+                  : call_as_code(options.as, context.connection, dictionary, context.types(), method, arguments));
         return;
     }
     const Json answer = context.session().call(full_name, arguments);
-    const Json &result = answer.is_array() && !answer.empty() ? answer[0] : answer;
     if (options.raw)
         print(context.session().last_xml());
     else if (context.json)
-        print(json_answer(context, method, answer).dump(2, ' ', false, Json::error_handler_t::replace) + "\n");
+        print(json_text(json_answer(dictionary, context.types(), method, answer), 2) + "\n");
     else
         print(context.output(options.full).answer(method, answer));
-    if (!is_success(dictionary, method, result)) context.exit_status = exit_driver;
+    context.exit_status = exit_status_of(dictionary, method, answer);
 }
 
 }  // namespace
@@ -45,14 +61,18 @@ void call(Context &context, CallOptions options) {
 void set_up_call(CLI::App &command, Context &context) {
     const auto options = std::make_shared<CallOptions>();
     command.add_option("METHOD", options->method, "Its name, with or without the namespace")->required();
-    command.add_option("ARG", options->words,
-                       "Values in order, outputs left out, or NAME=VALUE and NAME.MEMBER[0]=VALUE.\n"
-                       "A number (10, 0xa, 0b1010), enumerators (A, A|B), an address, JSON,\n@FILE, or - for standard "
-                       "input. One object of all arguments by name,\nas template prints it, may stand for them all");
-    command.add_option("--count", options->arguments.count, "Elements of an output that is an array")->type_name("N");
+    add_words(command, "ARG", options->words,
+              "Values in order, outputs left out, or NAME=VALUE and NAME.MEMBER[0]=VALUE.\n"
+              "A number (10, 0xa, 0b1010), enumerators (A, A|B), an address, JSON,\n@FILE, or - for standard "
+              "input. One object of all arguments by name,\nas template prints it, may stand for them all");
+    command.add_option("--count", options->counts, "Elements of the lists that are left out, or of one argument")
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+        ->allow_extra_args(false)
+        ->type_name("[NAME=]N");
     command.add_flag("--no-valid", options->no_valid, "Leave the flags of valid masks as they are given");
     command.add_flag("--force", options->arguments.force,
-                     "Send arrays longer than their bound, and numbers out of range");
+                     "Send arrays of another length than is due, and numbers out of range");
     command.add_flag("--full", options->full, "Show all alternatives and all zeros");
     command.add_flag("--raw", options->raw, "Show the answer's XML");
     command.add_flag("--dry-run", options->dry_run, "Show the request, and send nothing");

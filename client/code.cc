@@ -1,6 +1,8 @@
 // A call as code to paste.
 #include "code.h"
 
+#include <algorithm>
+
 #include "scalar_text.h"
 #include "xml_value.h"
 
@@ -12,20 +14,25 @@ std::string python_value(const Json &value) {
     std::string text;
     if (value.is_object()) {
         for (const auto &[key, inside] : value.items())
-            text += (text.empty() ? "" : ", ") + Json(key).dump() + ": " + python_value(inside);
+            text += (text.empty() ? "" : ", ") + json_text(key) + ": " + python_value(inside);
         return "{" + text + "}";
     }
     if (value.is_array()) {
+        // Room for a list need not be spelt out.
+        if (value.size() > 8 &&
+            std::all_of(value.begin(), value.end(), [&](const Json &item) { return item == value[0]; }))
+            return "[" + python_value(value[0]) + "] * " + std::to_string(value.size());
         for (const Json &item : value) text += (text.empty() ? "" : ", ") + python_value(item);
         return "[" + text + "]";
     }
     if (value.is_boolean()) return value.get<bool>() ? "True" : "False";
-    return value.is_null() ? "None" : value.dump();
+    return value.is_null() ? "None" : json_text(value);
 }
 
 std::string c_value(const Dictionary &dictionary, const Type &type, const Json &value) {
     if (value.is_array() || value.is_object()) {
         std::string text;
+        if (is_zero(value)) return "{0}";
         for (const auto &[key, inside] : value.items()) {
             const Member *member = value.is_object() ? type.member(key) : nullptr;
             const Type &kind = member ? *member->type : type.element ? *type.element : type;
@@ -38,37 +45,85 @@ std::string c_value(const Dictionary &dictionary, const Type &type, const Json &
     return text.find(' ') == std::string::npos ? text : value.dump();
 }
 
+// A block of its own, so that two calls go into one function.
 std::string c_code(const Dictionary &dictionary, Types &types, const Method &method, const Json &arguments) {
     std::string before, words;
     for (std::size_t i = 0; i < method.parameters.size() && i < arguments.size(); ++i) {
         const Parameter &parameter = method.parameters[i];
         const TypePtr type = types.parameter(parameter);
         std::string word = c_value(dictionary, *type, arguments[i]);
-        if (parameter.is_pointer() && parameter.pointee() != "void") {
-            const bool is_list = arguments[i].is_array();
-            before += parameter.pointee() + " " + parameter.name +
-                      (is_list ? "[" + std::to_string(arguments[i].size()) + "]" : "") + " = " + word + ";\n";
-            word = (is_list ? "" : "&") + parameter.name;
-        } else if (parameter.is_pointer()) {
+        const bool is_list = arguments[i].is_array();
+        if (parameter.is_pointer() && (parameter.pointee() == "void" || (is_list && arguments[i].empty()))) {
             word = "NULL";
+        } else if (parameter.is_pointer()) {
+            // The host says int for an enum, and what an array type is of for the type.
+            const bool is_known = parameter.pointee() == "int" && !parameter.said.type.empty();
+            const std::string declared = is_known ? parameter.said.type : parameter.pointee();
+            before += "    " + declared + " " + parameter.name +
+                      (is_list ? "[" + std::to_string(arguments[i].size()) + "]" : "") + " = " + word + ";\n";
+            // The host says int where the header has a pointer to an enum, which a pointer to int does not become.
+            const bool may_be_enum = declared == "int";
+            word = (may_be_enum ? "(void *)" : "") + std::string(is_list ? "" : "&") + parameter.name;
         }
         words += (words.empty() ? "" : ", ") + word;
     }
     const std::string result = method.result == "void" || method.result.empty() ? "" : method.result + " result = ";
-    return before + result + method.name + "(" + words + ");\n";
+    return "{\n" + before + "    " + result + method.name + "(" + words + ");\n}\n";
+}
+
+// The class that takes Python's client to a Unix socket.
+constexpr char python_unix[] = R"(
+class Transport(xmlrpc.client.Transport):
+    def make_connection(self, host):
+        class Connection(http.client.HTTPConnection):
+            def connect(self):
+                self.sock = socket.socket(socket.AF_UNIX)
+                self.sock.connect(PATH)
+        return Connection("localhost")
+
+)";
+
+std::string python_code(const Connection &connection, const std::string &name, const Json &arguments) {
+    const bool is_unix = connection.url.starts_with("unix:"), is_tls = connection.url.starts_with("https://");
+    const bool has_files = is_tls && !(connection.cacert + connection.cert).empty();
+    std::string imports, before, options = "allow_none=True";
+    if (!connection.user.empty()) {
+        imports += "import base64\n";
+        before += "credentials = " + python_value(connection.user + ":") + " + os.environ[\"LMQ_PASSWORD\"]\n" +
+                  "headers = [(\"Authorization\", \"Basic \" + base64.b64encode(credentials.encode()).decode())]\n";
+        if (!is_unix) options += ", headers=headers";
+    }
+    if (is_unix) imports += "import http.client\n";
+    if (!connection.user.empty()) imports += "import os\n";
+    if (is_unix) imports += "import socket\n";
+    if (has_files) {
+        imports += "import ssl\n";
+        before += "context = ssl.create_default_context(" +
+                  (connection.cacert.empty() ? "" : "cafile=" + python_value(connection.cacert)) + ")\n";
+        if (!connection.cert.empty())
+            before += "context.load_cert_chain(" + python_value(connection.cert) +
+                      (connection.key.empty() ? "" : ", " + python_value(connection.key)) + ")\n";
+        options += ", context=context";
+    }
+    if (is_unix) {
+        before = "PATH = " + python_value(connection.url.substr(5)) + "\n\n" + python_unix + before;
+        options += connection.user.empty() ? ", transport=Transport()" : ", transport=Transport(headers=headers)";
+    }
+    std::string words;
+    for (const Json &argument : arguments) words += (words.empty() ? "" : ", ") + python_value(argument);
+    return imports + "import xmlrpc.client\n\n" + before + "host = xmlrpc.client.ServerProxy(" +
+           python_value(is_unix ? "http://localhost/RPC2" : connection.url) + ", " + options + ")\nprint(host." + name +
+           "(" + words + "))\n";
 }
 
 }  // namespace
 
-std::string call_as_code(const std::string &language, const std::string &url, const Dictionary &dictionary,
+std::string call_as_code(const std::string &language, const Connection &connection, const Dictionary &dictionary,
                          Types &types, const Method &method, const Json &arguments) {
     const std::string full = dictionary.full_name(method.name);
     if (language == "xmlrpc") return request_xml(full, arguments);
     if (language == "c") return c_code(dictionary, types, method, arguments);
-    std::string words;
-    for (const Json &argument : arguments) words += (words.empty() ? "" : ", ") + python_value(argument);
-    return "import xmlrpc.client\n\nhost = xmlrpc.client.ServerProxy(" + Json(url).dump() + ", allow_none=True)\n" +
-           "print(host." + full + "(" + words + "))\n";
+    return python_code(connection, full, arguments);
 }
 
 }  // namespace lmqctl

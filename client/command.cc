@@ -18,7 +18,7 @@ const std::vector<Command> commands = {
      set_up_call},
     {"explain", "All meanings of a status number, an event, an enumerator or a define", "lmqctl explain 0x7002",
      set_up_explain},
-    {"batch", "Calls one a line, sent in few packets", "lmqctl batch calls.txt        lmqctl batch - < calls.txt",
+    {"batch", "Calls one a line, sent in few requests", "lmqctl batch calls.txt        lmqctl batch - < calls.txt",
      set_up_batch},
     {"watch", "Counters and their rates, again and again", "lmqctl watch --every 2 'METHOD 0 1' 'METHOD 0 2'",
      set_up_watch},
@@ -27,9 +27,35 @@ const std::vector<Command> commands = {
     {"diff", "Compares two snapshots, or one with the chip as it is", "lmqctl diff before.json after.json",
      set_up_diff},
     {"repl", "A session: a line is a command, or the name and arguments of a method", "lmqctl repl", set_up_repl},
+    {"run", "Starts a program whose chip is the host's", "lmqctl --url http://board:8080 run -- PROGRAM ARGUMENT...",
+     set_up_run},
     {"completion", "A script that makes a shell complete commands, names and keys",
      "lmqctl completion bash > ~/.local/share/bash-completion/completions/lmqctl", set_up_completion},
     {"complete", "", "lmqctl complete -- call METHOD p_cfg.", set_up_complete},
 };
+
+std::vector<std::string> command_names() {
+    std::vector<std::string> names;
+    for (const Command &command : commands)
+        if (*command.summary) names.push_back(command.name);
+    return names;
+}
+
+CLI::Option *add_words(CLI::App &command, const std::string &name, std::vector<std::string> &words,
+                       const std::string &description) {
+    // The library's own way to a list of texts takes a single {} for an empty one.
+    return command
+        .add_option(
+            name,
+            [&words](const CLI::results_t &given) {
+                words = given;
+                return true;
+            },
+            description)
+        ->expected(1, 1 << 29)
+        ->allow_extra_args()
+        ->type_name("TEXT")
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+}
 
 }  // namespace lmqctl

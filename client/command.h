@@ -10,14 +10,21 @@ namespace lmqctl {
 
 struct Command {
     const char *name;
-    const char *summary;  // empty for one that --help does not show
-    const char *example;  // shown under --help
-    // Adds the options and the callback that carries the command out. The callback sets context.exit_status if it is
-    // not 0, and throws an Error for what the user has to know.
+    const char *summary;  ///< empty for one that --help does not show
+    const char *example;  ///< shown under --help
+    /// Adds the options and the callback that carries the command out. The callback sets context.exit_status if it is
+    /// not 0, and throws an Error for what the user has to know.
     void (*set_up)(CLI::App &command, Context &context);
 };
 
 extern const std::vector<Command> commands;
+
+/// Those that --help shows.
+std::vector<std::string> command_names();
+
+/// An argument that takes all words that are left, each as it is.
+CLI::Option *add_words(CLI::App &command, const std::string &name, std::vector<std::string> &words,
+                       const std::string &description);
 
 void set_up_batch(CLI::App &command, Context &context);
 void set_up_call(CLI::App &command, Context &context);
@@ -28,6 +35,7 @@ void set_up_diff(CLI::App &command, Context &context);
 void set_up_explain(CLI::App &command, Context &context);
 void set_up_list(CLI::App &command, Context &context);
 void set_up_repl(CLI::App &command, Context &context);
+void set_up_run(CLI::App &command, Context &context);
 void set_up_search(CLI::App &command, Context &context);
 void set_up_snapshot(CLI::App &command, Context &context);
 void set_up_template(CLI::App &command, Context &context);

@@ -1,23 +1,15 @@
 // lmqctl completion: the scripts for shells; lmqctl complete: what they ask.
-#include <signal.h>
-#include <unistd.h>
-
 #include "command.h"
 #include "complete.h"
 #include "completion_scripts.h"
-#include "error.h"
+#include "standard_output.h"
 
 namespace lmqctl {
 
 namespace {
 
-constexpr unsigned patience = 3;  // seconds
-
 // For a shell: a line each, TEXT TAB DESCRIPTION; a blank behind the text of a word that is whole.
 void answer(Context &context, const std::vector<std::string> &words) {
-    // Whoever pressed Tab does not wait for a host that is slow to tell all of its dictionary.
-    signal(SIGALRM, [](int) { _exit(exit_ok); });
-    alarm(patience);
     std::string lines;
     for (const Completion &each : complete(context, words))
         lines += each.text + (each.is_whole ? " " : "") + "\t" + each.description + "\n";
@@ -36,7 +28,7 @@ void set_up_completion(CLI::App &command, Context &) {
 
 void set_up_complete(CLI::App &command, Context &context) {
     const auto words = std::make_shared<std::vector<std::string>>();
-    command.add_option("WORD", *words, "The words behind the program's name up to the cursor, behind a --");
+    add_words(command, "WORD", *words, "The words behind the program's name up to the cursor, behind a --");
     command.callback([&context, words] { answer(context, *words); });
 }
 

@@ -1,43 +1,21 @@
 // Session and dictionary on demand.
 #include "context.h"
 
-#include <termios.h>
 #include <unistd.h>
 
 #include <cstdio>
 #include <cstdlib>
-#include <iostream>
 
 #include "cache.h"
 #include "error.h"
 #include "fetch.h"
+#include "password.h"
 
 namespace lmqctl {
 
-namespace {
-
-std::string ask_password(const std::string &user) {
-    if (const char *password = std::getenv("LMQ_PASSWORD")) return password;
-    if (!isatty(STDIN_FILENO))
-        throw UsageError("--user needs a password: set LMQ_PASSWORD, or run lmqctl on a terminal");
-    std::fprintf(stderr, "Password of %s: ", user.c_str());
-    termios before{};
-    tcgetattr(STDIN_FILENO, &before);
-    termios silent = before;
-    silent.c_lflag &= ~static_cast<tcflag_t>(ECHO);
-    tcsetattr(STDIN_FILENO, TCSAFLUSH, &silent);
-    std::string password;
-    std::getline(std::cin, password);
-    tcsetattr(STDIN_FILENO, TCSAFLUSH, &before);
-    std::fputc('\n', stderr);
-    return password;
-}
-
-}  // namespace
-
 Session &Context::session() {
     if (!session_) {
-        if (!connection.user.empty()) connection.password = ask_password(connection.user);
+        if (!connection.user.empty()) connection.password = password_of(connection.user);
         session_ = std::make_unique<Session>(connection);
     }
     return *session_;
@@ -52,6 +30,7 @@ const Dictionary &Context::checked(Check is_current) {
                 auto cached = std::make_unique<Dictionary>(std::move(*text));
                 if (is_current(*cached)) {
                     dictionary_ = std::move(cached);
+                    if (renew_contract()) keep_dictionary();
                     return *dictionary_;
                 }
                 note("the host's dictionary has changed");
@@ -64,9 +43,22 @@ const Dictionary &Context::checked(Check is_current) {
     }
     note("fetching the dictionary");
     dictionary_ = std::make_unique<Dictionary>(fetch_dictionary(session()));
+    renew_contract();
+    keep_dictionary();
+    return *dictionary_;
+}
+
+bool Context::renew_contract() {
+    const auto complain = [](const std::string &text) { std::fprintf(stderr, "lmqctl: %s\n", text.c_str()); };
+    std::optional<std::string> text = changed_contract(session(), *dictionary_, complain);
+    if (!text) return false;
+    dictionary_ = std::make_unique<Dictionary>(std::move(*text));
+    return true;
+}
+
+void Context::keep_dictionary() const {
     if (const std::string why = store_cached(connection.url, dictionary_->text()); !why.empty())
         note("the dictionary is not kept: " + why);
-    return *dictionary_;
 }
 
 const Dictionary &Context::dictionary_for(const std::string &method) {
@@ -90,11 +82,14 @@ const Dictionary *Context::dictionary_at_hand() {
     }
     try {
         Connection impatient = connection;
-        impatient.timeout = 1;
+        // Whoever pressed Tab does not wait for a host that takes its time over all of its dictionary.
+        impatient.until = Clock::now() + std::chrono::seconds(3);
         const char *password = std::getenv("LMQ_PASSWORD");
         if (!connection.user.empty() && connection.password.empty()) impatient.password = password ? password : "";
         Session session(impatient);
         at_hand_ = std::make_unique<Dictionary>(fetch_dictionary(session));
+        if (auto text = changed_contract(session, *at_hand_, [](const std::string &) {}))
+            at_hand_ = std::make_unique<Dictionary>(std::move(*text));
         store_cached(connection.url, at_hand_->text());
     } catch (const std::exception &error) {
         note(error.what());
@@ -123,7 +118,5 @@ Output Context::output(bool full) { return Output(dictionary(), types(), style(f
 void Context::note(const std::string &text) const {
     if (verbose) std::fprintf(stderr, "lmqctl: %s\n", text.c_str());
 }
-
-void print(const std::string &text) { std::fwrite(text.data(), 1, text.size(), stdout); }
 
 }  // namespace lmqctl

@@ -14,33 +14,32 @@ namespace lmqctl {
 struct Context {
     Connection connection;
     bool json = false, no_color = false, verbose = false, refresh = false;
-    int exit_status = 0;      // what the command leaves
-    bool in_session = false;  // the command is a line of a session
+    int exit_status = 0;      ///< what the command leaves
+    bool in_session = false;  ///< the command is a line of a session
 
     Session &session();
-    // For a command about one method: what the host says of it is compared with the cache, in one packet.
+    /// For a command about one method: what the host says of it is compared with the cache, in one request.
     const Dictionary &dictionary_for(const std::string &method);
-    // For the others: the list of methods is compared.
+    /// For the others: the list of methods is compared.
     const Dictionary &dictionary();
-    // For completion: the one in use or the cached one, whether it is current or not, else what the host answers in a
-    // second. nullptr if there is none. Asks for no password.
+    /// For completion: the one in use or the cached one, whether it is current or not, else the host's if it can be
+    /// fetched within three seconds. nullptr if there is none. Asks for no password.
     const Dictionary *dictionary_at_hand();
-    void forget_dictionary();  // the next command that needs it fetches it
-    Types &types();            // of the dictionary
-    // How to show values on standard output.
+    void forget_dictionary();  ///< the next command that needs it fetches it
+    Types &types();            ///< of the dictionary
+    /// How to show values on standard output.
     Style style(bool full = false) const;
     Output output(bool full = false);
-    void note(const std::string &text) const;  // to standard error, with --verbose
+    void note(const std::string &text) const;  ///< to standard error, with --verbose
 
   private:
     template <class Check>
     const Dictionary &checked(Check is_current);
+    bool renew_contract();  ///< whether it has changed
+    void keep_dictionary() const;
     std::unique_ptr<Session> session_;
     std::unique_ptr<Dictionary> dictionary_, at_hand_;
     std::unique_ptr<Types> types_;
 };
-
-// Writes to standard output. A pipe that nobody reads any more ends the program quietly.
-void print(const std::string &text);
 
 }  // namespace lmqctl

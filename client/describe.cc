@@ -3,6 +3,7 @@
 #include "command.h"
 #include "error.h"
 #include "names.h"
+#include "standard_output.h"
 
 namespace lmqctl {
 
@@ -10,7 +11,18 @@ namespace {
 
 std::string tree(const Type &type, unsigned indent);
 
-std::string branch(const std::string &name, const Type &type, unsigned indent) {
+// " (enum X, 0 to 7 ms)": what the contract says of a number, or of the numbers in an array.
+std::string meaning_of(const Type &type) {
+    const Type &number = type.element ? *type.element : type;
+    std::string text = number.meaning.text();
+    if (!number.held.empty())
+        text = (number.meaning.is_bits ? "bits of " : "enum ") + number.name + (text.empty() ? "" : ", " + text);
+    if (number.meaning.is_ipv4) text = "IPv4 address";
+    if (number.meaning.is_text) text = "characters";
+    return text.empty() ? "" : " (" + text + ")";
+}
+
+std::string branch(const std::string &name, const Type &type, unsigned indent, const std::string &brief = "") {
     const Type &inner = (type.kind == Type::array) ? *type.element : type;
     std::string declared = type.declared();
     if (type.kind == Type::mac) declared = "MAC address";
@@ -18,7 +30,8 @@ std::string branch(const std::string &name, const Type &type, unsigned indent) {
     if (type.kind == Type::ipv6) declared += " (IPv6 address)";
     if (type.kind == Type::overlay && !type.selector.empty()) declared += ", by " + type.selector;
     std::string line = std::string(indent, ' ') + name;
-    line += std::string(line.size() < 28 ? 28 - line.size() : 1, ' ') + declared + "\n";
+    line += std::string(line.size() < 28 ? 28 - line.size() : 1, ' ') + declared + meaning_of(type) +
+            (brief.empty() ? "" : "  " + brief) + "\n";
     return line + tree(inner, indent + 2);
 }
 
@@ -30,19 +43,61 @@ std::string tree(const Type &type, unsigned indent) {
         return std::string(indent, ' ') + text + "\n";
     }
     if (shown.kind != Type::structure && shown.kind != Type::overlay) return "";
-    for (const Member &member : shown.members) text += branch(member.name, *member.type, indent);
+    for (const Member &member : shown.members) text += branch(member.name, *member.type, indent, member.brief);
     return text;
 }
 
-std::string enumerators(const Enum &values) {
+// The sentence of an entry or of one of an enum's values; empty without a contract.
+std::string brief_of(const Dictionary &dictionary, Dictionary::Kind kind, const std::string &name,
+                     const std::string &value = "") {
+    Json said = dictionary.said(kind, name);
+    if (said.is_object() && !value.empty()) said = said["values"].value(value, Json());
+    return said.is_object() ? said.value("brief", "") : "";
+}
+
+std::string line_of(const std::string &text) { return text.empty() ? "" : text + "\n"; }
+
+std::string enumerators(const Dictionary &dictionary, const Enum &values) {
     std::string text;
-    for (const Enumerator &value : values.values)
+    for (const Enumerator &value : values.values) {
         text += "  " + value.name + " = " + std::to_string(value.number) +
-                (value.base.empty() ? "" : "  (" + value.base + " + " + std::to_string(value.told) + ")") + "\n";
+                (value.base.empty() ? "" : "  (" + value.base + " + " + std::to_string(value.listed) + ")");
+        const std::string brief = brief_of(dictionary, Dictionary::said_of_enums, values.type, value.name);
+        text += (brief.empty() ? "" : "  " + brief) + "\n";
+    }
     return text;
+}
+
+const char *direction_of(const Parameter &parameter) {
+    switch (parameter.said.direction) {
+        case Direction::in: return "in";
+        case Direction::out: return "out";
+        case Direction::inout: return "in and out";
+        case Direction::unknown: break;
+    }
+    return "";
+}
+
+std::string of_contract(Context &context, const Method &method) {
+    const MethodContract &contract = *method.contract;
+    std::string text = context.output().paint("1", method.prototype()) + "\n" + contract.brief + "\n";
+    if (!contract.documentation.empty()) text += "\n" + contract.documentation + "\n";
+    text += "\nEffect: " + contract.effect + (contract.clears_if.empty() ? "" : " if " + contract.clears_if) + "\n";
+    for (const Parameter &parameter : method.parameters) {
+        const Length &length = parameter.said.length;
+        std::string how = direction_of(parameter);
+        if (!length.argument.empty() || length.count > 1) how += ", [" + length.said() + "]";
+        if (!length.filled.empty()) how += ", *" + length.filled + " filled";
+        const std::string branches = branch(parameter.name, *context.types().parameter(parameter), 2);
+        const std::size_t end = branches.find('\n');
+        text += "\n" + branches.substr(0, end) + "  (" + how + ")\n" +
+                line_of(parameter.said.brief.empty() ? "" : "      " + parameter.said.brief) + branches.substr(end + 1);
+    }
+    return text + (contract.result.empty() ? "" : "\nReturns: " + contract.result + "\n");
 }
 
 std::string of_method(Context &context, const Method &method) {
+    if (method.contract) return of_contract(context, method);
     const Output output = context.output();
     std::string text = output.paint("1", method.prototype()) + "\n";
     for (const Parameter &parameter : method.parameters) {
@@ -77,6 +132,11 @@ const char *kind_of(const Type &type) {
 Json json_of(const Type &type) {
     Json json{{"kind", kind_of(type)}};
     if (!type.name.empty()) json["type"] = type.name;
+    if (type.meaning.range) json["range"] = {type.meaning.range->first, type.meaning.range->second};
+    if (!type.meaning.also.empty()) json["or"] = type.meaning.also;
+    if (!type.meaning.unit.empty()) json["unit"] = type.meaning.unit;
+    if (!type.meaning.id.empty()) json["id"] = type.meaning.id;
+    if (!type.held.empty()) json["held"] = type.held, json["bits_of"] = type.meaning.is_bits;
     if (type.kind == Type::integer) json["bits"] = type.width, json["signed"] = type.is_signed;
     if (type.bound) json["bound"] = type.bound;
     if (type.kind == Type::array) json["element"] = json_of(*type.element);
@@ -92,6 +152,7 @@ Json json_of(const Type &type) {
     Json &members = json[type.kind == Type::overlay ? "alternatives" : "members"] = Json::array();
     for (const Member &member : type.members) {
         Json entry{{"name", member.name}};
+        if (!member.brief.empty()) entry["brief"] = member.brief;
         entry.update(json_of(*member.type));
         members.push_back(entry);
     }
@@ -105,13 +166,18 @@ Json json_of(Context &context, const Method &method) {
               {"title", method.title()},
               {"help", method.help},
               {"result", method.result},
+              {"effect", method.contract ? Json(method.contract->effect) : Json()},
               {"arguments", Json::array()}};
     for (const Parameter &parameter : method.parameters) {
         const auto told = method.told(parameter.name);
         json["arguments"].push_back({{"name", parameter.name},
                                      {"declared", parameter.type},
                                      {"output", is_output(method, parameter)},
-                                     {"help", told ? told->text : ""},
+                                     {"direction", direction_of(parameter)},
+                                     {"length", method.contract ? Json(parameter.said.length.said()) : Json()},
+                                     {"help", method.contract ? parameter.said.brief
+                                              : told          ? told->text
+                                                              : ""},
                                      {"value", json_of(*context.types().parameter(parameter))}});
     }
     return json;
@@ -121,7 +187,7 @@ Json json_of(const Enum &values) {
     Json json{{"kind", "enum"}, {"name", values.type}, {"enumerators", Json::array()}};
     for (const Enumerator &value : values.values) {
         Json entry{{"name", value.name}, {"number", value.number}};
-        if (!value.base.empty()) entry["base"] = value.base, entry["offset"] = value.told;
+        if (!value.base.empty()) entry["base"] = value.base, entry["offset"] = value.listed;
         json["enumerators"].push_back(entry);
     }
     return json;
@@ -156,21 +222,24 @@ std::string describe(Context &context, const std::string &typed) {
     const Output output = context.output();
     const std::string name = dictionary.bare_name(typed);
     if (context.json)
-        if (const Json json = described(context, name); !json.is_null()) return json.dump(2) + "\n";
+        if (const Json json = described(context, name); !json.is_null()) return json_text(json, 2) + "\n";
     if (const std::optional<Method> method = dictionary.method(name)) return of_method(context, *method);
     if (dictionary.has(Dictionary::udts, name))
-        return output.paint("1", "struct " + name) + "\n" + tree(*context.types().udt(name), 2);
+        return output.paint("1", "struct " + name) + "\n" +
+               line_of(brief_of(dictionary, Dictionary::said_of_structs, name)) + tree(*context.types().udt(name), 2);
     if (const Enum *values = dictionary.enumeration(name))
-        return output.paint("1", "enum " + name) + "\n" + enumerators(*values);
+        return output.paint("1", "enum " + name) + "\n" +
+               line_of(brief_of(dictionary, Dictionary::said_of_enums, name)) + enumerators(dictionary, *values);
     if (const auto text = dictionary.define(name)) return "#define " + name + " " + *text + "\n";
     if (auto base = dictionary.behind(name)) {
         std::string text = "typedef " + name + " = " + *base;
-        while ((base = dictionary.behind(*base))) text += " = " + *base;
-        return text + "\n";
+        // No chain is longer; a longer one is a ring.
+        for (int steps = 0; steps < 32 && (base = dictionary.behind(*base)); ++steps) text += " = " + *base;
+        return text + "\n" + line_of(brief_of(dictionary, Dictionary::said_of_typedefs, name));
     }
     if (const Enum *values = dictionary.enum_of(name))
         return output.paint("1", name) + " = " + std::to_string(values->named(name)->number) + ", of enum " +
-               values->type + "\n";
+               values->type + "\n" + line_of(brief_of(dictionary, Dictionary::said_of_enums, values->type, name));
     std::vector<std::string> names;
     for (const auto kind :
          {Dictionary::methods, Dictionary::udts, Dictionary::enums, Dictionary::defines, Dictionary::typedefs})

@@ -1,6 +1,8 @@
 // The dictionary's lines, and what is read of them.
 #include "dictionary.h"
 
+#include <algorithm>
+
 #include "error.h"
 #include "names.h"
 
@@ -8,7 +10,7 @@ namespace lmqctl {
 
 namespace {
 
-constexpr std::string_view mark = "lmqctl dictionary 1 ";
+constexpr std::string_view mark = "lmqctl dictionary 2 ";
 
 }  // namespace
 
@@ -22,7 +24,18 @@ std::string shape(const Json &value) {
     return "[" + std::to_string(value.size()) + "]" + (value.empty() || !value[0].is_object() ? "" : shape(value[0]));
 }
 
+bool Method::only_reads(bool registers) const {
+    if (contract) {
+        if (contract->effect == "reads registers") return registers;
+        return contract->effect == "reads" || (contract->effect == "reads and clears" && !contract->clears_if.empty());
+    }
+    return name.ends_with("_get") && std::none_of(parameters.begin(), parameters.end(), [](const Parameter &each) {
+               return lower(each.name).find("clear") != std::string::npos;
+           });
+}
+
 std::string Method::title() const {
+    if (contract) return contract->brief;
     for (const std::string &line : split(help, '\n')) {
         if (line.empty() || line.find('(') != std::string::npos) continue;
         return is_described() && help.find('\n') == std::string::npos ? "" : line;
@@ -142,6 +155,16 @@ std::optional<Method> Dictionary::method(const std::string &name) const {
         method.parameters.push_back(
             {record["application_type"], record["primative_type"], record["declaration_name"], record["isUDT"]});
     }
+    if (Json said = this->said(said_of_methods, method.name); said.is_object()) {
+        MethodContract told = method_contract(said);
+        // Of another version, it says nothing that can be relied on.
+        bool fits = told.arguments.size() == method.parameters.size();
+        for (std::size_t i = 0; fits && i < method.parameters.size(); ++i)
+            fits = told.arguments[i].name == method.parameters[i].name;
+        if (!fits) return method;
+        for (std::size_t i = 0; i < method.parameters.size(); ++i) method.parameters[i].said = told.arguments[i];
+        method.contract = std::move(told);
+    }
     return method;
 }
 
@@ -167,8 +190,8 @@ const Enum *Dictionary::enumeration(const std::string &type) const {
     result.values.reserve(list.size());
     for (const Json &item : list) {
         Enumerator value{item[0], item[1], item[1], ""};
-        // Behind a base that is told whole, the numbers are distances from it.
-        if (base && value.told >= 0 && value.told < base->number) {
+        // Behind a base that is listed whole, the numbers are offsets from it.
+        if (base && value.listed >= 0 && value.listed < base->number) {
             value.number += base->number;
             value.base = base->name;
         }
@@ -191,9 +214,36 @@ std::optional<std::string> Dictionary::behind(const std::string &type) const {
 }
 
 std::string Dictionary::base_type(const std::string &type) const {
-    if (has(enums, type)) return "int";
-    const std::optional<std::string> next = behind(type);
-    return next && *next != type ? base_type(*next) : type;
+    std::string base = type;
+    // No chain is longer; a longer one is a ring.
+    for (int steps = 0; steps < 32; ++steps) {
+        if (has(enums, base)) return "int";
+        const std::optional<std::string> next = behind(base);
+        if (!next) break;
+        base = *next;
+    }
+    return base;
+}
+
+Json Dictionary::said(Kind kind, const std::string &name) const {
+    const std::string_view *entry = find(kind, name);
+    return entry ? Json::parse(*entry) : Json();
+}
+
+std::string Dictionary::contract_tag() const {
+    const Json tag = said(contract, "tag");
+    return tag.is_string() ? tag.get<std::string>() : "";
+}
+
+std::string Dictionary::text_with_contract(const std::string &lines) const {
+    std::string text;
+    for (std::string_view rest = text_; !rest.empty();) {
+        const std::string_view line = rest.substr(0, rest.find('\n') + 1);
+        // The first line is the head, and has no kind.
+        if (text.empty() || std::string_view("cmueti").find(line[0]) == std::string_view::npos) text += line;
+        rest.remove_prefix(line.size());
+    }
+    return text + lines;
 }
 
 const Enum *Dictionary::enum_of(const std::string &enumerator) const {

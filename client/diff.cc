@@ -3,8 +3,9 @@
 
 #include "command.h"
 #include "error.h"
-#include "request.h"
-#include "snapshot.h"
+#include "file.h"
+#include "standard_output.h"
+#include "survey.h"
 
 namespace lmqctl {
 
@@ -24,29 +25,39 @@ Json load(const std::string &file) {
     for (const Json &entry : json["answers"])
         if (!entry.is_object() || !entry.contains("method") || !entry["method"].is_string() ||
             !entry.contains("parameters") || !entry["parameters"].is_array())
-            throw UsageError(file + " is a damaged snapshot: an answer tells no method or no parameters");
-    return json["answers"];
+            throw UsageError(file + " is a damaged snapshot: an answer has no method or no parameters");
+    return json;
 }
 
-// The calls of a snapshot, made again.
-Json live(Context &context, const Json &answers) {
-    std::vector<Call> calls;
-    for (const Json &entry : answers) calls.push_back({entry["method"], entry["parameters"]});
-    return take_snapshot(context, calls);
+// The same asked again, and so about what has come since. A snapshot that does not say what was asked has its calls
+// made again.
+Json live(Context &context, const std::string &file, const Json &snapshot) {
+    if (!snapshot.contains("asked")) {
+        std::vector<Call> calls;
+        for (const Json &entry : snapshot["answers"]) calls.push_back({entry["method"], entry["parameters"]});
+        return take_answers(context, calls);
+    }
+    try {
+        const Json &asked = snapshot["asked"];
+        return survey(context, {asked.at("pattern"), asked.at("devices"), asked.at("ports"), asked.at("registers")});
+    } catch (const Json::exception &) {
+        throw UsageError(file + " is a damaged snapshot: it does not say what was asked");
+    }
 }
 
-void flatten(const std::string &name, const Json &value, std::map<std::string, std::string> &to) {
-    if (!value.is_structured()) {
-        to[name] = value.is_string() ? value.get<std::string>() : value.dump();
+using Members = std::map<std::string, Json>;
+
+void flatten(const std::string &name, const Json &value, Members &to) {
+    if (!value.is_structured() || value.empty()) {
+        to[name] = value;
         return;
     }
-    if (value.empty()) to[name] = value.dump();
     for (const auto &[key, inside] : value.items())
         flatten(value.is_array() ? name + "[" + key + "]" : name + "." + key, inside, to);
 }
 
-std::map<std::string, std::string> members(const Json &entry) {
-    std::map<std::string, std::string> found;
+Members members_of(const Json &entry) {
+    Members found;
     for (const char *what : {"fault", "status"})
         if (entry.contains(what)) flatten(std::string(" ") + what, entry[what], found);
     if (entry.contains("arguments"))
@@ -54,45 +65,56 @@ std::map<std::string, std::string> members(const Json &entry) {
     return found;
 }
 
-void diff(Context &context, const DiffOptions &options) {
-    const Json before = load(options.before);
-    const Json after = options.after == "live" ? live(context, before) : load(options.after);
-    Json told = Json::array();
-    std::string text;
-    const auto tell = [&](const std::string &call, const std::string &member, const Json &a, const Json &b) {
-        told.push_back({{"call", call}, {"member", member}, {"before", a}, {"after", b}});
-        if (member.empty()) {
-            text += call + ": only in " + (a.is_null() ? options.after : options.before) + "\n";
-            return;
-        }
-        const auto shown = [](const Json &value) {
-            return value.is_null() ? std::string("(none)") : value.get<std::string>();
-        };
-        text += call + member + ": " + shown(a) + " -> " + shown(b) + "\n";
-    };
+// A member that differs; without a member, a call that only one side has, for which that side is true. What a side does
+// not have is null.
+struct Difference {
+    std::string call, member;
+    Json before, after;
+};
+
+void compare(const std::string &call, const Members &before, const Members &after, std::vector<Difference> &to) {
+    for (const auto &[name, value] : before) {
+        const auto found = after.find(name);
+        const Json now = found == after.end() ? Json() : found->second;
+        if (now != value) to.push_back({call, name, value, now});
+    }
+    for (const auto &[name, value] : after)
+        if (!before.contains(name)) to.push_back({call, name, nullptr, value});
+}
+
+std::vector<Difference> differences(const Json &before, const Json &after) {
+    std::vector<Difference> found;
     for (const auto &[call, entry] : before.items()) {
-        if (!after.contains(call)) {
-            tell(call, "", true, nullptr);
-            continue;
-        }
-        const auto old_members = members(entry), new_members = members(after[call]);
-        for (const auto &[name, value] : old_members) {
-            const auto found = new_members.find(name);
-            if (found == new_members.end())
-                tell(call, name, value, nullptr);
-            else if (found->second != value)
-                tell(call, name, value, found->second);
-        }
-        for (const auto &[name, value] : new_members)
-            if (!old_members.contains(name)) tell(call, name, nullptr, value);
+        if (after.contains(call))
+            compare(call, members_of(entry), members_of(after[call]), found);
+        else
+            found.push_back({call, "", true, nullptr});
     }
     for (const auto &[call, entry] : after.items())
-        if (!before.contains(call)) tell(call, "", nullptr, true);
-    if (context.json)
-        print(told.dump(2, ' ', false, Json::error_handler_t::replace) + "\n");
-    else
-        print(text);
-    if (!told.empty()) context.exit_status = exit_differ;
+        if (!before.contains(call)) found.push_back({call, "", nullptr, true});
+    return found;
+}
+
+std::string shown(const Json &value) {
+    if (value.is_null()) return "(none)";
+    return value.is_string() ? value.get<std::string>() : json_text(value);
+}
+
+void diff(Context &context, const DiffOptions &options) {
+    const Json old = load(options.before), before = old["answers"];
+    const Json after = options.after == "live" ? live(context, options.before, old) : load(options.after)["answers"];
+    const std::vector<Difference> found = differences(before, after);
+    Json json = Json::array();
+    std::string text;
+    for (const Difference &each : found) {
+        json.push_back({{"call", each.call}, {"member", each.member}, {"before", each.before}, {"after", each.after}});
+        if (each.member.empty())
+            text += each.call + ": only in " + (each.before.is_null() ? options.after : options.before) + "\n";
+        else
+            text += each.call + each.member + ": " + shown(each.before) + " -> " + shown(each.after) + "\n";
+    }
+    print(context.json ? json_text(json, 2) + "\n" : text);
+    if (!found.empty()) context.exit_status = exit_differ;
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "command.h"
 #include "error.h"
 #include "names.h"
+#include "standard_output.h"
 
 namespace lmqctl {
 
@@ -13,7 +14,7 @@ void add(Json &meanings, const Enum &values, const Enumerator &value) {
     Json meaning{{"kind", "enumerator"}, {"name", value.name}, {"of", values.type}, {"number", value.number}};
     if (!value.base.empty()) {
         meaning["base"] = value.base;
-        meaning["offset"] = value.told;
+        meaning["offset"] = value.listed;
     }
     meanings.push_back(meaning);
 }
@@ -45,7 +46,7 @@ void explain(Context &context, const std::string &typed) {
         throw UsageError(number ? "no enumerator and no define is " + typed
                                 : "no enumerator and no define is called " + typed + did_you_mean(typed, names));
     if (context.json) {
-        print(meanings.dump(2) + "\n");
+        print(json_text(meanings, 2) + "\n");
         return;
     }
     const Output output = context.output();

@@ -113,6 +113,21 @@ std::string fetch_dictionary(Session &session) {
     return text;
 }
 
+std::optional<std::string> changed_contract(Session &session, const Dictionary &dictionary,
+                                            const std::function<void(const std::string &)> &complain) {
+    const HttpAnswer answer = session.get("interface", dictionary.contract_tag());
+    if (answer.status == 304 && dictionary.has_contract()) return {};
+    if (answer.status == 200) {
+        try {
+            return dictionary.text_with_contract(contract_lines(answer.body, answer.tag));
+        } catch (const std::exception &error) {
+            complain(std::string("the host's description of its interface cannot be used: ") + error.what());
+        }
+    }
+    if (!dictionary.has_contract()) return {};
+    return dictionary.text_with_contract("");
+}
+
 bool is_current(Session &session, const Dictionary &dictionary, const std::string &name) {
     // Help texts and prototypes follow from what is declared; asking for them would double the time of a call.
     std::vector<Call> questions{{dictionary.prefix() + "methodSignature", Json::array({dictionary.full_name(name)})}};

@@ -3,25 +3,13 @@
 // before.
 #pragma once
 
-#include <csignal>
 #include <memory>
 #include <string>
 
+#include "connection.h"
+#include "http_answer.h"
+
 namespace lmqctl {
-
-// Where the host is and how to reach it.
-struct Connection {
-    std::string url;  // http://..., https://... or unix:PATH
-    std::string user, password;
-    double timeout = 30;  // seconds for a call; 0 for no limit
-    std::string cacert, cert, key;
-    const volatile std::sig_atomic_t *stop = nullptr;  // a call ends when it is not 0
-};
-
-struct HttpAnswer {
-    int status = 0;
-    std::string body;
-};
 
 class Http {
   public:
@@ -30,21 +18,17 @@ class Http {
     Http &operator=(const Http &) = delete;
     virtual ~Http() = default;
 
-    // Posts a document. The connection stays open for the next one. Nothing is ever sent twice: a call may have been
-    // carried out although its answer was lost. Throws an Error if there is no answer.
+    /// Posts a document. The connection stays open for the next one. Nothing is ever sent twice: a call may have been
+    /// carried out although its answer was lost. Throws an Error if there is no answer.
     virtual HttpAnswer post(const std::string &document) = 0;
+
+    /// Gets a document that stands beside the one that calls go to. With the tag of a version, status 304 says that it
+    /// is the same.
+    virtual HttpAnswer get(const std::string &name, const std::string &tag) = 0;
 };
 
-// Throws a UsageError for a URL that is none.
+/// Throws a UsageError for a URL that is none.
 std::unique_ptr<Http> make_http(const Connection &connection);
 std::unique_ptr<Http> make_https(const Connection &connection);
-
-// What both say of a failure.
-[[noreturn]] void throw_stopped();
-[[noreturn]] void throw_timeout(const Connection &connection);
-[[noreturn]] void throw_cannot_connect(const Connection &connection, const std::string &why);
-[[noreturn]] void throw_bad_url(const Connection &connection);
-
-constexpr std::size_t largest_answer = 64 << 20;  // bytes
 
 }  // namespace lmqctl

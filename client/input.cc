@@ -1,43 +1,44 @@
 // Texts and JSON into values of the wire.
 #include "input.h"
 
+#include <arpa/inet.h>
+
 #include <algorithm>
-#include <fstream>
-#include <iostream>
-#include <iterator>
 
 #include "error.h"
+#include "file.h"
 #include "names.h"
 #include "scalar_text.h"
+#include "xml_value.h"
 
 namespace lmqctl {
 
 namespace {
-
-std::string contents(const std::string &source, const std::string &place) {
-    if (source == "-") return {std::istreambuf_iterator<char>(std::cin), {}};
-    std::ifstream file(source.substr(1), std::ios::binary);
-    std::string text(std::istreambuf_iterator<char>(file), {});
-    if (!file) throw UsageError(place + ": cannot read the file " + source.substr(1));
-    return text;
-}
-
-Json parsed(const std::string &text, const std::string &place) {
-    try {
-        return Json::parse(text, nullptr, true, true);
-    } catch (const Json::parse_error &error) {
-        std::string why = error.what();
-        why = why.substr(why.find("] ") + 2);
-        throw UsageError(place + ": broken JSON, " + why);
-    }
-}
 
 std::string trimmed(const std::string &text) {
     const std::size_t begin = text.find_first_not_of(" \t\r\n");
     return begin == std::string::npos ? "" : text.substr(begin, text.find_last_not_of(" \t\r\n") - begin + 1);
 }
 
-// The flag that says a member is given: named like it, or like the beginning of a range's two ends.
+const Type &bits_of(const Type &flags) { return flags.kind == Type::mask ? *flags.members[0].type : flags; }
+
+// What stands for an element that is not given.
+Json empty_of(const Type &element) {
+    switch (element.kind) {
+        case Type::integer:
+        case Type::enumeration: return 0;
+        case Type::array:
+        case Type::mac: return Json::array();
+        case Type::text: return "";
+        default: return Json::object();
+    }
+}
+
+// A value as people wrote it.
+std::string written(const Json &json) { return json.is_string() ? json.get<std::string>() : json_text(json); }
+
+}  // namespace
+
 const Member *flag_of(const Type &flags, const std::string &member) {
     if (const Member *same = flags.member(member)) return same;
     for (const Member &flag : flags.members)
@@ -46,18 +47,13 @@ const Member *flag_of(const Type &flags, const std::string &member) {
     return nullptr;
 }
 
-const Type &bits_of(const Type &flags) { return flags.kind == Type::mask ? *flags.members[0].type : flags; }
-
-bool is_zero(const Json &value) {
-    if (value.is_number()) return value == 0;
-    if (value.is_structured()) return std::all_of(value.begin(), value.end(), is_zero);
-    return value.is_string() && value.get_ref<const std::string &>().empty();
-}
-
-}  // namespace
-
 std::string text_of(const std::string &word, const std::string &place) {
-    return word == "-" || (word.starts_with('@') && word.size() > 1) ? trimmed(contents(word, place)) : word;
+    if (word != "-" && (!word.starts_with('@') || word.size() == 1)) return word;
+    try {
+        return trimmed(read_text(word == "-" ? word : word.substr(1)));
+    } catch (const UsageError &error) {
+        throw UsageError(place + ": " + error.what());
+    }
 }
 
 bool is_valid_mask(const Type &structure, const Member &member) {
@@ -81,6 +77,10 @@ Json Input::number(const Type &type, int64_t value, const std::string &place) co
             wrong(type, std::to_string(value), place,
                   ": it goes from " + std::to_string(type.is_signed ? lowest : 0) + " to " + std::to_string(highest));
     }
+    if (!options_.force && !type.meaning.allows(as_declared(type, value)))
+        throw UsageError(place + ": " + std::to_string(value) + " is out of range, which is " +
+                         type.meaning.range_text() + (type.meaning.unit.empty() ? "" : " " + type.meaning.unit) +
+                         "; --force sends it all the same");
     // The wire's int is signed, whatever the member is.
     return type.width <= 32 ? Json(static_cast<int32_t>(value)) : Json(value);
 }
@@ -109,8 +109,8 @@ Json Input::named(const Type &type, const std::string &text, const std::string &
     return number(type, bits, place);
 }
 
-Json Input::flags(const Type &type, const std::string &text, const std::string &place) const {
-    const Type &bits = type.kind == Type::mask ? *type.members[0].type : type;
+Json Input::flags_of_text(const Type &type, const std::string &text, const std::string &place) const {
+    const Type &bits = bits_of(type);
     Json value = Json::object();
     if (const std::optional<int64_t> plain = lmqctl::number(text)) {
         if (type.kind == Type::mask) return Json{{type.members[1].name, static_cast<int32_t>(*plain)}};
@@ -126,7 +126,7 @@ Json Input::flags(const Type &type, const std::string &text, const std::string &
     return type.kind == Type::mask ? Json{{type.members[0].name, value}} : value;
 }
 
-Json Input::structure(const Type &type, const Json &json, const std::string &place) const {
+Json Input::members(const Type &type, const Json &json, const std::string &place) const {
     Json value = Json::object();
     for (const auto &[key, inside] : json.items()) {
         const Member *member = type.member(key);
@@ -138,14 +138,6 @@ Json Input::structure(const Type &type, const Json &json, const std::string &pla
                              did_you_mean(key, type.member_names()));
         }
         value[key] = from_json(*member->type, inside, place + "." + key);
-    }
-    // A template shows all alternatives. They share their place, and the zeros of one must not undo the edit of
-    // another.
-    if (type.kind == Type::overlay && value.size() > 1) {
-        Json edited = Json::object();
-        for (const auto &[key, inside] : value.items())
-            if (!is_zero(inside)) edited[key] = inside;
-        return edited;
     }
     return value;
 }
@@ -161,127 +153,159 @@ Json Input::list(const Type &type, const Json &json, const std::string &place) c
 }
 
 Json Input::from_text(const Type &type, const std::string &text, const std::string &place) const {
+    check_text(text, place);
     if (const std::string held = text_of(text, place); held != text) {
+        check_text(held, place);
         return held == "-" || held.starts_with('@') ? from_json(type, held, place) : from_text(type, held, place);
     }
     if (text.starts_with('{') || text.starts_with('[') || text.starts_with('"'))
-        return from_json(type, parsed(text, place), place);
+        return from_json(type, json_of_user(text, place), place);
     return from_json(type, text, place);
 }
 
 Json Input::from_json(const Type &type, const Json &json, const std::string &place) const {
-    const bool is_text = json.is_string();
-    const std::string text =
-        is_text ? json.get<std::string>() : json.dump(-1, ' ', false, Json::error_handler_t::replace);
     switch (type.kind) {
         case Type::integer:
-        case Type::enumeration:
-            if (json.is_boolean()) return number(type, json.get<bool>(), place);
-            if (json.is_number_integer()) return number(type, json.get<int64_t>(), place);
-            if (!is_text) wrong(type, text, place);
-            if (const std::optional<int64_t> plain = lmqctl::number(text)) return number(type, *plain, place);
-            return named(type, text, place);
-        case Type::text:
-            if (!is_text && !json.is_number()) wrong(type, text, place);
-            if (type.bound && text.size() > type.bound && !options_.force) wrong(type, "\"" + text + "\"", place);
-            return text;
+        case Type::enumeration: return scalar(type, json, place);
+        case Type::text: return text(type, json, place);
         case Type::flags:
-        case Type::mask:
-            if (is_text || json.is_number_integer()) return flags(type, text, place);
-            if (!json.is_object()) wrong(type, text, place);
-            return structure(type, json, place);
-        case Type::mac:
-            if (json.is_array()) return list(type, json, place);
-            if (std::optional<Json> address = mac_from_text(text)) return *address;
-            wrong(type, text, place, ", such as 00:11:22:33:44:55");
-        case Type::array: {
-            if (json.is_array()) return list(type, json, place);
-            if (json.is_object() || type.element->kind == Type::structure) wrong(type, text, place);
-            Json items = Json::array();
-            if (!text.empty())
-                for (const std::string &item : split(text, ',')) items.push_back(trimmed(item));
-            return list(type, items, place);
-        }
+        case Type::mask: return flags(type, json, place);
+        case Type::array: return array(type, json, place);
+        case Type::mac: return mac(type, json, place);
         case Type::ipv4:
-        case Type::ipv6:
-            if (json.is_object()) return structure(type, json, place);
-            if (std::optional<Json> address = ip_from_text(type, text)) return *address;
-            if (type.kind == Type::ipv4)
-                if (const std::optional<int64_t> plain = lmqctl::number(text))
-                    return Json{{type.members[0].name, number(*type.members[0].type, *plain, place)}};
-            wrong(type, text, place, type.kind == Type::ipv4 ? ", such as 192.0.2.1" : ", such as 2001:db8::1");
-        case Type::overlay:
-            if (json.is_object()) return structure(type, json, place);
-            // An address says by its form which alternative it is.
-            if (is_text)
-                for (const Member &alternative : type.members) {
-                    std::optional<Json> address = ip_from_text(*alternative.type, text);
-                    if (!address && alternative.type->kind == Type::mac) address = mac_from_text(text);
-                    if (address) return Json{{alternative.name, *address}};
-                }
-            wrong(
-                type, text, place, "; the alternatives: " + [&] {
-                    std::string names;
-                    for (const Member &alternative : type.members)
-                        names += (names.empty() ? "" : ", ") + alternative.name;
-                    return names;
-                }());
-        case Type::structure: {
-            if (json.is_object()) {
-                Json value = structure(type, json, place);
-                if (options_.set_flags) set_flags(type, value);
-                return value;
-            }
-            // A pointer to structs takes several.
-            if (json.is_array()) {
-                Json items = Json::array();
-                for (const Json &item : json)
-                    items.push_back(from_json(type, item, place + "[" + std::to_string(items.size()) + "]"));
-                return items;
-            }
-            const Member *overlay = is_text ? type.address_overlay() : nullptr;
-            if (overlay) {
-                const Json address = from_json(*overlay->type, json, place);
-                Json value{{overlay->name, address}};
-                for (const auto &[number, name] : overlay->type->selected)
-                    if (!value.contains(overlay->type->selector) && address.contains(name))
-                        value[overlay->type->selector] = number;
-                return value;
-            }
-            wrong(type, text, place, "; lmqctl describe " + type.name + " shows its members");
-        }
+        case Type::ipv6: return ip(type, json, place);
+        case Type::overlay: return overlay(type, json, place);
+        case Type::structure: return structure(type, json, place);
     }
     return json;
 }
 
+Json Input::scalar(const Type &type, const Json &json, const std::string &place) const {
+    if (json.is_boolean()) return number(type, json.get<bool>(), place);
+    if (json.is_number_integer()) return number(type, json.get<int64_t>(), place);
+    const std::string given = written(json);
+    if (!json.is_string()) wrong(type, given, place);
+    if (const std::optional<int64_t> plain = lmqctl::number(given)) return number(type, *plain, place);
+    in_addr address;
+    if (type.meaning.is_ipv4 && inet_pton(AF_INET, given.c_str(), &address) == 1)
+        return number(type, ntohl(address.s_addr), place);
+    return named(type, given, place);
+}
+
+Json Input::text(const Type &type, const Json &json, const std::string &place) const {
+    const std::string given = written(json);
+    if (!json.is_string() && !json.is_number()) wrong(type, given, place);
+    if (type.bound && given.size() > type.bound && !options_.force) wrong(type, "\"" + given + "\"", place);
+    check_text(given, place);
+    return given;
+}
+
+Json Input::flags(const Type &type, const Json &json, const std::string &place) const {
+    if (json.is_object()) return members(type, json, place);
+    if (!json.is_string() && !json.is_number_integer()) wrong(type, written(json), place);
+    return flags_of_text(type, written(json), place);
+}
+
+Json Input::array(const Type &type, const Json &json, const std::string &place) const {
+    if (json.is_array()) return list(type, json, place);
+    const std::string given = written(json);
+    if (json.is_object() || type.element->kind == Type::structure) wrong(type, given, place);
+    Json items = Json::array();
+    if (!given.empty())
+        for (const std::string &item : split(given, ',')) items.push_back(trimmed(item));
+    return list(type, items, place);
+}
+
+Json Input::mac(const Type &type, const Json &json, const std::string &place) const {
+    if (json.is_array()) return list(type, json, place);
+    if (std::optional<Json> address = mac_from_text(written(json))) return *address;
+    wrong(type, written(json), place, ", such as 00:11:22:33:44:55");
+}
+
+Json Input::ip(const Type &type, const Json &json, const std::string &place) const {
+    if (json.is_object()) return members(type, json, place);
+    const std::string given = written(json);
+    if (std::optional<Json> address = ip_from_text(type, given)) return *address;
+    if (type.kind == Type::ipv4)
+        if (const std::optional<int64_t> plain = lmqctl::number(given))
+            return Json{{type.members[0].name, number(*type.members[0].type, *plain, place)}};
+    wrong(type, given, place, type.kind == Type::ipv4 ? ", such as 192.0.2.1" : ", such as 2001:db8::1");
+}
+
+Json Input::overlay(const Type &type, const Json &json, const std::string &place) const {
+    if (json.is_object()) {
+        if (json.size() < 2) return members(type, json, place);
+        // A template shows all alternatives. They share their place, and the zeros of one must not undo the edit of
+        // another, whether they are in range or not.
+        InputOptions lenient = options_;
+        lenient.force = true;
+        const Json given = Input(dictionary_, lenient).members(type, json, place);
+        Json edited = Json::object();
+        for (const auto &[key, inside] : given.items())
+            if (!is_zero(inside)) edited[key] = json[key];
+        return members(type, edited, place);
+    }
+    // An address says by its form which alternative it is.
+    if (json.is_string())
+        for (const Member &alternative : type.members) {
+            std::optional<Json> address = ip_from_text(*alternative.type, written(json));
+            if (!address && alternative.type->kind == Type::mac) address = mac_from_text(written(json));
+            if (address) return Json{{alternative.name, *address}};
+        }
+    std::string names;
+    for (const std::string &name : type.member_names()) names += (names.empty() ? "" : ", ") + name;
+    wrong(type, written(json), place, "; the alternatives: " + names);
+}
+
+Json Input::structure(const Type &type, const Json &json, const std::string &place) const {
+    if (json.is_object()) return members(type, json, place);
+    // A pointer to structs takes several.
+    if (json.is_array()) {
+        Json items = Json::array();
+        for (const Json &item : json)
+            items.push_back(from_json(type, item, place + "[" + std::to_string(items.size()) + "]"));
+        return items;
+    }
+    const Member *overlay = json.is_string() ? type.address_overlay() : nullptr;
+    if (!overlay) wrong(type, written(json), place, "; lmqctl describe " + type.name + " shows its members");
+    const Json address = from_json(*overlay->type, json, place);
+    Json value{{overlay->name, address}};
+    for (const auto &[number, name] : overlay->type->selected)
+        if (!value.contains(overlay->type->selector) && address.contains(name)) value[overlay->type->selector] = number;
+    return value;
+}
+
 void Input::set(const Type &type, Json &value, const std::string &path, const std::string &text,
                 const std::string &place) const {
-    if (path.empty()) {
+    if (path.empty())
         value = from_text(type, text, place);
-        return;
-    }
-    if (path[0] == '[') {
-        const std::size_t end = path.find(']');
-        const std::optional<int64_t> index =
-            end == std::string::npos ? std::nullopt : lmqctl::number(path.substr(1, end - 1));
-        const bool is_list = type.kind == Type::array || type.kind == Type::mac;
-        if (!index || *index < 0) throw UsageError(place + path + ": expected an index in brackets");
-        if (!is_list && type.kind != Type::structure)
-            throw UsageError(place + " is " + type.described() + " and has no elements");
-        const std::size_t at = static_cast<std::size_t>(*index);
-        if ((type.bound && at >= type.bound && !options_.force) || at > 65535)
-            throw UsageError(place + path.substr(0, end + 1) + ": the last element is [" +
-                             std::to_string(type.bound ? type.bound - 1 : 65535) + "]");
-        const Type &element = is_list ? *type.element : type;
-        if (!value.is_array()) value = Json::array();
-        while (value.size() <= at)
-            value.push_back(element.kind == Type::integer || element.kind == Type::enumeration ? Json(0)
-                            : element.kind == Type::array || element.kind == Type::mac         ? Json::array()
-                            : element.kind == Type::text                                       ? Json("")
-                                                                                               : Json::object());
-        set(element, value[at], path.substr(end + 1), text, place + path.substr(0, end + 1));
-        return;
-    }
+    else if (path[0] == '[')
+        set_element(type, value, path, text, place);
+    else
+        set_member(type, value, path, text, place);
+}
+
+void Input::set_element(const Type &type, Json &value, const std::string &path, const std::string &text,
+                        const std::string &place) const {
+    const std::size_t end = path.find(']');
+    const std::optional<int64_t> index =
+        end == std::string::npos ? std::nullopt : lmqctl::number(path.substr(1, end - 1));
+    const bool is_list = type.kind == Type::array || type.kind == Type::mac;
+    if (!index || *index < 0) throw UsageError(place + path + ": expected an index in brackets");
+    if (!is_list && type.kind != Type::structure)
+        throw UsageError(place + " is " + type.described() + " and has no elements");
+    const std::size_t at = static_cast<std::size_t>(*index);
+    if ((type.bound && at >= type.bound && !options_.force) || at > 65535)
+        throw UsageError(place + path.substr(0, end + 1) + ": the last element is [" +
+                         std::to_string(type.bound ? type.bound - 1 : 65535) + "]");
+    const Type &element = is_list ? *type.element : type;
+    if (!value.is_array()) value = Json::array();
+    while (value.size() <= at) value.push_back(empty_of(element));
+    set(element, value[at], path.substr(end + 1), text, place + path.substr(0, end + 1));
+}
+
+void Input::set_member(const Type &type, Json &value, const std::string &path, const std::string &text,
+                       const std::string &place) const {
     const std::size_t end = path.find_first_of(".[", 1);
     const std::string key = path.substr(1, end == std::string::npos ? end : end - 1);
     const Member *member = path[0] == '.' ? type.member(key) : nullptr;
@@ -307,8 +331,7 @@ void Input::set_flags(const Type &type, Json &value) const {
         if ((!two_views && mask.type->kind != Type::flags) || value.contains(mask.name)) continue;
         Json set = Json::object();
         for (const auto &[key, given] : value.items())
-            if (const Member *flag = flag_of(two_views ? *mask.type->members[0].type : *mask.type, key))
-                set[flag->name] = 1;
+            if (const Member *flag = flag_of(bits_of(*mask.type), key)) set[flag->name] = 1;
         if (!set.empty()) value[mask.name] = two_views ? Json{{mask.type->members[0].name, set}} : set;
     }
 }

@@ -14,16 +14,16 @@ namespace lmqctl {
 
 class LineEditor {
   public:
-    // What the last word of the line up to the cursor may become.
+    /// What the last word of the line up to the cursor may become.
     using Completer = std::function<std::vector<Completion>(const std::string &before_cursor)>;
 
-    // `history` is the file of the lines of earlier sessions; empty for none.
+    /// `history` is the file of the lines of earlier sessions; empty for none.
     LineEditor(const std::string &prompt, const std::string &history, Completer completer);
     ~LineEditor();
     LineEditor(const LineEditor &) = delete;
     LineEditor &operator=(const LineEditor &) = delete;
 
-    enum Result { a_line, dropped, end };  // Enter, Ctrl-C, Ctrl-D
+    enum Result { a_line, dropped, end };  ///< Enter, Ctrl-C, Ctrl-D
     Result read(std::string &line);
 
   private:

@@ -4,6 +4,7 @@
 #include "command.h"
 #include "error.h"
 #include "names.h"
+#include "standard_output.h"
 
 namespace lmqctl {
 
@@ -39,8 +40,10 @@ void list(Context &context, const std::string &pattern) {
                 json.push_back({{"name", dictionary.full_name(method.name)},
                                 {"group", group},
                                 {"prototype", method.prototype()},
-                                {"title", method.title()}});
-        print(json.dump(2) + "\n");
+                                {"title", method.title()},
+                                {"family", method.contract ? Json(method.contract->family) : Json()},
+                                {"effect", method.contract ? Json(method.contract->effect) : Json()}});
+        print(json_text(json, 2) + "\n");
         return;
     }
     for (const std::string &group : order) {

@@ -7,7 +7,9 @@
 
 #include "command.h"
 #include "error.h"
+#include "names.h"
 #include "program.h"
+#include "standard_output.h"
 
 namespace lmqctl {
 
@@ -80,35 +82,76 @@ int with_errors_said(const Context &context, const std::function<int()> &action)
     }
 }
 
+namespace {
+
+// The library takes a word like [1,2] for a list of words. With this behind it, it does not.
+constexpr char mark = '\1';
+
+bool is_bracketed(const std::string &word) { return word.starts_with('[') && word.ends_with(']'); }
+
+std::string without_mark(std::string &word) {
+    if (word.starts_with('[') && word.ends_with(mark)) word.pop_back();
+    return {};
+}
+
+// Takes the mark off every argument and every value of an option. Few lines need it.
+void take_marks_off(const CLI::App &app) {
+    for (const CLI::App *command : app.get_subcommands(nullptr))
+        for (CLI::Option *option : const_cast<CLI::App *>(command)->get_options())
+            if (option->get_items_expected_max() > 0) option->transform(CLI::Validator(without_mark, ""));
+}
+
+// The library takes the last word first.
+void parse(CLI::App &app, const std::vector<std::string> &words) {
+    std::vector<std::string> reversed(words.rbegin(), words.rend());
+    if (std::any_of(words.begin(), words.end(), is_bracketed)) {
+        for (std::string &word : reversed)
+            if (is_bracketed(word)) word += mark;
+        take_marks_off(app);
+    }
+    app.parse(std::move(reversed));
+}
+
+std::string help(const CLI::App &app) {
+    const std::vector<CLI::App *> chosen = app.get_subcommands();
+    return chosen.empty() ? app.help() : chosen[0]->help("lmqctl");
+}
+
+// What is wrong with the words; for a command that there is not, the nearest that there are.
+std::string complaint(const CLI::App &app, const CLI::ParseError &error) {
+    std::string text = error.what();
+    const std::vector<std::string> left = app.get_subcommands().empty() ? app.remaining() : std::vector<std::string>();
+    const auto word =
+        std::find_if(left.begin(), left.end(), [](const std::string &each) { return !each.starts_with('-'); });
+    if (word != left.end()) text = *word + " is no command" + did_you_mean(*word, command_names());
+    return text + "\nlmqctl --help lists the commands, lmqctl COMMAND --help their options.";
+}
+
+int carry_out_words(CLI::App &app, Context &context, const std::vector<std::string> &words) {
+    try {
+        set_up_commands(app, context);
+        parse(app, words);
+    } catch (const CLI::CallForHelp &) {
+        print(help(app));
+    } catch (const CLI::CallForVersion &version) {
+        print(std::string(version.what()) + "\n");
+    } catch (const CLI::ParseError &error) {
+        throw UsageError(complaint(app, error));
+    }
+    flush();
+    return context.exit_status;
+}
+
+}  // namespace
+
 int carry_out(Context &context, const std::vector<std::string> &words) {
-    CLI::App app("Calls the methods of a chip's XML-RPC host, and tells what there is to call.", "lmqctl");
+    CLI::App app("Calls the methods of a chip's XML-RPC host, and describes what there is to call.", "lmqctl");
     set_up_options(app, context);
     app.require_subcommand(1);
     app.footer(
-        "Exit status: 0 success, 1 the driver failed, 2 fault, 3 no connection, 64 bad usage.\n"
+        "Exit status: 0 success, 1 the driver failed, 2 fault, 3 no connection, 64 bad usage, 74 cannot write.\n"
         "lmqctl COMMAND --help shows a command's options and an example.");
-    return with_errors_said(context, [&] {
-        try {
-            set_up_commands(app, context);
-            // The library takes the last word first.
-            app.parse(std::vector<std::string>(words.rbegin(), words.rend()));
-        } catch (const CLI::CallForHelp &) {
-            for (const CLI::App *sub : app.get_subcommands()) {
-                print(sub->help("lmqctl"));
-                return static_cast<int>(exit_ok);
-            }
-            print(app.help());
-            return static_cast<int>(exit_ok);
-        } catch (const CLI::Success &success) {
-            return app.exit(success);
-        } catch (const CLI::ParseError &error) {
-            std::fflush(stdout);
-            std::fprintf(stderr, "lmqctl: %s\nlmqctl --help lists the commands, lmqctl COMMAND --help their options.\n",
-                         error.what());
-            return static_cast<int>(exit_usage);
-        }
-        return context.exit_status;
-    });
+    return with_errors_said(context, [&] { return carry_out_words(app, context, words); });
 }
 
 }  // namespace lmqctl
@@ -116,6 +159,7 @@ int carry_out(Context &context, const std::vector<std::string> &words) {
 int main(int argc, char **argv) {
     // A reader that has seen enough ends the program, quietly, as it does any other.
     signal(SIGPIPE, SIG_DFL);
+    lmqctl::hold_standard_descriptors();
     lmqctl::Context context;
     context.connection.url = "http://127.0.0.1:8080/RPC2";
     return lmqctl::carry_out(context, {argv + std::min(argc, 1), argv + argc});

@@ -4,25 +4,11 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "answer.h"
+#include "arguments.h"
 #include "scalar_text.h"
 
 namespace lmqctl {
-
-namespace {
-
-bool is_zero(const Json &value) {
-    if (value.is_number()) return value == 0;
-    if (value.is_string()) return value.get_ref<const std::string &>().empty();
-    return value.is_structured() && std::all_of(value.begin(), value.end(), is_zero);
-}
-
-}  // namespace
-
-bool is_success(const Dictionary &dictionary, const Method &method, const Json &result) {
-    if (!method.is_described() || !result.is_number_integer()) return true;
-    const std::string base = dictionary.base_type(method.result);
-    return base != "int" || result == 0;
-}
 
 std::string Output::paint(const char *code, const std::string &text) const {
     return style_.color ? std::string("\033[") + code + "m" + text + "\033[0m" : text;
@@ -39,7 +25,7 @@ std::string Output::status(const Method &method, const Json &result) const {
         char number[48];
         std::snprintf(number, sizeof number, " (%lld = 0x%llx", static_cast<long long>(value->number),
                       static_cast<unsigned long long>(value->number));
-        text += number + (value->base.empty() ? "" : ": " + value->base + " + " + std::to_string(value->told)) + ")";
+        text += number + (value->base.empty() ? "" : ": " + value->base + " + " + std::to_string(value->listed)) + ")";
     }
     return paint(success ? "32" : "31", text);
 }
@@ -49,7 +35,7 @@ std::string Output::one_line(const Type &type, const Json &value) const {
     switch (type.kind) {
         case Type::integer:
         case Type::enumeration: return value.is_structured() ? "" : scalar_to_text(dictionary_, type, value);
-        case Type::text: return value.dump(-1, ' ', false, Json::error_handler_t::replace);
+        case Type::text: return json_text(value);
         case Type::flags: return flags_to_text(value);
         case Type::mask: {
             // Bits beyond the flags show in the other view alone.
@@ -60,7 +46,8 @@ std::string Output::one_line(const Type &type, const Json &value) const {
         }
         case Type::array:
         case Type::mac:
-            if (!value.is_array()) return value.is_structured() ? "" : value.dump();
+            if (!value.is_array())
+                return value.is_structured() ? "" : scalar_to_text(dictionary_, *type.element, value);
             if (value.empty()) return "[]";
             if (!style_.full && value.size() > 1 && is_zero(value)) return std::to_string(value.size()) + " x 0";
             if (type.element->kind != Type::integer && type.element->kind != Type::enumeration) return "";
@@ -79,75 +66,94 @@ std::string Output::value(const std::string &name, const Type &type, const Json 
     std::string line = one_line(type, value);
     if (!style_.full && type.kind == Type::structure && value.is_array() && value.size() > 1 && is_zero(value))
         line = std::to_string(value.size()) + " x 0";
+    if (value.is_array() && value.empty()) line = "[]";
     if (!line.empty()) {
         const std::size_t width = name.size() < 24 ? 24 - name.size() : 1;
         return margin + paint("36", name) + std::string(width, ' ') + line + "\n";
     }
-    std::string text = margin + paint("36", name) + "\n";
-    if (value.is_array()) {
-        const Type &element = type.element ? *type.element : type;
-        std::size_t zeros = 0;
-        for (std::size_t i = 0; i < value.size(); ++i) {
-            if (!style_.full && is_zero(value[i]) && value.size() > 1)
-                ++zeros;
-            else
-                text += this->value("[" + std::to_string(i) + "]", element, value[i], indent + 2);
-        }
-        if (zeros) text += margin + "  (" + std::to_string(zeros) + " more, all 0)\n";
-        return text;
+    const std::string head = margin + paint("36", name) + "\n";
+    if (value.is_array()) return head + elements(type.element ? *type.element : type, value, indent + 2);
+    return value.is_object() ? head + members(type, value, indent + 2) : head;
+}
+
+std::string Output::elements(const Type &element, const Json &items, unsigned indent) const {
+    std::string text;
+    std::size_t zeros = 0;
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        if (!style_.full && is_zero(items[i]) && items.size() > 1)
+            ++zeros;
+        else
+            text += value("[" + std::to_string(i) + "]", element, items[i], indent);
     }
-    if (!value.is_object()) return text;
-    for (const auto &[key, inside] : value.items()) {
+    if (zeros) text += std::string(indent, ' ') + "(" + std::to_string(zeros) + " more, all 0)\n";
+    return text;
+}
+
+std::string Output::members(const Type &type, const Json &object, unsigned indent) const {
+    std::string text;
+    for (const auto &[key, inside] : object.items()) {
         const Member *member = type.member(key);
-        if (!member) {
-            text += margin + "  " + key + " " + inside.dump() + "\n";
-            continue;
-        }
-        const Type &kind = *member->type;
-        if (kind.kind == Type::overlay && !kind.selector.empty() && !style_.full && value.contains(kind.selector)) {
-            const Json &selector = value[kind.selector];
-            const auto chosen =
-                selector.is_number() ? kind.selected.find(selector.get<int64_t>()) : kind.selected.end();
-            if (chosen == kind.selected.end()) {
-                text +=
-                    margin + "  " + paint("36", key) + " (" + kind.selector + " selects none of its alternatives)\n";
-            } else if (inside.contains(chosen->second)) {
-                text += this->value(key + "." + chosen->second, *kind.member(chosen->second)->type,
-                                    inside[chosen->second], indent + 2);
-            }
-            continue;
-        }
-        text += this->value(key, kind, inside, indent + 2);
+        if (!member)
+            text += std::string(indent, ' ') + key + " " + inside.dump() + "\n";
+        else if (member->type->kind == Type::overlay && !style_.full && object.contains(member->type->selector))
+            text += alternative(*member, inside, object[member->type->selector], indent);
+        else
+            text += value(key, *member->type, inside, indent);
     }
     return text;
+}
+
+std::string Output::alternative(const Member &overlay, const Json &all, const Json &selector, unsigned indent) const {
+    const Type &type = *overlay.type;
+    const auto chosen = selector.is_number() ? type.selected.find(selector.get<int64_t>()) : type.selected.end();
+    if (chosen == type.selected.end())
+        return std::string(indent, ' ') + paint("36", overlay.name) + " (" + type.selector +
+               " selects none of its alternatives)\n";
+    const std::string &name = chosen->second;
+    return all.contains(name) ? value(overlay.name + "." + name, *type.member(name)->type, all[name], indent) : "";
+}
+
+Json Output::given(const Type &type, const Json &value) const {
+    if (!value.is_structured()) return value;
+    Json kept = value.is_array() ? Json::array() : Json::object();
+    std::vector<std::pair<const Type *, Json>> masks;
+    for (const Member &member : type.members)
+        if (value.is_object() && value.contains(member.name) && is_valid_mask(type, member)) {
+            const bool two_views = member.type->kind == Type::mask;
+            const Type &bits = two_views ? *member.type->members[0].type : *member.type;
+            masks.emplace_back(
+                &bits, two_views ? value[member.name].value(member.type->members[0].name, Json()) : value[member.name]);
+        }
+    const auto is_given = [&](const std::string &key) {
+        return std::all_of(masks.begin(), masks.end(), [&](const auto &mask) {
+            const Member *flag = flag_of(*mask.first, key);
+            return !flag || !mask.second.is_object() || mask.second.value(flag->name, Json(1)) != 0;
+        });
+    };
+    for (const auto &[key, inside] : value.items()) {
+        const Member *member = value.is_object() ? type.member(key) : nullptr;
+        if (value.is_array())
+            kept.push_back(given(type.element ? *type.element : type, inside));
+        else if (is_given(key))
+            kept[key] = member ? given(*member->type, inside) : inside;
+    }
+    return kept;
 }
 
 std::string Output::answer(const Method &method, const Json &answer) const {
-    if (!method.is_described()) return answer.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
-    std::string text = status(method, answer.is_array() && !answer.empty() ? answer[0] : answer) + "\n";
-    for (std::size_t i = 0; i < method.parameters.size() && i + 1 < answer.size(); ++i)
-        text += value(method.parameters[i].name, *types_.parameter(method.parameters[i]), answer[i + 1]);
+    if (!method.is_described()) return json_text(answer, 2) + "\n";
+    std::string text = status(method, result_of(answer)) + "\n";
+    for (std::size_t i = 0; i < method.parameters.size() && i + 1 < answer.size(); ++i) {
+        const Parameter &parameter = method.parameters[i];
+        const TypePtr type = types_.parameter(parameter);
+        Json shown = answer[i + 1];
+        if (!style_.full) shown = filled(method, i, answer);
+        if (!style_.full && parameter.is_pointer() && parameter.said.direction != Direction::inout &&
+            !is_output(method, parameter))
+            shown = given(*type, shown);
+        text += value(parameter.name, *type, shown);
+    }
     return text;
-}
-
-Json Output::plain(const Type &type, const Json &value, const Dictionary *names) {
-    if (value.is_number_integer()) {
-        const Enum *values = names && type.kind == Type::enumeration ? names->enumeration(type.name) : nullptr;
-        if (const Enumerator *named = values ? values->numbered(value.get<int64_t>()) : nullptr) return named->name;
-        const int64_t number = as_declared(type, value.get<int64_t>());
-        return !type.is_signed && type.width == 64 ? Json(static_cast<uint64_t>(number)) : Json(number);
-    }
-    if (!value.is_structured()) return value;
-    Json result = value.is_array() ? Json::array() : Json::object();
-    for (const auto &[key, inside] : value.items()) {
-        const Member *member = value.is_object() ? type.member(key) : nullptr;
-        const Type &kind = member ? *member->type : value.is_array() && type.element ? *type.element : type;
-        if (value.is_array())
-            result.push_back(plain(kind, inside, names));
-        else
-            result[key] = member ? plain(kind, inside, names) : inside;
-    }
-    return result;
 }
 
 }  // namespace lmqctl

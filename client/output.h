@@ -9,8 +9,8 @@
 namespace lmqctl {
 
 struct Style {
-    bool full = false;   // all alternatives, all zeros
-    bool color = false;  // for a terminal
+    bool full = false;   ///< all alternatives, all zeros
+    bool color = false;  ///< for a terminal
 };
 
 class Output {
@@ -18,29 +18,28 @@ class Output {
     Output(const Dictionary &dictionary, Types &types, Style style)
         : dictionary_(dictionary), types_(types), style_(style) {}
 
-    // The answer of a method, [result, argument...], with its status line: lines that end with a line break.
+    /// The answer of a method, [result, argument...], with its status line: lines that end with a line break.
     std::string answer(const Method &method, const Json &answer) const;
 
-    // A value under a name. Structures and arrays go on in lines of their own, indented.
+    /// A value under a name. Structures and arrays go on in lines of their own, indented.
     std::string value(const std::string &name, const Type &type, const Json &value, unsigned indent = 0) const;
 
-    // "VX_SUCCESS", "VX_ERR_GLBL_X (28674 = 0x7002: VX_ERR_GLBL_BASE + 2)".
+    /// "VX_SUCCESS", "VX_ERR_GLBL_X (28674 = 0x7002: VX_ERR_GLBL_BASE + 2)".
     std::string status(const Method &method, const Json &result) const;
-
-    // Values with unsigned numbers as such, for programs; with a dictionary, enumerators by name.
-    static Json plain(const Type &type, const Json &value, const Dictionary *names = nullptr);
 
     std::string paint(const char *code, const std::string &text) const;
 
   private:
-    std::string one_line(const Type &type, const Json &value) const;  // empty if it needs several
+    std::string one_line(const Type &type, const Json &value) const;  ///< empty if it needs several
+    std::string elements(const Type &element, const Json &items, unsigned indent) const;
+    std::string members(const Type &type, const Json &object, unsigned indent) const;
+    /// What was sent, without the members that were not given.
+    Json given(const Type &type, const Json &value) const;
+    /// The one that the selector's number means.
+    std::string alternative(const Member &overlay, const Json &all, const Json &selector, unsigned indent) const;
     const Dictionary &dictionary_;
     Types &types_;
     Style style_;
 };
-
-// Whether a result says that the driver did what it was asked: 0 of an enum or a signed number. Another type is a
-// value, and so is no failure.
-bool is_success(const Dictionary &dictionary, const Method &method, const Json &result);
 
 }  // namespace lmqctl

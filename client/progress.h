@@ -8,9 +8,9 @@ namespace lmqctl {
 
 class Progress {
   public:
-    // Shows nothing if standard error is no terminal.
+    /// Shows nothing if standard error is no terminal.
     Progress(std::string what, std::size_t all);
-    ~Progress();  // takes the bar away
+    ~Progress();  ///< takes the bar away
     Progress(const Progress &) = delete;
     Progress &operator=(const Progress &) = delete;
     void reached(std::size_t count);

@@ -1,9 +1,7 @@
 // lmqctl repl: many commands over one connection, from a terminal or from a pipe.
-#include <signal.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -11,6 +9,7 @@
 
 #include "command.h"
 #include "error.h"
+#include "interrupt.h"
 #include "line_editor.h"
 #include "names.h"
 #include "program.h"
@@ -19,8 +18,6 @@
 namespace lmqctl {
 
 namespace {
-
-volatile std::sig_atomic_t interrupted = 0;
 
 std::string history_file() {
     namespace fs = std::filesystem;
@@ -31,13 +28,6 @@ std::string history_file() {
     std::error_code failure;
     if (!folder.empty()) fs::create_directories(folder, failure);
     return folder.empty() || failure ? "" : (folder / "history").string();
-}
-
-std::vector<std::string> command_names() {
-    std::vector<std::string> names;
-    for (const Command &command : commands)
-        if (*command.summary) names.push_back(command.name);
-    return names;
 }
 
 // The words of a line as those of a shell behind lmqctl: `call` in front of a method's name, `help` as --help.
@@ -89,9 +79,7 @@ bool is_end(const std::string &line) {
 }
 
 void from_terminal(Context &context) {
-    struct sigaction action {};
-    action.sa_handler = [](int) { interrupted = 1; };
-    sigaction(SIGINT, &action, nullptr);
+    const CatchInterrupt caught;
     context.connection.stop = &interrupted;
     std::printf("%s. help lists the commands, Tab completes, Ctrl-D ends.\n", context.connection.url.c_str());
     std::fflush(stdout);

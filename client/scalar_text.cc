@@ -64,12 +64,21 @@ int64_t as_declared(const Type &type, int64_t wire) {
 }
 
 std::string scalar_to_text(const Dictionary &dictionary, const Type &type, const Json &value) {
-    if (!value.is_number_integer()) return value.dump(-1, ' ', false, Json::error_handler_t::replace);
+    if (!value.is_number_integer()) return json_text(value);
     const int64_t number = as_declared(type, value.get<int64_t>());
     if (!type.is_signed && type.width == 64) return std::to_string(static_cast<uint64_t>(number));
+    if (type.meaning.is_ipv4) {
+        char text[INET_ADDRSTRLEN] = "";
+        const in_addr address{htonl(static_cast<uint32_t>(number))};
+        return inet_ntop(AF_INET, &address, text, sizeof text);
+    }
     const Enum *values = type.kind == Type::enumeration ? dictionary.enumeration(type.name) : nullptr;
     if (!values) return std::to_string(number);
     if (const Enumerator *named = values->numbered(number)) return named->name;
+    if (type.meaning.is_bits && number == 0) return "0";
+    // A number that stands for none or for all.
+    for (const int64_t other : type.meaning.also)
+        if (other == number) return std::to_string(number);
     // Bits of several enumerators, if they are all that the number is.
     std::string text;
     int64_t left = number;

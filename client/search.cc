@@ -1,9 +1,11 @@
 // lmqctl search and lmqctl uses: where a word occurs, and who takes or holds a type.
 #include <algorithm>
+#include <functional>
 
 #include "command.h"
 #include "error.h"
 #include "names.h"
+#include "standard_output.h"
 
 namespace lmqctl {
 
@@ -23,7 +25,18 @@ void show(Context &context, const std::vector<Hit> &hits) {
             print(std::string(hit.kind) + std::string(10 - std::string(hit.kind).size(), ' ') +
                   output.paint("1", hit.name) + (hit.where.empty() ? "" : "  " + hit.where) + "\n");
     }
-    if (context.json) print(json.dump(2) + "\n");
+    if (context.json) print(json_text(json, 2) + "\n");
+}
+
+// The first sentence in an entry of the contract that fits.
+std::string sentence_in(const Json &said, const std::function<bool(const std::string &)> &fits) {
+    if (!said.is_structured()) return "";
+    for (const auto &[key, inside] : said.items()) {
+        const bool is_sentence = said.is_object() && inside.is_string() && (key == "brief" || key == "documentation");
+        if (is_sentence && fits(inside)) return inside;
+        if (const std::string found = sentence_in(inside, fits); !found.empty()) return found;
+    }
+    return "";
 }
 
 void search(Context &context, const std::string &word) {
@@ -38,6 +51,7 @@ void search(Context &context, const std::string &word) {
             for (const std::string &line : split(method.help, '\n'))
                 if (where.empty() && holds(line))
                     where = line.substr(std::min(line.find_first_not_of(' '), line.size()));
+            if (method.contract) where = sentence_in(dictionary.said(Dictionary::said_of_methods, name), holds);
             for (const Parameter &parameter : method.parameters)
                 if (where.empty() && holds(parameter.name)) where = parameter.type + " " + parameter.name;
         } else {
@@ -52,6 +66,7 @@ void search(Context &context, const std::string &word) {
             if (holds(member["name"])) where += (where.empty() ? "" : ", ") + member["name"].get<std::string>();
         // Keys of structs without a name stand in the prototype alone.
         const bool is_inside = where.empty() && holds(shape(told["prototype"]));
+        if (where.empty() && !is_inside) where = sentence_in(dictionary.said(Dictionary::said_of_structs, name), holds);
         if (holds(name) || !where.empty() || is_inside)
             hits.push_back({"struct", name, is_inside ? "(inside)" : where});
     }
@@ -59,6 +74,7 @@ void search(Context &context, const std::string &word) {
         std::string where;
         for (const Enumerator &value : dictionary.enumeration(name)->values)
             if (holds(value.name)) where += (where.empty() ? "" : ", ") + value.name;
+        if (where.empty()) where = sentence_in(dictionary.said(Dictionary::said_of_enums, name), holds);
         if (holds(name) || !where.empty()) hits.push_back({"enum", name, where});
     }
     for (const std::string &name : dictionary.names(Dictionary::defines))

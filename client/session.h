@@ -1,7 +1,6 @@
-// Calls to a host: the XML-RPC library's client with our transport under it.
+// Calls to a host, one at a time or many in one request.
 #pragma once
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -10,8 +9,8 @@
 
 namespace lmqctl {
 
-// Calls that go in one packet: what a host takes at least.
-inline constexpr std::size_t calls_in_a_packet = 100;
+/// Calls that go in one request: what a host takes at least.
+inline constexpr std::size_t calls_in_a_request = 100;
 
 struct Call {
     std::string method;
@@ -20,28 +19,27 @@ struct Call {
 
 class Session {
   public:
-    // Connects with the first call. Throws a UsageError for a URL that is none.
-    explicit Session(const Connection &connection);
-    ~Session();
-    Session(const Session &) = delete;
-    Session &operator=(const Session &) = delete;
+    /// Connects with the first call. Throws a UsageError for a URL that is none.
+    explicit Session(const Connection &connection) : url_(connection.url), transport_(connection) {}
 
-    // Calls a method. Throws a Fault, or an Error for a host that cannot be reached or speaks something else.
+    /// Calls a method. Throws a Fault, or an Error for a host that cannot be reached or speaks something else.
     Json call(const std::string &method, const Json &parameters = Json::array());
 
-    // Many calls in as few documents as the host takes (100 calls each). One answer for each call: what it returned, or
-    // an object with faultCode and faultString (see is_fault).
+    /// Many calls in as few requests as the host takes (100 calls each). One answer for each call: what it returned,
+    /// or an object with faultCode and faultString (see is_fault).
     std::vector<Json> multicall(const std::vector<Call> &calls);
 
-    // The document that the last call was answered with.
-    const std::string &last_xml() const { return transport_.last_answer; }
+    /// A document that the host serves beside its calls, with any status; 304 for the version with this tag.
+    HttpAnswer get(const std::string &name, const std::string &tag) { return transport_.get(name, tag); }
+
+    /// The document that the last call was answered with.
+    const std::string &last_xml() const { return last_xml_; }
     const std::string &url() const { return url_; }
 
   private:
-    std::string url_;
-    xmlrpc_client_transport transport_;
-    xmlrpc_client *client_ = nullptr;
-    xmlrpc_server_info *server_ = nullptr;
+    const std::string url_;
+    Transport transport_;
+    std::string last_xml_;
 };
 
 bool is_fault(const Json &answer);

@@ -1,29 +1,28 @@
-// The way of documents to the host and back, plugged into the XML-RPC library's client: our HTTP under it, and what an
-// HTTP status means to the user. The library's own transport knows neither Unix sockets nor which status was answered.
+// The way of documents to a host and back, and what an HTTP status means to the user.
 #pragma once
 
-#include <xmlrpc-c/client.h>
-#include <xmlrpc-c/transport.h>
-
-#include <exception>
 #include <memory>
 #include <string>
 
 #include "http.h"
 
-// The library leaves this type to whoever writes a transport. One connection, kept open from call to call.
-struct xmlrpc_client_transport {
-    explicit xmlrpc_client_transport(const lmqctl::Connection &connection);
-    xmlrpc_client_transport(const xmlrpc_client_transport &) = delete;
-    xmlrpc_client_transport &operator=(const xmlrpc_client_transport &) = delete;
+namespace lmqctl {
 
-    // Sends a document, returns the answer's. Throws an Error that says why there is none.
+/// One connection, kept open from call to call.
+class Transport {
+  public:
+    /// Throws a UsageError for a URL that is none.
+    explicit Transport(const Connection &connection);
+
+    /// Sends a document, returns the answer's. Throws an Error that says why there is none.
     std::string exchange(const std::string &request);
 
-    std::string last_answer;
-    std::exception_ptr failure;  // what `exchange` threw, past the library's C frames
+    /// A document that the host serves beside its calls, as Http::get.
+    HttpAnswer get(const std::string &name, const std::string &tag) { return http_->get(name, tag); }
 
   private:
-    const lmqctl::Connection connection_;
-    const std::unique_ptr<lmqctl::Http> http_;
+    const Connection connection_;
+    const std::unique_ptr<Http> http_;
 };
+
+}  // namespace lmqctl

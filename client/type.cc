@@ -78,7 +78,8 @@ std::string Type::described() const {
     switch (kind) {
         case integer:
             return "a whole number of " + std::to_string(width) + " bits" + (name.empty() ? "" : " (" + name + ")");
-        case enumeration: return "an enumerator of " + name;
+        case enumeration:
+            return (meaning.is_bits ? "enumerators with | between them, of " : "an enumerator of ") + name;
         case text: return "a text of at most " + std::to_string(bound) + " characters";
         case array:
             return "an array of " + (bound ? "at most " + std::to_string(bound) + " " : "") + element->declared();
@@ -94,6 +95,7 @@ std::string Type::described() const {
 }
 
 std::string Type::declared() const {
+    if (!held.empty()) return held;
     if (!name.empty()) return name;
     switch (kind) {
         case array:
@@ -125,8 +127,10 @@ TypePtr Types::scalar(const std::string &name) {
 TypePtr Types::parameter(const Parameter &parameter) {
     if (parameter.is_udt)
         if (TypePtr found = udt(parameter.pointee())) return found;
-    if (!parameter.is_pointer() || parameter.pointee() == "void") return scalar(parameter.type);
-    return list_of(scalar(parameter.pointee()), is_mac_name(parameter.name) ? 6 : 0, parameter.name);
+    const Meaning &meaning = parameter.said.meaning;
+    if (!parameter.is_pointer() || parameter.pointee() == "void") return with_meaning(scalar(parameter.type), meaning);
+    return list_of(with_meaning(scalar(parameter.pointee()), meaning), is_mac_name(parameter.name) ? 6 : 0,
+                   parameter.name);
 }
 
 TypePtr Types::udt(const std::string &name) {
@@ -140,13 +144,18 @@ TypePtr Types::udt(const std::string &name) {
     Type type;
     type.kind = Type::structure;
     type.name = name;
+    udts_[name] = nullptr;  // a host may say that a struct holds itself
     const Json &prototype = (*told)["prototype"];
     for (const Json &record : (*told)["members"]) {
         const std::string declared = record["name"], key = declared.substr(0, declared.find('['));
         type.members.push_back(
             {key, member(record["type"], declared, prototype.contains(key) ? prototype[key] : Json())});
     }
-    find_selectors(type);
+    const Json said = dictionary_.said(Dictionary::said_of_structs, name);
+    if (said.is_null())
+        find_selectors(type);
+    else
+        add_meanings(type, said["members"]);
     recognise_address(type);
     return udts_[name] = shared(type);
 }
@@ -193,6 +202,52 @@ TypePtr Types::unnamed(const std::string &name, const Json &prototype, bool is_m
     // A member's own struct lays alternatives over each other; one inside an alternative holds what belongs together.
     type.kind = is_flags ? Type::flags : is_mask ? Type::mask : is_member ? Type::overlay : Type::structure;
     return shared(type);
+}
+
+TypePtr Types::with_meaning(const TypePtr &type, const Meaning &meaning) const {
+    Type changed = *type;
+    if (type->element) {
+        changed.element = with_meaning(type->element, meaning);
+        return shared(changed);
+    }
+    if (type->kind != Type::integer && type->kind != Type::enumeration) return type;
+    changed.meaning = meaning;
+    if (type->kind == Type::integer && dictionary_.has(Dictionary::enums, meaning.enumeration)) {
+        changed.kind = Type::enumeration;
+        changed.held = type->declared();
+        changed.name = meaning.enumeration;
+    }
+    return shared(changed);
+}
+
+TypePtr Types::with_meaning(const TypePtr &type, const Json &entry) {
+    if (type->kind == Type::structure || type->kind == Type::overlay) {
+        if (!type->name.empty() && !entry.contains("by")) return type;
+        Type changed = *type;
+        if (entry.contains("members")) add_meanings(changed, entry["members"]);
+        if (entry.contains("by")) select(changed, entry);
+        return shared(changed);
+    }
+    return with_meaning(type, meaning_of(entry));
+}
+
+void Types::add_meanings(Type &structure, const Json &members) {
+    for (const Json &entry : members)
+        for (Member &member : structure.members) {
+            if (member.name != entry["name"]) continue;
+            member.brief = entry.value("brief", "");
+            const TypePtr known = member.type->name.empty() ? udt(entry["type"]) : nullptr;
+            member.type = with_meaning(known && member.type->kind == known->kind ? known : member.type, entry);
+        }
+}
+
+void Types::select(Type &overlay, const Json &entry) const {
+    overlay.selector = entry["by"];
+    overlay.selected.clear();
+    for (const Json &alternative : entry.value("members", Json::array()))
+        for (const Json &name : alternative.value("if", Json::array()))
+            if (const Enum *values = dictionary_.enum_of(name); values && overlay.member(alternative["name"]))
+                overlay.selected.emplace(values->named(name.get<std::string>())->number, alternative["name"]);
 }
 
 void Types::find_selectors(Type &structure) const {

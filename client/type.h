@@ -18,41 +18,44 @@ using TypePtr = std::shared_ptr<const Type>;
 struct Member {
     std::string name;
     TypePtr type;
+    std::string brief = {};  ///< what the contract says of it
 };
 
 struct Type {
     enum Kind {
-        integer,      // width, is_signed
-        enumeration,  // the same; `name` is an enum's
-        text,         // a string of at most `bound` characters
-        array,        // of `element`, at most `bound` (0: not told)
-        structure,    // members
-        flags,        // members are bits, the lowest first
-        mask,         // members are two views of a bit set: members[0] is `flags`, members[1] an integer over them
-        overlay,      // members are alternatives in one place
-        mac,          // array of six bytes
-        ipv4,         // struct of one number, members[0]; the first byte is its highest
-        ipv6,         // struct around sixteen bytes; `path` leads to them
+        integer,      ///< width, is_signed
+        enumeration,  ///< the same; `name` is an enum's
+        text,         ///< a string of at most `bound` characters
+        array,        ///< of `element`, at most `bound` (0: not known)
+        structure,    ///< members
+        flags,        ///< members are bits, the lowest first
+        mask,         ///< members are two views of a bit set: members[0] is `flags`, members[1] an integer over them
+        overlay,      ///< members are alternatives in one place
+        mac,          ///< array of six bytes
+        ipv4,         ///< struct of one number, members[0]; the first byte is its highest
+        ipv6,         ///< struct around sixteen bytes; `path` leads to them
     };
     Kind kind = integer;
-    std::string name;  // declared; empty for a struct without a name
+    std::string name;  ///< declared; empty for a struct without a name; an enumeration's enum
+    std::string held;  ///< of an enumeration in an integer: the declared type of that
+    Meaning meaning;   ///< of a number, as the contract has it
     unsigned width = 32;
     bool is_signed = true;
     std::size_t bound = 0;
     TypePtr element;
     std::vector<Member> members;
     std::vector<std::string> path;
-    // Of an overlay: the sibling that selects, and the alternative for each of its numbers. Empty if not known.
+    /// Of an overlay: the sibling that selects, and the alternative for each of its numbers. Empty if not known.
     std::string selector;
     std::map<int64_t, std::string> selected;
 
     const Member *member(const std::string &member_name) const;
     std::vector<std::string> member_names() const;
-    // A struct for an address of either kind: an overlay with an ipv4 and an ipv6 alternative, and its selector.
+    /// A struct for an address of either kind: an overlay with an ipv4 and an ipv6 alternative, and its selector.
     const Member *address_overlay() const;
-    // For people: "an array of at most 8 vx_uint16".
+    /// For people: "an array of at most 8 vx_uint16".
     std::string described() const;
-    // "vx_uint16", "vx_uint16[8]".
+    /// "vx_uint16", "vx_uint16[8]".
     std::string declared() const;
 };
 
@@ -60,17 +63,22 @@ class Types {
   public:
     explicit Types(const Dictionary &dictionary) : dictionary_(dictionary) {}
 
-    // Of a parameter: behind a pointer to a UDT the UDT, behind another an array.
+    /// Of a parameter: behind a pointer to a UDT the UDT, behind another an array.
     TypePtr parameter(const Parameter &parameter);
-    TypePtr udt(const std::string &name);     // nullptr if there is none
-    TypePtr scalar(const std::string &name);  // of an enum, a typedef or a C type
+    TypePtr udt(const std::string &name);     ///< nullptr if there is none
+    TypePtr scalar(const std::string &name);  ///< of an enum, a typedef or a C type
 
   private:
     TypePtr member(const std::string &type, const std::string &declared, const Json &prototype);
     TypePtr unnamed(const std::string &name, const Json &prototype, bool is_member);
     void find_selectors(Type &structure) const;
+    /// A type with what the contract's entry says of an argument or a member.
+    TypePtr with_meaning(const TypePtr &type, const Json &entry);
+    TypePtr with_meaning(const TypePtr &type, const Meaning &meaning) const;
+    void add_meanings(Type &structure, const Json &members);
+    void select(Type &overlay, const Json &entry) const;
     const Dictionary &dictionary_;
-    std::map<std::string, TypePtr> udts_;
+    std::map<std::string, TypePtr> udts_;  ///< nullptr for one that is being made
 };
 
 }  // namespace lmqctl

@@ -1,7 +1,5 @@
-// Between JSON and the XML-RPC library's values.
+// JSON as XML-RPC documents and back, with the XML-RPC library.
 #pragma once
-
-#include <xmlrpc-c/base.h>
 
 #include <string>
 
@@ -9,28 +7,19 @@
 
 namespace lmqctl {
 
-// A library environment that turns the library's errors into a Fault.
-struct Environment {
-    Environment() { xmlrpc_env_init(&env); }
-    ~Environment() { xmlrpc_env_clean(&env); }
-    Environment(const Environment &) = delete;
-    Environment &operator=(const Environment &) = delete;
-    void check() const;
-    xmlrpc_env env;
-};
-
-struct Release {
-    void operator()(xmlrpc_value *value) const { xmlrpc_DECREF(value); }
-};
-using Value = std::unique_ptr<xmlrpc_value, Release>;
-
-// A whole number of 32 bits becomes an int, a larger one an i8.
-Value to_value(const Json &json);
-
-// A base64 becomes a text of hexadecimal digits, a date its text.
-Json from_value(xmlrpc_value *value);
-
-// The document of a call.
+/// The document of a call. A whole number of 32 bits becomes an int, a larger one an i8. Throws a UsageError for a text
+/// that a document cannot hold.
 std::string request_xml(const std::string &method, const Json &parameters);
+
+/// The value in the document of an answer; a base64 becomes a text of hexadecimal digits, a date its text. Throws a
+/// Fault if the answer is one, and an Error that names `url` if it is no answer at all.
+Json answer_value(const std::string &document, const std::string &url);
+
+/// Throws a UsageError if a document cannot hold the text: it is not UTF-8, or has control characters in it. `place` is
+/// for the error.
+void check_text(const std::string &text, const std::string &place);
+
+/// Without line breaks.
+std::string base64(const std::string &bytes);
 
 }  // namespace lmqctl

@@ -10,7 +10,8 @@
 set -eu
 
 sysroot=$(mkdir -p "$1" && cd "$1" && pwd)
-packages="libxmlrpc-core-c3-dev libmicrohttpd-dev libcli11-dev nlohmann-json3-dev libgtest-dev libbenchmark-dev libexpat1-dev libgnutls28-dev libcrypt-dev"
+. "$(dirname -- "$0")/../scripts/packages.sh"
+packages=$packages_of_sysroot
 stamp=$sysroot/.packages
 if [ "$(cat "$stamp" 2>/dev/null)" = "$packages" ]; then exit 0; fi
 

@@ -23,6 +23,7 @@ get_filename_component(LMQ_INTERFACE ${LMQ_DRIVER_INCLUDE} ABSOLUTE BASE_DIR ${C
 get_filename_component(library ${LMQ_DRIVER_LIBRARY} ABSOLUTE BASE_DIR ${CMAKE_BINARY_DIR})
 # Each, since a header that is missing there must not be taken from here.
 file(GLOB headers RELATIVE ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/include/lmq/*.h)
+list(REMOVE_ITEM headers lmq/remote.h) # the remote driver's own, not a driver's
 foreach(header IN LISTS headers)
     if(NOT EXISTS ${LMQ_INTERFACE}/${header})
         message(FATAL_ERROR "LMQ_DRIVER_INCLUDE: there is no ${LMQ_INTERFACE}/${header}")
@@ -39,8 +40,10 @@ if(NOT dynamic MATCHES "\\(SONAME\\)[^[]*\\[([^]]+)\\]")
 endif()
 set(LMQ_DRIVER_NAME ${CMAKE_MATCH_1})
 
-# A copy, since beside the original stand headers of the same names.
-configure_file(${PROJECT_SOURCE_DIR}/include/lmq_xmlrpc.h ${CMAKE_BINARY_DIR}/exports/lmq_xmlrpc.h COPYONLY)
+# Copies, since beside the originals stand headers of the same names.
+foreach(header lmq_xmlrpc.h lmq/remote.h)
+    configure_file(${PROJECT_SOURCE_DIR}/include/${header} ${CMAKE_BINARY_DIR}/exports/${header} COPYONLY)
+endforeach()
 target_include_directories(lmq_interface INTERFACE ${CMAKE_BINARY_DIR}/exports)
 # Not our code: its warnings are nobody's here.
 target_include_directories(lmq_interface SYSTEM INTERFACE ${LMQ_INTERFACE})
@@ -48,6 +51,7 @@ target_compile_definitions(lmq_interface INTERFACE LMQ_REAL_DRIVER)
 # So are told the members that have no row.
 target_compile_options(lmq_interface INTERFACE -Wno-error=deprecated-declarations)
 install(FILES include/lmq_xmlrpc.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(FILES include/lmq/remote.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/lmq)
 
 add_library(lmq_driver SHARED IMPORTED)
 set_target_properties(lmq_driver PROPERTIES IMPORTED_LOCATION ${library} IMPORTED_SONAME ${LMQ_DRIVER_NAME})

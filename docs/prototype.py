@@ -20,14 +20,15 @@ def prototype(host, method):
 
 def main(url, *names):
     host = xmlrpc.client.ServerProxy(url, allow_none=True)
-    if names == ("--all",):
-        introspection = {"lmq.capabilities", "lmq.methodSignature", "lmq.listUDTs", "lmq.UDTSignature", "lmq.UDTMalloc",
-                         "lmq.listDefines", "lmq.listEnums", "lmq.listTypedefs"}
-        names = [name for name in host.system.listMethods() if name.startswith("lmq.") and name not in introspection]
+    all_of_them = names == ("--all",)
+    if all_of_them:
+        names = [name for name in host.system.listMethods() if name.startswith("lmq.")]
     for name in names:
         try:
             declaration, text = prototype(host, name if name.startswith("lmq.") else f"lmq.{name}")
         except xmlrpc.client.Fault as fault:
+            if all_of_them:
+                continue  # a method of the dictionary itself, which has no signature there
             sys.exit(f"{name}: {fault.faultString}")
         except OSError as error:
             sys.exit(f"{url}: {error}")

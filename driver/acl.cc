@@ -1,16 +1,13 @@
-/**
- * @file
- * @brief The access control lists: unknown flows, custom packet fields and custom filters of each port.
- *
- * Choices:
- * - Packets of unknown flows pass until they are blocked. No packet is ever looked at: filters are kept.
- * - An added field takes all members, a changed one those that are flagged; deletion looks at neither.
- * - A read of the field table fills one element, and one more behind each that came with `valid` TRUE, since nothing
- *   else says how many there are. An index that is not in use reads as zeros.
- * - A port holds 48 filters, as many as the classifier has entries. Filters are told apart by the whole key. The same
- *   key with the same type is a duplicate, with the other type a conflict of modes.
- * - A key that names custom fields needs all of them in use, and a field that a filter names is not deleted.
- */
+// The access control lists: unknown flows, custom packet fields and custom filters of each port.
+//
+// Choices:
+// - Packets of unknown flows pass until they are blocked. No packet is ever looked at: filters are kept.
+// - An added field takes all members, a changed one those that are flagged; deletion looks at neither.
+// - A read of the field table fills all of its eight elements, as nothing says how many the caller has room for. An
+//   index that is not in use reads as zeros.
+// - A port holds 48 filters, as many as the classifier has entries. Filters are told apart by the whole key. The same
+//   key with the same type is a duplicate, with the other type a conflict of modes.
+// - A key that names custom fields needs all of them in use, and a field that a filter names is not deleted.
 #include "driver/acl.h"
 
 #include <algorithm>
@@ -71,14 +68,14 @@ void add(Acl::Port &port, const Filter &filter) {
     const vx_uint32 fields = fields_of(filter.flow_key);
     for (vx_uint32 index = 0; index < 32; ++index) {
         if ((fields >> index & 1U) == 0) continue;
-        refuse_if(index >= Acl::kFields || !port.fields[index].valid, VX_ERR_FE_CLS_KEY_RESOURCE_UNAVAIL);
+        refuse_if(index >= Acl::field_count || !port.fields[index].valid, VX_ERR_FE_CLS_KEY_RESOURCE_UNAVAIL);
     }
     const auto kept = find(port, filter.flow_key);
     if (kept != port.filters.end()) {
         throw Refusal{kept->filter_type == filter.filter_type ? VX_ERR_FE_DUPLICATE_CUSTOM_FILTER
                                                               : VX_ERR_FE_MAC_FILTER_MODE_CONFILCT};
     }
-    refuse_if(port.filters.size() >= Acl::kFilters, VX_ERR_FE_CLS_ENTRY_UNAVAIL);
+    refuse_if(port.filters.size() >= Acl::max_filters, VX_ERR_FE_CLS_ENTRY_UNAVAIL);
     port.filters.push_back(filter);
 }
 
@@ -135,7 +132,7 @@ vx_status_e vx_acl_custom_field_parser_config_get(vx_dev_id_t dev_id, vx_port_id
 vx_status_e vx_acl_custom_pkt_field_table_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 tbl_indx,
                                               vx_acl_op_mode_t op_mode, vx_acl_custom_pkt_field_tbl_entry_t *p_entry) {
     return on_port(__func__, dev_id, port_id, {p_entry}, [&](Acl::Port &port) {
-        check_range(tbl_indx, 0, Acl::kFields - 1);
+        check_range(tbl_indx, 0, Acl::field_count - 1);
         Field &kept = port.fields[tbl_indx];
         const auto &flags = p_entry->mask;
         const vx_boolean half = p_entry->lsb_or_msb ? TRUE : FALSE;
@@ -171,13 +168,8 @@ vx_status_e vx_acl_custom_pkt_field_table_set(vx_dev_id_t dev_id, vx_port_id_t p
 
 vx_status_e vx_acl_custom_pkt_field_table_get(vx_dev_id_t dev_id, vx_port_id_t port_id,
                                               vx_acl_custom_pkt_field_tbl_entry_t *p_entry) {
-    return on_port(__func__, dev_id, port_id, {p_entry}, [&](Acl::Port &port) {
-        bool more = true;
-        for (std::size_t index = 0; index < Acl::kFields && more; ++index) {
-            more = p_entry[index].valid;
-            p_entry[index] = port.fields[index];
-        }
-    });
+    return on_port(__func__, dev_id, port_id, {p_entry},
+                   [&](Acl::Port &port) { std::copy(port.fields.begin(), port.fields.end(), p_entry); });
 }
 
 vx_status_e vx_acl_custom_pkt_filter_add(vx_dev_id_t dev_id, vx_port_id_t port_id,

@@ -1,16 +1,14 @@
-/**
- * @file
- * @brief Connectivity fault management (IEEE 802.1ag).
- *
- * Choices, a line each:
- * - gem_port_id of the CCM packet buffer has no flag: every set takes it.
- * - Everything is off and 0 at first. lbr_tx_port and port_num must be ports of the device, and GEM ports have 12 bits.
- * - A port with enbl_tx sends a delay measurement message each second of the simulator's clock. With enbl_rx a peer
- *   answers each of them at once; enbl_rx needs at least one bit of rx_op_code.
- * - Loopback messages never arrive, so tx_lbr_pkts stays 0.
- * - With CCM_REPEAT_TX a message goes out each repeat_timer, with CCM_ONE_TIME_TX one when it is set; none as long as
- *   pkt_len is 0. With enbl_seq_num each adds 1 to seq_num_val, which is how they can be seen.
- */
+// Connectivity fault management (IEEE 802.1ag).
+//
+// Choices, a line each:
+// - gem_port_id of the CCM packet buffer has no flag: every set takes it.
+// - Everything is off and 0 at first. lbr_tx_port and port_num must be ports of the device, and GEM ports have 12
+//   bits.
+// - A port with enbl_tx sends a delay measurement message each second of the simulator's clock. With enbl_rx a peer
+//   answers each of them at once; enbl_rx needs at least one bit of rx_op_code.
+// - Loopback messages never arrive, so tx_lbr_pkts stays 0.
+// - With CCM_REPEAT_TX a message goes out each repeat_timer, with CCM_ONE_TIME_TX one when it is set; none as long as
+//   pkt_len is 0. With enbl_seq_num each adds 1 to seq_num_val, which is how they can be seen.
 #include "driver/cfm.h"
 
 #include "driver/chip.h"
@@ -21,11 +19,11 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr vx_uint8 kGreatestCos = 7;
-constexpr vx_uint16 kGreatestGemPort = 4095;
-constexpr int kAllOpCodes = VX_CFM_1DM | VX_CFM_DMR | VX_CFM_DMM;
-constexpr unsigned kSequenceNumberBytes = 4;
-constexpr Clock::Time kDelayPeriod = 1s;
+constexpr vx_uint8 greatest_cos = 7;
+constexpr vx_uint16 greatest_gem_port = 4095;
+constexpr int all_op_codes = VX_CFM_1DM | VX_CFM_DMR | VX_CFM_DMM;
+constexpr unsigned sequence_number_bytes = 4;
+constexpr Clock::Time delay_period = 1s;
 
 /* How many periods have passed since the last message; that is then the last of them. */
 vx_uint32 periods(Clock::Time &last, Clock::Time period, Clock::Time now) {
@@ -45,7 +43,7 @@ Cfm &up_to_date(Device &device) {
     }
     for (auto &[id, port] : cfm.delay_ports) {
         if (!port.cfg.enbl_tx) continue;
-        const vx_uint32 sent = periods(port.sent, kDelayPeriod, now);
+        const vx_uint32 sent = periods(port.sent, delay_period, now);
         cfm.tx_dm.add(sent);
         if (port.cfg.enbl_rx) cfm.rx_dm.add(sent);
     }
@@ -59,6 +57,9 @@ Cfm::Cfm() {
         .enbl_lbm_proc = 1, .accept_mcast_da = 1, .md_level = 1, .lbr_tx_port = 1, .lbr_tx_gem_port = 1, .lbr_cos = 1};
     ccm.valid.mask_s = {.ccm_tx_mode = 1, .repeat_timer = 1, .enbl_seq_num = 1, .seq_num_offset = 1, .seq_num_val = 1};
     packet.valid.mask_s = {.port_num = 1, .enbl_byte_swap = 1, .pkt_len = 1, .p_pkt_buff = 1};
+    clear_beside_flags(lbm.valid, 6);
+    clear_beside_flags(ccm.valid, 5);
+    clear_beside_flags(packet.valid, 4);
 }
 
 }  // namespace lmq::sim
@@ -72,8 +73,8 @@ vx_status_e vx_1ag_lbm_config_set(vx_dev_id_t dev_id, vx_1ag_lbm_cfg_t *p_cfg) {
         const auto &flags = p_cfg->valid.mask_s;
         if (flags.md_level) check_range(p_cfg->md_level, 0, VX_CFM_MD_LEVEL_MAX);
         if (flags.lbr_tx_port) check_port(p_cfg->lbr_tx_port);
-        if (flags.lbr_tx_gem_port) check_range(p_cfg->lbr_tx_gem_port, 0, kGreatestGemPort);
-        if (flags.lbr_cos) check_range(p_cfg->lbr_cos, 0, kGreatestCos);
+        if (flags.lbr_tx_gem_port) check_range(p_cfg->lbr_tx_gem_port, 0, greatest_gem_port);
+        if (flags.lbr_cos) check_range(p_cfg->lbr_cos, 0, greatest_cos);
         vx_1ag_lbm_cfg_t &kept = device.cfm.lbm;
         merge(flags.enbl_lbm_proc, kept.enbl_lbm_proc, as_boolean(p_cfg->enbl_lbm_proc));
         merge(flags.accept_mcast_da, kept.accept_mcast_da, as_boolean(p_cfg->accept_mcast_da));
@@ -99,7 +100,7 @@ vx_status_e vx_1ag_ccm_config_set(vx_dev_id_t dev_id, vx_1ag_ccm_cfg_t *p_cfg) {
         merge(flags.seq_num_offset, next.seq_num_offset, p_cfg->seq_num_offset);
         merge(flags.seq_num_val, next.seq_num_val, p_cfg->seq_num_val);
         check_range(next.ccm_tx_mode, VX_CFM_CCM_TX_DISABLE, VX_CFM_CCM_REPEAT_TX);
-        check_range(next.seq_num_offset, 0, VX_CFM_CCM_PKT_BUFF_SIZE - kSequenceNumberBytes);
+        check_range(next.seq_num_offset, 0, VX_CFM_CCM_PKT_BUFF_SIZE - sequence_number_bytes);
         refuse_if(next.ccm_tx_mode == VX_CFM_CCM_REPEAT_TX && next.repeat_timer == 0, VX_ERR_GLBL_INVALID_PARAMS);
         const bool once = flags.ccm_tx_mode && next.ccm_tx_mode == VX_CFM_CCM_ONE_TIME_TX;
         if (once && next.enbl_seq_num && cfm.packet.pkt_len != 0) ++next.seq_num_val;
@@ -116,7 +117,7 @@ vx_status_e vx_1ag_ccm_pkt_buf_set(vx_dev_id_t dev_id, vx_1ag_ccm_pkt_buf_cfg_t 
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
         const auto &flags = p_cfg->valid.mask_s;
         if (flags.port_num) check_port(p_cfg->port_num);
-        check_range(p_cfg->gem_port_id, 0, kGreatestGemPort);
+        check_range(p_cfg->gem_port_id, 0, greatest_gem_port);
         if (flags.pkt_len) check_range(p_cfg->pkt_len, 0, VX_CFM_CCM_PKT_BUFF_SIZE);
         vx_1ag_ccm_pkt_buf_cfg_t &kept = up_to_date(device).packet;
         merge(flags.port_num, kept.port_num, p_cfg->port_num);
@@ -134,7 +135,7 @@ vx_status_e vx_1ag_ccm_pkt_buf_get(vx_dev_id_t dev_id, vx_1ag_ccm_pkt_buf_cfg_t 
 vx_status_e vx_1ag_dm_config_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_1ag_dm_cfg_t *p_cfg) {
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
         check_port(port_id);
-        check_range(p_cfg->rx_op_code, 0, kAllOpCodes);
+        check_range(p_cfg->rx_op_code, 0, all_op_codes);
         refuse_if(p_cfg->enbl_rx && p_cfg->rx_op_code == 0, VX_ERR_GLBL_INVALID_PARAMS);
         Cfm::DelayPort &port = up_to_date(device).delay_ports[port_id];
         if (!port.cfg.enbl_tx) port.sent = device.system.clock.now();

@@ -1,9 +1,5 @@
-/**
- * @file
- * @brief What a device keeps of connectivity fault management (IEEE 802.1ag).
- */
-#ifndef LMQ_DRIVER_CFM_H
-#define LMQ_DRIVER_CFM_H
+// What a device keeps of connectivity fault management (IEEE 802.1ag).
+#pragma once
 
 #include <map>
 
@@ -13,19 +9,19 @@
 
 namespace lmq::sim {
 
-/** @brief State of the family. The configurations are kept as they are read, with all members flagged. */
+/// State of the family. The configurations are kept as they are read, with all members flagged.
 struct Cfm {
     Cfm();
 
     vx_1ag_lbm_cfg_t lbm{};
     vx_1ag_ccm_cfg_t ccm{};
-    Clock::Time ccm_sent{}; /**< When the last message went out, or transmission began. */
+    Clock::Time ccm_sent{};  ///< When the last message went out, or transmission began.
     vx_1ag_ccm_pkt_buf_cfg_t packet{};
 
-    /** @brief Delay measurement on a port. */
+    /// Delay measurement on a port.
     struct DelayPort {
         vx_1ag_dm_cfg_t cfg{};
-        Clock::Time sent{}; /**< When the last message went out, or transmission began. */
+        Clock::Time sent{};  ///< When the last message went out, or transmission began.
     };
     std::map<vx_port_id_t, DelayPort> delay_ports;
 
@@ -34,5 +30,3 @@ struct Cfm {
 };
 
 }  // namespace lmq::sim
-
-#endif

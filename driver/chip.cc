@@ -1,7 +1,4 @@
-/**
- * @file
- * @brief The chip's life cycle and messages. Operations stand in the file of their family.
- */
+// The chip's life cycle and messages. Operations stand in the file of their family.
 #include "driver/chip.h"
 
 #include <cstdarg>
@@ -14,7 +11,7 @@ namespace lmq::sim {
 
 namespace {
 
-constexpr const char *kModuleNames[] = {
+constexpr const char *module_names[] = {
 #define xx(id, name) name,
     VX_MODULES_DEFINES
 #undef xx
@@ -63,6 +60,10 @@ void System::begin_call() {
         // First what raises events, and last what notifies those that are due.
         pass_time(*device, device->lifecycle);
         pass_time(*device, device->peripheral);
+        pass_time(*device, device->time);
+        pass_time(*device, device->eth_port);
+        pass_time(*device, device->l2);
+        pass_time(*device, device->classifier);
         pass_time(*device, device->gpon);
         pass_time(*device, device->traffic);
         pass_time(*device, device->event);
@@ -91,7 +92,7 @@ void System::log(vx_mod_id_e module, vx_log_lvl_e level, const char *format, ...
     if (level > log_level[static_cast<std::size_t>(module)]) return;
     va_list args;
     va_start(args, format);
-    print_line(clock.now(), kModuleNames[module], format, args);
+    print_line(clock.now(), module_names[module], format, args);
     va_end(args);
 }
 

@@ -1,13 +1,9 @@
-/**
- * @file
- * @brief The simulated chip: its life cycle, the state that hangs on it, and the guards that every operation uses.
- *
- * The life cycle is what exists. Before lmq_init_system the chip has no System; a device in reset has no Device. To
- * forget is to destroy, so a new family gets its life cycle right by one line: a struct of its state, constructed as
- * the hardware comes out of reset, as a member of Device (or of System, when a device reset must not touch it).
- */
-#ifndef LMQ_DRIVER_CHIP_H
-#define LMQ_DRIVER_CHIP_H
+// The simulated chip: its life cycle, the state that hangs on it, and the guards that every operation uses.
+//
+// The life cycle is what exists. Before lmq_init_system the chip has no System; a device in reset has no Device. To
+// forget is to destroy, so a new family gets its life cycle right by one line: a struct of its state, constructed as
+// the hardware comes out of reset, as a member of Device (or of System, when a device reset must not touch it).
+#pragma once
 
 #include <array>
 #include <cstddef>
@@ -22,6 +18,7 @@
 #include "driver/clock.h"
 #include "driver/cosq.h"
 #include "driver/cpu_packet.h"
+#include "driver/device.h"
 #include "driver/eth_port.h"
 #include "driver/event.h"
 #include "driver/fault.h"
@@ -29,7 +26,6 @@
 #include "driver/gpon.h"
 #include "driver/gpon_tm.h"
 #include "driver/l2.h"
-#include "driver/lifecycle.h"
 #include "driver/management.h"
 #include "driver/mcast.h"
 #include "driver/peripheral.h"
@@ -42,29 +38,36 @@
 
 namespace lmq::sim {
 
-/** @brief Thrown by an operation that cannot do what it is asked; the caller of the driver gets the status. */
+/// Thrown by an operation that cannot do what it is asked; the caller of the driver gets the status.
 struct Refusal {
     vx_status_e status;
 };
 
-/** @brief Ends the operation with a status. Check everything before the first change: nothing is rolled back. */
+/// Ends the operation with a status. Check everything before the first change: nothing is rolled back.
 inline void refuse_if(bool wrong, vx_status_e status) {
     if (wrong) throw Refusal{status};
 }
 
-/** @brief Ends the operation with VX_ERR_GLBL_RANGE_CHECK_FAIL unless first <= value <= last. */
+/// Ends the operation with VX_ERR_GLBL_RANGE_CHECK_FAIL unless first <= value <= last.
 inline void check_range(std::int64_t value, std::int64_t first, std::int64_t last) {
     refuse_if(value < first || value > last, VX_ERR_GLBL_RANGE_CHECK_FAIL);
 }
 
-/** @brief Refuses a number that is no port of a device. */
+/// Refuses a number that is no port of a device.
 inline void check_port(std::int64_t port) { refuse_if(port > VX_PORT_VOIP0, VX_ERR_PORT_NUM_OUT_OF_RANGE); }
 
-/** @brief A boolean as it is kept: anything but 0 comes back as 1. */
+/// Clears what is no flag in the word of a mask: an assignment of its flags leaves that to chance.
+/// @param flags How many flags there are, from the lowest bit on.
+template <class Valid>
+void clear_beside_flags(Valid &valid, unsigned flags) {
+    valid.mask &= static_cast<decltype(valid.mask)>((1ULL << flags) - 1);
+}
+
+/// A boolean as it is kept: anything but 0 comes back as 1.
 constexpr vx_boolean as_boolean(bool given) { return given ? TRUE : FALSE; }
 
-/** @brief Modules that log: vx_mod_id_e counts from 0 to one less. */
-inline constexpr std::size_t kModules = 0
+/// Modules that log: vx_mod_id_e counts from 0 to one less.
+inline constexpr std::size_t module_count = 0
 #define xx(id, name) +1
     VX_MODULES_DEFINES
 #undef xx
@@ -72,13 +75,13 @@ inline constexpr std::size_t kModules = 0
 
 class System;
 
-/** @brief A device that is up, with the state of each family. */
+/// A device that is up, with the state of each family.
 struct Device {
     Device(System &owner, vx_dev_id_t dev_id, const lmq_dev_startup_cfg_s &cfg);
 
     System &system;
     const vx_dev_id_t id;
-    const lmq_dev_startup_cfg_s config; /**< What the device was started with. */
+    const lmq_dev_startup_cfg_s config;  ///< What the device was started with.
 
     Lifecycle lifecycle;
     Management management;
@@ -101,90 +104,86 @@ struct Device {
     Traffic traffic;
 };
 
-/** @brief What the environment says of a system, as it was when the system was initialised. */
+/// What the environment says of a system, as it was when the system was initialised.
 struct Environment {
-    Clock clock;                     /**< At 0. */
-    std::optional<TrafficPlan> plan; /**< Nothing for no traffic. */
+    Clock clock;                      ///< At 0.
+    std::optional<TrafficPlan> plan;  ///< Nothing for no traffic.
     std::optional<Preset> preset;
 
-    /** @throws std::invalid_argument with a text that names the variable and what was expected. */
+    /// @throws std::invalid_argument with a text that names the variable and what was expected.
     static Environment read();
 };
 
-/** @brief The driver between lmq_init_system and lmq_shutdown_system. */
+/// The driver between lmq_init_system and lmq_shutdown_system.
 class System {
   public:
-    /**
-     * @brief Starts the devices that are enabled; the others are in reset.
-     * @param cfg         A configuration that was checked.
-     * @param environment What else the system starts with. The preset is applied once the devices are up.
-     */
+    /// Starts the devices that are enabled; the others are in reset.
+    /// @param cfg         A configuration that was checked.
+    /// @param environment What else the system starts with. The preset is applied once the devices are up.
     System(const vx_startup_cfg_t &cfg, const Environment &environment);
     System(const System &) = delete;
     System &operator=(const System &) = delete;
 
-    /** @brief A driver function is called: the clock goes on, and what has fallen due since the last call happens. */
+    /// A driver function is called: the clock goes on, and what has fallen due since the last call happens.
     void begin_call();
 
-    /** @brief A device by its id, of whichever integer type. Refuses an id that is none, and a device in reset. */
+    /// A device by its id, of whichever integer type. Refuses an id that is none, and a device in reset.
     Device &device(std::int64_t dev_id);
 
-    /** @brief Where a device is, or would be. Refuses an id that is none. */
+    /// Where a device is, or would be. Refuses an id that is none.
     std::optional<Device> &slot(std::int64_t dev_id);
 
-    /** @brief Takes a device out of reset. Refuses one that is up. @param cfg A configuration that was checked. */
+    /// Takes a device out of reset. Refuses one that is up. @param cfg A configuration that was checked.
     void start_device(std::int64_t dev_id, const lmq_dev_startup_cfg_s &cfg);
 
-    /** @brief Writes a line to standard error, stamped with the clock, if the module's log level asks for it. */
+    /// Writes a line to standard error, stamped with the clock, if the module's log level asks for it.
     [[gnu::format(printf, 4, 5)]] void log(vx_mod_id_e module, vx_log_lvl_e level, const char *format, ...) const;
 
-    /** @brief Writes a line to standard error, stamped with the clock, in any case. */
+    /// Writes a line to standard error, stamped with the clock, in any case.
     [[gnu::format(printf, 3, 4)]] void print(const char *topic, const char *format, ...) const;
 
     const vx_startup_cfg_t config;
     Clock clock;
     const std::optional<TrafficPlan> plan;
-    Faults faults;                                /**< Those of the preset. */
-    std::array<vx_log_lvl_e, kModules> log_level; /**< By vx_mod_id_e. */
+    Faults faults;                                     ///< Those of the preset.
+    std::array<vx_log_lvl_e, module_count> log_level;  ///< By vx_mod_id_e.
     bool print_register_access = false;
 
   private:
     std::array<std::optional<Device>, LMQ_NUM_DEVICES> devices_;
 };
 
-/** @brief The chip: there is one in the process. */
+/// The chip: there is one in the process.
 class Chip {
   public:
     static Chip &instance();
 
-    /** @brief The system. Refuses while there is none. */
+    /// The system. Refuses while there is none.
     System &system();
 
-    /** @brief Refuses a call that has to fail, by LMQ_SIM_FAIL or by the preset. */
+    /// Refuses a call that has to fail, by LMQ_SIM_FAIL or by the preset.
     void fail_on_demand(const char *function);
 
-    std::optional<System> power; /**< Empty before lmq_init_system. */
+    std::optional<System> power;  ///< Empty before lmq_init_system.
     Faults faults = Faults::from_environment();
-    std::mutex mutex; /**< Held by guarded() for the whole of an operation. */
+    std::mutex mutex;  ///< Held by guarded() for the whole of an operation.
 };
 
-/** @brief The status of the exception being handled. What no operation throws on purpose is also reported. */
+/// The status of the exception being handled. What no operation throws on purpose is also reported.
 vx_status_e status_of_exception(const char *function) noexcept;
 
-/** @brief Ends the operation with a status if any of the pointers is NULL. */
+/// Ends the operation with a status if any of the pointers is NULL.
 inline void check_pointers(std::initializer_list<const void *> pointers, vx_status_e status) {
     for (const void *pointer : pointers) refuse_if(pointer == nullptr, status);
 }
 
-/**
- * @brief Runs an operation, one at a time, and lets no exception out. All driver functions go through here.
- *
- * An operation must not call a driver function: the lock is held.
- *
- * @param function The driver function's name, for messages: __func__.
- * @param body     Gets the Chip, whatever its state.
- * @return VX_SUCCESS when the body returns, or what it was refused with.
- */
+/// Runs an operation, one at a time, and lets no exception out. All driver functions go through here.
+///
+/// An operation must not call a driver function: the lock is held.
+///
+/// @param function The driver function's name, for messages: __func__.
+/// @param body     Gets the Chip, whatever its state.
+/// @return VX_SUCCESS when the body returns, or what it was refused with.
 template <typename Body>
 vx_status_e guarded(const char *function, Body body) noexcept {
     try {
@@ -199,17 +198,15 @@ vx_status_e guarded(const char *function, Body body) noexcept {
     }
 }
 
-/** @brief Runs an operation on the system, which must be initialised. */
+/// Runs an operation on the system, which must be initialised.
 template <typename Body>
 vx_status_e on_system(const char *function, Body body) noexcept {
     return guarded(function, [&](Chip &chip) { body(chip.system()); });
 }
 
-/**
- * @brief Runs an operation on a device. Checks, in this order: the system, the id, the device, the pointers.
- * @param pointers Those of the operation's pointers that may not be NULL.
- * @param body     Gets the Device.
- */
+/// Runs an operation on a device. Checks, in this order: the system, the id, the device, the pointers.
+/// @param pointers Those of the operation's pointers that may not be NULL.
+/// @param body     Gets the Device.
 template <typename Body>
 vx_status_e on_device(const char *function, std::int64_t dev_id, std::initializer_list<const void *> pointers,
                       Body body) noexcept {
@@ -220,6 +217,9 @@ vx_status_e on_device(const char *function, std::int64_t dev_id, std::initialize
     });
 }
 
-}  // namespace lmq::sim
+/// Answers for a function of a device whose effect could be seen nowhere in the simulator.
+inline vx_status_e not_supported(const char *function, std::int64_t dev_id, const void *pointer) noexcept {
+    return on_device(function, dev_id, {pointer}, [](Device &) { throw Refusal{VX_ERR_GLBL_OP_NO_SUPPORTED_BY_SW}; });
+}
 
-#endif
+}  // namespace lmq::sim

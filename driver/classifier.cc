@@ -1,20 +1,19 @@
-/**
- * @file
- * @brief The classifier: control, domains, rules and records of each port, mirroring and counters.
- *
- * Choices:
- * - Each port has 48 entries, which its domains divide without overlap (VX_ERR_FE_CLS_ENTRY_UNAVAIL). An entry holds
- *   one rule and eight records. A domain that has rules keeps its entries until they are cleared.
- * - A rule or record behind the end of its domain is VX_ERR_FE_CLS_ENTRY_UNAVAIL. An entry that is not in use reads as
- *   zeros. A rule is kept whole, whichever key counts; writing it with `entryvalid` FALSE deletes it.
- * - MAC_VLAN_C, MAC_ETYPE_D and VLAN_E are read as MAC_VLAN, MAC_ETYPE and VLAN.
- * - A record takes its first four members always, the others in the groups that the mask flags; a read flags all.
- * - A filter with entry_dynamic ages max_limit seconds after it was set, while aging is enabled in the port's control.
- * - Mirroring needs a port that exists and is not mirrored itself; with two empty maps it is off.
- * - The state of an engine's entries lists the entries in use of its ports, in order: downstream of the SNI, CPU_MA of
- *   the CPU and the management port, upstream of the others.
- * - No packet is classified: hits and counters stay at what they were set or cleared to.
- */
+// The classifier: control, domains, rules and records of each port, mirroring and counters.
+//
+// Choices:
+// - Each port has 48 entries, which its domains divide without overlap (VX_ERR_FE_CLS_ENTRY_UNAVAIL). An entry holds
+//   one rule and eight records. A domain that has rules keeps its entries until they are cleared.
+// - A rule or record behind the end of its domain is VX_ERR_FE_CLS_ENTRY_UNAVAIL. An entry that is not in use reads
+//   as zeros. A rule is kept whole, whichever key counts; writing it with `entryvalid` FALSE deletes it.
+// - MAC_VLAN_C, MAC_ETYPE_D and VLAN_E are read as MAC_VLAN, MAC_ETYPE and VLAN.
+// - A record takes its first four members always, the others in the groups that the mask flags; a read flags all.
+// - A filter with entry_dynamic ages max_limit seconds after it was set, while aging is enabled in the port's
+//   control, and raises VX_EVENT_FE_MAC_FILTER_AGEOUT then.
+// - Mirroring needs a port that exists and is not mirrored itself; with two empty maps it is off.
+// - The state of an engine's entries lists the entries in use of its ports, in order: downstream of the SNI, CPU_MA
+//   of the CPU and the management port, upstream of the others.
+// - No packet is classified: hits stay at what they were set to. The engines count what the traffic model and the CPU
+//   send.
 #include "driver/classifier.h"
 
 #include <algorithm>
@@ -79,7 +78,7 @@ bool visit_keys(const Rule &rule, Visit visit) {
 }
 
 /* All key types that exist, as bits. */
-constexpr vx_uint32 kKeyTypes = 0xF7FFF;
+constexpr vx_uint32 known_key_types = 0xF7FFF;
 
 /* The keys of a rule that compare anything, as bits. */
 vx_uint8 keys_in_use(const Rule &rule) {
@@ -114,12 +113,6 @@ vx_cl_key_type_t flow_key_type(lmq_fe_cls_key_type_e type) {
     }
 }
 
-/* The engine that the packets of a port come by. */
-lmq_fe_id_e engine_of(vx_port_id_t port) {
-    if (port == VX_PORT_SNI0) return LMQ_FE_DOWNSTREAM;
-    return port == VX_PORT_CPU || port == VX_PORT_MGMT ? LMQ_FE_CPU_MA : LMQ_FE_UPSTREAM;
-}
-
 void check_engine(lmq_fe_id_e engine) {
     refuse_if(engine < LMQ_FE_UPSTREAM || engine > LMQ_FE_CPU_MA, VX_ERR_FE_INVALID_FE_ID);
 }
@@ -134,7 +127,7 @@ void set_domain(Port &port, vx_uint8 domain_id, const vx_cls_domain_res_t &given
     vx_cls_domain_res_t &kept = at(port.domains, domain_id);
     const auto begin = [](const auto &domain) { return unsigned{domain.cl_entry_start}; };
     const auto end = [](const auto &domain) { return unsigned{domain.cl_entry_start} + domain.cl_entry_length; };
-    check_range(end(given), 0, Classifier::kEntries);
+    check_range(end(given), 0, Classifier::max_entries);
     for (const vx_cls_domain_res_t &other : port.domains) {
         const bool share = given.cl_entry_length != 0 && other.cl_entry_length != 0 && begin(given) < end(other) &&
                            begin(other) < end(given);
@@ -155,13 +148,13 @@ std::size_t place(Port &port, vx_uint8 domain_id, vx_uint8 offset, std::size_t e
 Rule &rule_at(Port &port, vx_uint8 domain_id, vx_uint8 offset) { return port.rules[place(port, domain_id, offset, 1)]; }
 
 Fib &fib_at(Port &port, vx_uint8 domain_id, vx_uint8 offset) {
-    return port.fibs[place(port, domain_id, offset, Classifier::kRecordsPerEntry)];
+    return port.fibs[place(port, domain_id, offset, Classifier::records_per_entry)];
 }
 
 void clear_entry(Port &port, std::size_t entry) {
     port.rules[entry] = {};
-    std::fill_n(port.fibs.begin() + static_cast<std::ptrdiff_t>(entry * Classifier::kRecordsPerEntry),
-                Classifier::kRecordsPerEntry, Fib{});
+    std::fill_n(port.fibs.begin() + static_cast<std::ptrdiff_t>(entry * Classifier::records_per_entry),
+                Classifier::records_per_entry, Fib{});
 }
 
 void check(const Fib &fib) {
@@ -267,6 +260,7 @@ Fib flagged(const Fib &kept) {
                         .learn_fields = 1,
                         .rate_limit_fields = 1,
                         .sw_id_fields = 1};
+    clear_beside_flags(fib.valid, 8);
     return fib;
 }
 
@@ -283,11 +277,11 @@ vx_cls_l4_port_range_t &range_at(Port &port, vx_cls_l4_port_type_t type, vx_uint
 
 void print_rule(const Device &device, vx_port_id_t port_id, const Port &port, std::size_t entry) {
     const Rule &rule = port.rules[entry];
-    const auto first = entry * Classifier::kRecordsPerEntry;
+    const auto first = entry * Classifier::records_per_entry;
     device.system.print("cls", "port %u entry %zu: %s, key type %d, keys 0x%02x", unsigned{port_id}, entry,
                         rule.entryvalid ? "in use" : "free", static_cast<int>(rule.key_type),
                         unsigned{keys_in_use(rule)});
-    for (std::size_t i = 0; i < Classifier::kRecordsPerEntry; ++i) {
+    for (std::size_t i = 0; i < Classifier::records_per_entry; ++i) {
         const Fib &fib = port.fibs[first + i];
         if (!fib.valid_flag) continue;
         device.system.print("cls", "  key %zu: %s, destination port %u, class of service %u", i,
@@ -296,6 +290,22 @@ void print_rule(const Device &device, vx_port_id_t port_id, const Port &port, st
 }
 
 }  // namespace
+
+lmq_fe_id_e engine_of(vx_port_id_t port) {
+    if (port == VX_PORT_SNI0) return LMQ_FE_DOWNSTREAM;
+    return port == VX_PORT_CPU || port == VX_PORT_MGMT ? LMQ_FE_CPU_MA : LMQ_FE_UPSTREAM;
+}
+
+void pass_time(Device &device, Classifier &classifier) {
+    for (auto &[port_id, port] : classifier.ports) {
+        for (Classifier::Aging &aging : port.aging) {
+            const auto time = aged_at(port, aging);
+            if (aging.reported || !time || *time > device.system.clock.now()) continue;
+            aging.reported = true;
+            raise_event(device, {VX_EVENT_FE_MAC_FILTER_AGEOUT, port_id, 0}, {});
+        }
+    }
+}
 
 }  // namespace lmq::sim
 
@@ -385,7 +395,7 @@ vx_status_e vx_cls_no_match_fib_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx
 vx_status_e vx_cls_type_no_match_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint32 key_type_bitmap,
                                      vx_uint32 deny_bitmap) {
     return on_port(__func__, dev_id, port_id, {}, [&](Port &port) {
-        refuse_if((key_type_bitmap & ~kKeyTypes) != 0, VX_ERR_FE_CLS_INVALID_KEY_TYPE);
+        refuse_if((key_type_bitmap & ~known_key_types) != 0, VX_ERR_FE_CLS_INVALID_KEY_TYPE);
         port.denied_types = (port.denied_types & ~key_type_bitmap) | (deny_bitmap & key_type_bitmap);
     });
 }
@@ -393,7 +403,7 @@ vx_status_e vx_cls_type_no_match_set(vx_dev_id_t dev_id, vx_port_id_t port_id, v
 vx_status_e vx_cls_type_no_match_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint32 key_type_bitmap,
                                      vx_uint32 *deny_bitmap) {
     return on_port(__func__, dev_id, port_id, {deny_bitmap}, [&](Port &port) {
-        refuse_if((key_type_bitmap & ~kKeyTypes) != 0, VX_ERR_FE_CLS_INVALID_KEY_TYPE);
+        refuse_if((key_type_bitmap & ~known_key_types) != 0, VX_ERR_FE_CLS_INVALID_KEY_TYPE);
         *deny_bitmap = port.denied_types & key_type_bitmap;
     });
 }
@@ -449,7 +459,7 @@ vx_status_e vx_cls_aging_timer_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
         check_port(port_id);
         Classifier::Aging &kept = at(device.classifier.ports[port_id].aging, index);
-        kept = {.cfg = *p_cfg, .since = device.system.clock.now()};
+        kept = {.cfg = *p_cfg, .since = device.system.clock.now(), .reported = false};
         kept.cfg.entry_dynamic = as_boolean(p_cfg->entry_dynamic);
     });
 }
@@ -524,7 +534,7 @@ vx_status_e vx_cls_debug_status_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx
 
 vx_status_e vx_cls_debug_prog_count_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_cls_debug_prog_ent_cnt_t *p_cfg) {
     return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) {
-        check_range(p_cfg->entry_addr, 0, Classifier::kEntries - 1);
+        check_range(p_cfg->entry_addr, 0, Classifier::max_entries - 1);
         port.counted = *p_cfg;
     });
 }
@@ -553,9 +563,7 @@ vx_status_e lmq_get_fe_cl_entry_status(vx_dev_id_t dev_id, lmq_fe_id_e fe_inst, 
 vx_status_e lmq_get_fe_pkt_stats(vx_dev_id_t dev_id, lmq_fe_id_e fe_id, lmq_fe_pkt_stats_s *p_stats, vx_boolean clear) {
     return on_device(__func__, dev_id, {p_stats}, [&](Device &device) {
         check_engine(fe_id);
-        lmq_fe_pkt_stats_s &kept = device.classifier.stats[static_cast<std::size_t>(fe_id)];
-        *p_stats = kept;
-        if (clear) kept = {};
+        read_counters(device.classifier.stats[static_cast<std::size_t>(fe_id)], p_stats, clear != FALSE);
     });
 }
 
@@ -569,7 +577,7 @@ vx_status_e lmq_clear_fe_pkt_stats(vx_dev_id_t dev_id, lmq_fe_id_e fe_id) {
 vx_status_e lmq_dump_cls_key(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 entry_idx) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
         check_port(port_id);
-        check_range(entry_idx, 0, Classifier::kEntries - 1);
+        check_range(entry_idx, 0, Classifier::max_entries - 1);
         print_rule(device, port_id, device.classifier.ports[port_id], entry_idx);
     });
 }

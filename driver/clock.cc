@@ -1,7 +1,4 @@
-/**
- * @file
- * @brief Reads from the environment how the clock runs.
- */
+// Reads from the environment how the clock runs.
 #include "driver/clock.h"
 
 #include <charconv>

@@ -1,29 +1,23 @@
-/**
- * @file
- * @brief The simulated chip's clock, on which everything that takes time runs.
- */
-#ifndef LMQ_DRIVER_CLOCK_H
-#define LMQ_DRIVER_CLOCK_H
+// The simulated chip's clock, on which everything that takes time runs.
+#pragma once
 
 #include <chrono>
 #include <optional>
 
 namespace lmq::sim {
 
-/**
- * @brief Time since the system was initialised.
- *
- * It runs in real time, or, with `LMQ_SIM_CLOCK=n` in the environment, stands still but for n milliseconds with each
- * call of a driver function: a script then sees the same times in every run, and need not wait for any.
- */
+/// Time since the system was initialised.
+///
+/// It runs in real time, or, with `LMQ_SIM_CLOCK=n` in the environment, stands still but for n milliseconds with each
+/// call of a driver function: a script then sees the same times in every run, and need not wait for any.
 class Clock {
   public:
     using Time = std::chrono::milliseconds;
 
-    /** @brief Starts at 0. @param step What a call takes; nothing for real time. */
+    /// Starts at 0. @param step What a call takes; nothing for real time.
     explicit Clock(std::optional<Time> step) : step_(step), start_(std::chrono::steady_clock::now()) {}
 
-    /** @brief A call of a driver function begins. */
+    /// A call of a driver function begins.
     void begin_call() {
         if (step_) stepped_ += *step_;
     }
@@ -32,11 +26,9 @@ class Clock {
         return step_ ? stepped_ : std::chrono::duration_cast<Time>(std::chrono::steady_clock::now() - start_);
     }
 
-    /**
-     * @brief Reads LMQ_SIM_CLOCK: 0 to 1000000.
-     * @return The step, or nothing when it is not set.
-     * @throws std::invalid_argument with a text that names it when it is no such number.
-     */
+    /// Reads LMQ_SIM_CLOCK: 0 to 1000000.
+    /// @return The step, or nothing when it is not set.
+    /// @throws std::invalid_argument with a text that names it when it is no such number.
     static std::optional<Time> step_from_environment();
 
   private:
@@ -46,5 +38,3 @@ class Clock {
 };
 
 }  // namespace lmq::sim
-
-#endif

@@ -1,9 +1,5 @@
-/**
- * @file
- * @brief What a device keeps of the class of service: maps, queues, schedulers and shapers.
- */
-#ifndef LMQ_DRIVER_COSQ_H
-#define LMQ_DRIVER_COSQ_H
+// What a device keeps of the class of service: maps, queues, schedulers and shapers.
+#pragma once
 
 #include <utility>
 
@@ -12,11 +8,11 @@
 
 namespace lmq::sim {
 
-/** @brief State of the family. */
+/// State of the family.
 struct CosQueues {
-    static constexpr vx_uint16 kPortQueues = 8; /**< Queues of a port other than the SNI. */
+    static constexpr vx_uint16 port_queue_count = 8;  ///< Queues of a port other than the SNI.
 
-    /** @brief As the hardware comes out of reset. */
+    /// As the hardware comes out of reset.
     CosQueues();
 
     struct Shaper {
@@ -36,5 +32,3 @@ struct CosQueues {
 };
 
 }  // namespace lmq::sim
-
-#endif

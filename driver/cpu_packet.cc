@@ -1,20 +1,19 @@
-/**
- * @file
- * @brief The CPU packet family: traps, special packets, traffic block, filters, and sending.
- *
- * Choices:
- * - No function registers a trap, so a device comes up with a trap of each special packet type, as an application on
- * the ONU would register them: enabled, without ports, its handle the number of the type. A handle that was
- * deregistered is gone until the device starts again.
- * - No packet arrives, so that nothing is trapped by itself, and the statistics are 0.
- * - Port types go with ports: GPON, AE, AE_CASCADE and GEM with the SNI, ETH with the Ethernet ports and the management
- *   port. A trap has up to 64 ports.
- * - A special packet is permitted and learned from at first; the members that one flag selects together are flow_enbl
- *   with flow_id and mirror_enbl with mirror_before_pe.
- * - Ingress filters are for the SNI and Ethernet ports. Removing types of which none is in the filter is refused.
- * - vx_cpu_packet_tx sends 14 to 2000 bytes, reads their destination alone, and counts them on the port; OMCI and OAM
- * messages may be shorter, and go to the SNI alone. The management port sends while its interface is enabled.
- */
+// The CPU packet family: traps, special packets, traffic block, filters, and sending.
+//
+// Choices:
+// - No function registers a trap, so a device comes up with a trap of each special packet type, as an application on
+//   the ONU would register them: enabled, without ports, its handle the number of the type. A handle that was
+//   deregistered is gone until the device starts again.
+// - What the traffic model lets arrive at a port of an enabled trap is counted: one packet in 50 is of its type,
+//   unless the port filters that type at ingress.
+// - Port types go with ports: GPON, AE, AE_CASCADE and GEM with the SNI, ETH with the Ethernet ports and the
+//   management port. A trap has up to 64 ports.
+// - A special packet is permitted and learned from at first; the members that one flag selects together are flow_enbl
+//   with flow_id and mirror_enbl with mirror_before_pe.
+// - Ingress filters are for the SNI and Ethernet ports. Removing types of which none is in the filter is refused.
+// - vx_cpu_packet_tx sends 14 to 2000 bytes, reads their destination and whether they are PTP, and counts them on the
+//   port; OMCI and OAM messages may be shorter, and go to the SNI alone. The management port sends while its
+//   interface is enabled.
 #include "driver/cpu_packet.h"
 
 #include "driver/chip.h"
@@ -23,9 +22,9 @@ namespace lmq::sim {
 
 namespace {
 
-constexpr std::size_t kMaxTrapPorts = VX_MAX_GEM_PORTS;
-constexpr vx_uint16 kMinFrame = 14;   /* The Ethernet header. */
-constexpr vx_uint16 kMaxFrame = 2000; /* IEEE 802.3: an envelope frame. */
+constexpr std::size_t max_trap_ports = VX_MAX_GEM_PORTS;
+constexpr vx_uint16 min_frame = 14;    // The Ethernet header.
+constexpr vx_uint16 max_frame = 2000;  // IEEE 802.3: an envelope frame.
 
 bool is_eth_port(vx_uint16 port) { return port >= VX_PORT_ETH0 && port < VX_PORT_ETH0 + LMQ_PORT_ETH_NUM; }
 
@@ -149,7 +148,7 @@ vx_status_e lmq_add_port_to_cpu_pkt_trap(vx_dev_id_t dev_id, vx_uint32 handle, v
         check_typed_port(port_type, port_num);
         const CpuPort port{port_type, port_num, sub_port_id};
         refuse_if(kept.ports.contains(port), VX_ERR_PORT_EXIST);
-        refuse_if(kept.ports.size() >= kMaxTrapPorts, VX_ERR_GLBL_SW_RESOURCE_UNAVAIL);
+        refuse_if(kept.ports.size() >= max_trap_ports, VX_ERR_GLBL_SW_RESOURCE_UNAVAIL);
         kept.ports.insert(port);
     });
 }
@@ -271,7 +270,7 @@ vx_status_e vx_cpu_packet_tx(vx_dev_id_t dev_id, vx_uint16 pkt_len, vx_uint8 *p_
                              vx_cpu_send_frame_cfg_t *p_cfg) {
     return on_device(__func__, dev_id, {p_pkt_buff, p_cfg}, [&](Device &device) {
         const bool message = p_cfg->is_gpon_omci || p_cfg->is_epon_oam;
-        check_range(pkt_len, message ? 1 : kMinFrame, kMaxFrame);
+        check_range(pkt_len, message ? 1 : min_frame, max_frame);
         check_range(p_cfg->pkt_priority, 0, LMQ_MAX_COS - 1);
         check_typed_port(p_cfg->port_type, p_cfg->port_num);
         refuse_if(message && p_cfg->port_num != VX_PORT_SNI0, VX_ERR_PORT_TYPE_MISMATCH);
@@ -282,6 +281,7 @@ vx_status_e vx_cpu_packet_tx(vx_dev_id_t dev_id, vx_uint16 pkt_len, vx_uint8 *p_
             interface.tx_bytes.add(pkt_len);
         }
         count_sent(device, *p_cfg, p_pkt_buff, pkt_len);
+        if (!message) latch_egress_time(device, p_cfg->port_num, p_pkt_buff, pkt_len);
     });
 }
 

@@ -1,9 +1,5 @@
-/**
- * @file
- * @brief What a device keeps of the packet path to and from the CPU.
- */
-#ifndef LMQ_DRIVER_CPU_PACKET_H
-#define LMQ_DRIVER_CPU_PACKET_H
+// What a device keeps of the packet path to and from the CPU.
+#pragma once
 
 #include <cstdint>
 #include <map>
@@ -15,7 +11,7 @@
 
 namespace lmq::sim {
 
-/** @brief A port as packets to and from the CPU name it. */
+/// A port as packets to and from the CPU name it.
 struct CpuPort {
     vx_port_type_t type;
     vx_uint16 port;
@@ -24,17 +20,17 @@ struct CpuPort {
     auto operator<=>(const CpuPort &) const = default;
 };
 
-/** @brief A trap of one type of packet. */
+/// A trap of one type of packet.
 struct CpuTrap {
     bool enabled = true;
     std::set<CpuPort> ports;
 };
 
-/** @brief State of the family. */
+/// State of the family.
 struct CpuPackets {
     CpuPackets();
 
-    std::map<vx_uint32, CpuTrap> traps; /**< By handle, which is the type of packet. */
+    std::map<vx_uint32, CpuTrap> traps;  ///< By handle, which is the type of packet.
     std::map<std::tuple<vx_l2_spcl_pkt_type_t, vx_port_type_t, vx_uint16>, Counter<vx_uint32>> trapped;
 
     std::map<std::tuple<vx_port_id_t, vx_l2_spcl_pkt_type_t>, lmq_fe_spcl_pkt_ctrl_t> control;
@@ -45,5 +41,3 @@ struct CpuPackets {
 };
 
 }  // namespace lmq::sim
-
-#endif

@@ -1,38 +1,42 @@
-/**
- * @file
- * @brief The Ethernet ports.
- *
- * Choices, each for want of a rule:
- * - Ethernet ports are VX_PORT_MGMT and the LMQ_PORT_ETH_NUM ports from VX_PORT_ETH0, and VX_PORT_SNI0 in active
- * Ethernet mode. Another port that exists is VX_ERR_PORT_TYPE_MISMATCH.
- * - A port starts as the start configuration has it if add_port is set there, else down. It can be used in either case.
- * - A port whose PHY type is GMII, RGMII, SGMII or GIGE is a Gigabit port; it can do half duplex up to 100 Mbit/s.
- * - A port that is up has a link: the partner takes the best that the mode allows. A port that is down has none, and
- *   speed and duplex are INVALID.
- * - A mode that is beyond a Fast Ethernet port is VX_ERR_PORT_INVALID_CFG, and a restart of negotiation in a forced
- * mode VX_ERR_PORT_INVALID_OP.
- * - A loopback that is on has to be switched off before another, or the same, is switched on.
- * - EEE is there on the ports from VX_PORT_ETH0 alone. Sleep is refused while EEE is off, and ends with it.
- * - Queues are empty: each that selects a level is below its low one, and none above its high one. No pause is seen.
- * - A low water mark above the high one is VX_ERR_PORT_INVALID_CFG.
- * - Each of the 32 PHYs has 32 registers that are 0 at first and keep what is written, without an effect.
- * - Gaps, times, rates and levels have no unit here: they are kept. Gaps begin as 12.
- * - A change of the link of a port from VX_PORT_ETH0 raises VX_EVENT_ETH_LINK_STATUS_CHNG. A link that is there from
- *   the start is no change.
- */
+// The Ethernet ports.
+//
+// Choices, each for want of a rule:
+// - Ethernet ports are VX_PORT_MGMT and the LMQ_PORT_ETH_NUM ports from VX_PORT_ETH0, and VX_PORT_SNI0 in active
+//   Ethernet mode. Another port that exists is VX_ERR_PORT_TYPE_MISMATCH.
+// - A port starts as the start configuration has it if add_port is set there, else down. It can be used in either
+//   case.
+// - A port whose PHY type is GMII, RGMII, SGMII or GIGE is a Gigabit port; it can do half duplex up to 100 Mbit/s.
+// - A port that is up has a link: the partner takes the best that the mode allows. A port that is down has none, and
+//   speed and duplex are INVALID.
+// - A mode that is beyond a Fast Ethernet port is VX_ERR_PORT_INVALID_CFG.
+// - A negotiation that is restarted takes 100 ms of the simulator's clock, in which there is no link. In a forced
+//   mode it is VX_ERR_PORT_INVALID_OP.
+// - A loopback that is on has to be switched off before another, or the same, is switched on.
+// - EEE is there on the ports from VX_PORT_ETH0 alone. Sleep is refused while EEE is off, and ends with it.
+// - Queues are empty: each that selects a level is below its low one, and none above its high one. No pause is seen.
+// - A low water mark above the high one is VX_ERR_PORT_INVALID_CFG.
+// - The registers of the PHYs are those of the MDIO slaves, which can be reached here while the bus is disabled too.
+// - Gaps, times, rates and levels have no unit here: they are kept. Gaps begin as 12.
+// - A change of the link of a port from VX_PORT_ETH0 raises VX_EVENT_ETH_LINK_STATUS_CHNG, and
+//   VX_EVENT_ETH_PHY_MODE_CHNG too if there is a link before and behind it. A link that is there from the start is no
+//   change. So do the state of EEE and the levels of its queues raise VX_EVENT_EEE_SLEEP_STATE_CHNG and
+//   VX_EVENT_EEE_QUEUE_STATUS_CHNG.
 #include "driver/eth_port.h"
 
 #include <algorithm>
 #include <iterator>
 
 #include "driver/chip.h"
+#include "driver/store.h"
 
 namespace lmq::sim {
 
 namespace {
 
-constexpr vx_uint8 kLastMdio = 31;
-constexpr vx_uint8 kLeastGap = 12;
+using namespace std::chrono_literals;
+
+constexpr vx_uint8 least_gap = 12;
+constexpr Clock::Time negotiation_time = 100ms;
 
 bool has_eee(vx_port_id_t port_id) { return port_id >= VX_PORT_ETH0; }
 
@@ -50,8 +54,8 @@ EthPort start(const Device &device, vx_port_id_t port_id) {
                    .port_type = VX_ETH_TYPE_GE,
                    .phy_mode = added ? given->phy_mode : VX_ETH_PHY_MODE_MAC,
                    .phy_type = added ? given->phy_type : VX_ETH_PHY_TYPE_GMII,
-                   .tx_ipg = kLeastGap,
-                   .rx_ipg = kLeastGap,
+                   .tx_ipg = least_gap,
+                   .rx_ipg = least_gap,
                    .tx_enable = TRUE,
                    .rx_enable = TRUE,
                    .crc_bypass = FALSE,
@@ -85,7 +89,7 @@ EthPort &eth_port(Device &device, vx_port_id_t port_id) {
 
 namespace {
 
-/** @brief The link that a mode comes to. */
+/// The link that a mode comes to.
 struct Link {
     vx_speed_t speed;
     vx_duplex_t duplex;
@@ -117,28 +121,65 @@ Link link(vx_eth_port_mode_t mode, vx_eth_cap_t type) {
     throw Refusal{VX_ERR_GLBL_RANGE_CHECK_FAIL};
 }
 
-/** @brief Changes a port, and raises an event if that has changed its link. */
+bool sleeps(const EthPort &port) { return port.sleep_ctrl.sleep_cmd == VX_EEE_CMD_SLEEP; }
+
+/// The queues that are below their low level, as bits: all that select one, as they are empty.
+vx_uint8 below_low_level(const EthPort &port) {
+    unsigned queues = 0;
+    for (std::size_t queue = 0; queue < LMQ_MAX_COS; ++queue) {
+        if (port.thresholds.queue_low_thresh_sel[queue] != VX_INVALID_QUEUE_THRESH_INDX) queues |= 1U << queue;
+    }
+    return static_cast<vx_uint8>(queues);
+}
+
+/// What the events of a port tell of, as their data.
+struct Condition {
+    lmq_event_data_u link{}, mode{}, sleep{}, queues{};
+
+    explicit Condition(const EthPort &port) {
+        const vx_eth_port_status_t now = link_of(port);
+        link.link_chng_data = {now.speed, now.duplex, as_boolean(now.link_status == VX_LINK_UP)};
+        mode.phy_mode_data = {now.speed, now.duplex};
+        sleep.eee_data = {VX_EEE_TX_DIR, sleeps(port) ? VX_EEE_STATE_SLEEP : VX_EEE_STATE_NORMAL};
+        queues.eee_queue_status = {below_low_level(port), 0};
+    }
+};
+
+/// Raises the events that tell how a port has changed.
+void report(Device &device, vx_port_id_t port_id, const Condition &before, const Condition &now) {
+    const auto &old_link = before.link.link_chng_data, &link = now.link.link_chng_data;
+    const bool same_mode = link.speed == old_link.speed && link.duplex == old_link.duplex;
+    if (link.link_up != old_link.link_up || !same_mode) {
+        raise_change(device, {VX_EVENT_ETH_LINK_STATUS_CHNG, port_id, 0}, before.link, now.link);
+    }
+    if (link.link_up && old_link.link_up && !same_mode) {
+        raise_change(device, {VX_EVENT_ETH_PHY_MODE_CHNG, port_id, 0}, before.mode, now.mode);
+    }
+    if (now.sleep.eee_data.eee_state != before.sleep.eee_data.eee_state) {
+        raise_change(device, {VX_EVENT_EEE_SLEEP_STATE_CHNG, port_id, 0}, before.sleep, now.sleep);
+    }
+    if (now.queues.eee_queue_status.low_thresh != before.queues.eee_queue_status.low_thresh) {
+        raise_change(device, {VX_EVENT_EEE_QUEUE_STATUS_CHNG, port_id, 0}, before.queues, now.queues);
+    }
+}
+
+/// Changes a port, and raises the events that tell of it.
 template <typename Body>
 void change(Device &device, vx_port_id_t port_id, Body body) {
     EthPort &port = eth_port(device, port_id);
-    const vx_eth_port_status_t before = link_of(port);
+    const Condition before(port);
     body(port);
-    const vx_eth_port_status_t now = link_of(port);
-    const bool same = before.link_status == now.link_status && before.speed == now.speed && before.duplex == now.duplex;
-    if (same || port_id < VX_PORT_ETH0) return;
-    lmq_event_data_u data{};
-    data.link_chng_data = {now.speed, now.duplex, as_boolean(now.link_status == VX_LINK_UP)};
-    raise_event(device, {VX_EVENT_ETH_LINK_STATUS_CHNG, port_id, 0}, data);
+    if (port_id >= VX_PORT_ETH0) report(device, port_id, before, Condition(port));
 }
 
-/** @brief Runs an operation on an Ethernet port, as on_device() on a device. */
+/// Runs an operation on an Ethernet port, as on_device() on a device.
 template <typename Body>
 vx_status_e on_port(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id,
                     std::initializer_list<const void *> pointers, Body body) noexcept {
     return on_device(function, dev_id, pointers, [&](Device &device) { change(device, port_id, body); });
 }
 
-/** @brief The same, for an operation of EEE. */
+/// The same, for an operation of EEE.
 template <typename Body>
 vx_status_e on_eee_port(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id, const void *pointer,
                         Body body) noexcept {
@@ -148,7 +189,7 @@ vx_status_e on_eee_port(const char *function, vx_dev_id_t dev_id, vx_port_id_t p
     });
 }
 
-/** @brief Refuses what is neither the index of a level nor "no level". */
+/// Refuses what is neither the index of a level nor "no level".
 void check_selection(const vx_uint8 (&queues)[LMQ_MAX_COS]) {
     for (const vx_uint8 index : queues) {
         if (index != VX_INVALID_QUEUE_THRESH_INDX) check_range(index, 0, VX_EEE_THRES_MAX_NUM - 1);
@@ -158,9 +199,27 @@ void check_selection(const vx_uint8 (&queues)[LMQ_MAX_COS]) {
 }  // namespace
 
 vx_eth_port_status_t link_of(const EthPort &port) {
-    if (port.config.admin_status == VX_ADMIN_STATUS_DOWN) return {VX_LINK_DOWN, VX_SPEED_INVALID, VX_DUPLEX_INVALID};
+    if (port.config.admin_status == VX_ADMIN_STATUS_DOWN || port.negotiates_until) {
+        return {VX_LINK_DOWN, VX_SPEED_INVALID, VX_DUPLEX_INVALID};
+    }
     const Link now = link(port.mode, port.config.port_type);
     return {VX_LINK_UP, now.speed, now.duplex};
+}
+
+void pass_time(Device &device, EthPorts &ports) {
+    for (const auto &[port_id, port] : ports.ports) {
+        if (!port.negotiates_until || *port.negotiates_until > device.system.clock.now()) continue;
+        change(device, port_id, [](EthPort &done) { done.negotiates_until.reset(); });
+    }
+}
+
+void reset(Device &device, EthPorts &ports) {
+    for (const auto &[port_id, port] : ports.ports) {
+        change(device, port_id, [&](EthPort &changed) {
+            changed.stats = {};
+            changed.negotiates_until = device.system.clock.now() + negotiation_time;
+        });
+    }
 }
 
 void set_admin_status(Device &device, vx_port_id_t port_id, vx_admin_status_t status) {
@@ -210,9 +269,11 @@ vx_status_e vx_eth_port_mode_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_et
 }
 
 vx_status_e vx_eth_port_auto_nego_restart(vx_dev_id_t dev_id, vx_port_id_t port_id) {
-    return on_port(__func__, dev_id, port_id, {}, [&](EthPort &port) {
-        // Negotiation takes no time and ends as it did before.
-        refuse_if(port.mode >= VX_ETH_PORT_MODE_FORCE_RATE_10_DUPLEX_FULL, VX_ERR_PORT_INVALID_OP);
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        change(device, port_id, [&](EthPort &port) {
+            refuse_if(port.mode >= VX_ETH_PORT_MODE_FORCE_RATE_10_DUPLEX_FULL, VX_ERR_PORT_INVALID_OP);
+            port.negotiates_until = device.system.clock.now() + negotiation_time;
+        });
     });
 }
 
@@ -235,17 +296,17 @@ vx_status_e vx_eth_port_loopback_get(vx_dev_id_t dev_id, vx_port_id_t port_id, v
 
 vx_status_e eth_port_phy_mdio_write(vx_dev_id_t dev_id, vx_uint8 phy_addr, vx_uint8 reg_addr, vx_uint16 phy_reg_val) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        check_range(phy_addr, 0, kLastMdio);
-        check_range(reg_addr, 0, kLastMdio);
-        device.eth_port.registers.set({phy_addr, reg_addr}, phy_reg_val);
+        check_mdio(phy_addr, reg_addr, 1);
+        device.peripheral.mdio_registers.set({phy_addr, reg_addr}, phy_reg_val);
+        report_mdio(device);
     });
 }
 
 vx_status_e eth_port_phy_mdio_read(vx_dev_id_t dev_id, vx_uint8 phy_addr, vx_uint8 reg_addr, vx_uint16 *p_phy_reg_val) {
     return on_device(__func__, dev_id, {p_phy_reg_val}, [&](Device &device) {
-        check_range(phy_addr, 0, kLastMdio);
-        check_range(reg_addr, 0, kLastMdio);
-        *p_phy_reg_val = device.eth_port.registers.get({phy_addr, reg_addr});
+        check_mdio(phy_addr, reg_addr, 1);
+        *p_phy_reg_val = device.peripheral.mdio_registers.get({phy_addr, reg_addr});
+        report_mdio(device);
     });
 }
 
@@ -302,18 +363,13 @@ vx_status_e vx_eth_port_eee_tx_q_threshold_get(vx_dev_id_t dev_id, vx_port_id_t 
 vx_status_e vx_eth_port_eee_tx_q_status_get(vx_dev_id_t dev_id, vx_port_id_t port_id,
                                             vx_eth_port_eee_tx_q_status_t *p_status) {
     return on_eee_port(__func__, dev_id, port_id, p_status, [&](EthPort &port) {
-        vx_uint8 below = 0;
-        for (std::size_t queue = 0; queue < LMQ_MAX_COS; ++queue) {
-            const bool selects = port.thresholds.queue_low_thresh_sel[queue] != VX_INVALID_QUEUE_THRESH_INDX;
-            below = static_cast<vx_uint8>(below | (selects ? 1U << queue : 0U));
-        }
-        *p_status = {TRUE, below, 0};
+        *p_status = {TRUE, below_low_level(port), 0};
     });
 }
 
 vx_status_e vx_eth_port_eee_state_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_eth_port_state_t *p_state) {
     return on_eee_port(__func__, dev_id, port_id, p_state, [&](EthPort &port) {
-        const bool asleep = port.sleep_ctrl.sleep_cmd == VX_EEE_CMD_SLEEP;
+        const bool asleep = sleeps(port);
         *p_state = {asleep ? VX_EEE_STATE_SLEEP : VX_EEE_STATE_NORMAL,
                     asleep ? VX_EEE_SM_STATE_LOW_POWER : VX_EEE_SM_STATE_NORMAL, FALSE, FALSE};
     });
@@ -357,10 +413,8 @@ vx_status_e vx_eth_port_flowctrl_enable_get(vx_dev_id_t dev_id, vx_port_id_t por
 
 vx_status_e vx_eth_port_stats_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_eth_port_stats_t *p_stats,
                                   vx_boolean clear) {
-    return on_port(__func__, dev_id, port_id, {p_stats}, [&](EthPort &port) {
-        *p_stats = port.stats;
-        if (clear) port.stats = {};
-    });
+    return on_port(__func__, dev_id, port_id, {p_stats},
+                   [&](EthPort &port) { read_counters(port.stats, p_stats, clear != FALSE); });
 }
 
 vx_status_e vx_eth_port_stats_clear(vx_dev_id_t dev_id, vx_port_id_t port_id) {

@@ -1,19 +1,15 @@
-/**
- * @file
- * @brief What a device keeps of the Ethernet ports: configuration and counters of each, and the registers of the PHYs.
- */
-#ifndef LMQ_DRIVER_ETH_PORT_H
-#define LMQ_DRIVER_ETH_PORT_H
+// What a device keeps of the Ethernet ports: configuration and counters of each.
+#pragma once
 
 #include <map>
-#include <utility>
+#include <optional>
 
-#include "driver/store.h"
+#include "driver/clock.h"
 #include "lmq/lmq.h"
 
 namespace lmq::sim {
 
-/** @brief A port. Its structures are kept as the get of each answers it, mask included. */
+/// A port. Its structures are kept as the get of each answers it, mask included.
 struct EthPort {
     vx_eth_port_cfg_t config{};
     vx_eth_port_mode_t mode = VX_ETH_PORT_MODE_AUTO_RATE_AUTO_DUPLEX_AUTO;
@@ -25,25 +21,29 @@ struct EthPort {
     vx_boolean rx_pause = FALSE;
     vx_boolean tx_pause = FALSE;
     vx_eth_port_stats_t stats{};
+    std::optional<Clock::Time> negotiates_until;  ///< While rate and duplex are negotiated again, there is no link.
 };
 
-/** @brief State of the family. */
+/// State of the family.
 struct EthPorts {
-    std::map<vx_port_id_t, EthPort> ports;                       /**< Those that were used so far. */
-    Setting<std::pair<vx_uint8, vx_uint8>, vx_uint16> registers; /**< By PHY address and register. */
+    std::map<vx_port_id_t, EthPort> ports;  ///< Those that were used so far.
 };
 
 struct Device;
 
-/** @brief A port, for the other families. Refuses one that is none, or no Ethernet port. */
+/// A port, for the other families. Refuses one that is none, or no Ethernet port.
 EthPort &eth_port(Device &device, vx_port_id_t port_id);
 
-/** @brief The state of a port's link. */
+/// The state of a port's link.
 vx_eth_port_status_t link_of(const EthPort &port);
 
-/** @brief Takes a port up or down, as vx_eth_port_config_set() does. */
+/// Ends the negotiations that have had their time.
+void pass_time(Device &device, EthPorts &ports);
+
+/// Resets the MACs: their counters begin again, and links that are there are negotiated again.
+void reset(Device &device, EthPorts &ports);
+
+/// Takes a port up or down, as vx_eth_port_config_set() does.
 void set_admin_status(Device &device, vx_port_id_t port_id, vx_admin_status_t status);
 
 }  // namespace lmq::sim
-
-#endif

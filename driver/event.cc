@@ -1,24 +1,26 @@
-/**
- * @file
- * @brief The event family: status, pending events, counts, holdover, throttling and debug events.
- *
- * Choices:
- * - To notify an event is to print it if a debug handler is registered for it, and else to log it (module evt, level
- *   info): there is no callback behind this interface. What falls due is notified at the next call of any function.
- * - The units of holdover_time and interval are 10 ms.
- * - Ethernet and EEE events belong to an Ethernet port, GPON events to the SNI, PCM events to the VoIP port; those of
- *   forwarding engine and buffer manager that are not the device's belong to any port. All others are the device's, and
- *   port and sub-port are not looked at.
- * - Sub-ports count for the forwarding engine's events on the SNI alone, where they are GEM ports.
- * - Every event is latched until its status is cleared, but for operations that are done, and timers: these cannot be
- *   polled and have no holdover. Timers have no throttle either.
- * - An event that occurs again while it is pending stays due at the first time, with the data of the last.
- * - The interval of a throttle begins with the first occurrence. The occurrence that reaches the count is the last that
- * is notified, and raises VX_EVENT_THROTTLED; those behind it are pending to the end of the interval.
- * - A new throttle begins a new interval, and releases what the old one held.
- * - lmq_dbg_generate_event raises any event that there is, with data of 0; alarms and OMCC state come as raised.
- * - There are 64 debug handlers. One is told by event, kernel or user space, and port (all_ports: every port).
- */
+// The event family: status, pending events, counts, holdover, throttling and debug events.
+//
+// Choices:
+// - To notify an event is to print it if a debug handler is registered for it, and else to log it (module evt, level
+//   info): there is no callback behind this interface. What falls due is notified at the next call of any function.
+// - The units of holdover_time and interval are 10 ms.
+// - Ethernet and EEE events belong to an Ethernet port, GPON events to the SNI, PCM events to the VoIP port; those of
+//   forwarding engine and buffer manager that are not the device's belong to any port. All others are the device's,
+//   and port and sub-port are not looked at.
+// - Sub-ports count for the forwarding engine's events on the SNI alone, where they are GEM ports.
+// - Every event is latched until its status is cleared, but for operations that are done, and timers: these cannot be
+//   polled and have no holdover. Timers have no throttle either.
+// - An event that occurs again while it is pending stays due at the first time, with the data of the last.
+// - A holdover forgets its event when the condition has gone before its time: when a link, the ONU, the OMCC, an
+//   alarm or energy-efficient Ethernet is again as it was, when interrupts of pins are cleared, when the FDB has room
+//   again.
+// - While interrupts are off, holdovers and throttles go on; what falls due then is notified when interrupts are on.
+// - The interval of a throttle begins with the first occurrence. The occurrence that reaches the count is the last
+//   that is notified, and raises VX_EVENT_THROTTLED; those behind it are pending to the end of the interval.
+// - A new throttle begins a new interval, and releases what the old one held.
+// - lmq_dbg_generate_event raises any event that there is, with data of 0; alarms and OMCC state come as raised, and
+//   VX_EVENT_PTP_GET_TS with the PTP time.
+// - There are 64 debug handlers. One is told by event, kernel or user space, and port (all_ports: every port).
 #include "driver/event.h"
 
 #include <algorithm>
@@ -31,7 +33,7 @@ namespace lmq::sim {
 
 namespace {
 
-constexpr vx_uint16 kMaxGemPortId = 4095; /* ITU-T G.984.3: 12 bits. */
+constexpr vx_uint16 max_gem_port_id = 4095;  // ITU-T G.984.3: 12 bits.
 
 enum class Place { device, eth_port, sni, voip_port, any_port };
 
@@ -41,7 +43,7 @@ struct Range {
     Place place;
 };
 
-constexpr std::array kRanges = {
+constexpr std::array event_ranges = {
     Range{VX_EVENT_DEV_BASE, VX_EVENT_DEV_MAX, Place::device},
     Range{VX_EVENT_ETH_BASE, VX_EVENT_ETH_MAX, Place::eth_port},
     Range{VX_EVENT_PTP_BASE, VX_EVENT_PTP_MAX, Place::device},
@@ -65,15 +67,16 @@ bool is_moment(vx_event_type_e type) {
         case VX_EVENT_SPI_INTR_BURST_OP_DONE:
         case VX_EVENT_SPI_INTR_OP_DONE:
         case VX_EVENT_PTP_SET_TS:
-        case VX_EVENT_PTP_GET_TS:
         case VX_EVENT_PTP_1PPS_OUTPUT_DONE:
         case VX_EVENT_GPON_PLOAMU_TX_DONE: return true;
         default: return false;
     }
 }
 
+bool is_alarm(vx_event_type_e type) { return type >= VX_EVENT_GPON_ALM_LOS && type <= VX_EVENT_GPON_ALM_RDI; }
+
 Place place_of(vx_event_type_e type) {
-    for (const Range &range : kRanges) {
+    for (const Range &range : event_ranges) {
         if (type >= range.first && type < range.end) return range.place;
     }
     throw Refusal{VX_ERR_EVT_INVALID_EVT_TYPE};
@@ -98,7 +101,7 @@ EventKey checked(EventKey key) {
     refuse_if(!belongs(place, key.port), VX_ERR_EVT_INVALID_PORT);
     const bool has_sub_ports =
         key.port == VX_PORT_SNI0 && key.type >= VX_EVENT_FE_PORT_BASE && key.type < VX_EVENT_FE_PORT_MAX;
-    refuse_if(has_sub_ports && key.sub_port > kMaxGemPortId && key.sub_port != VX_INVALID_PORT_ID,
+    refuse_if(has_sub_ports && key.sub_port > max_gem_port_id && key.sub_port != VX_INVALID_PORT_ID,
               VX_ERR_EVT_INVALID_PORT);
     return {key.type, key.port, has_sub_ports ? key.sub_port : vx_uint16{0}};
 }
@@ -165,7 +168,11 @@ std::optional<Clock::Time> throttle(Device &device, ThrottleWindow &window, vx_u
         throttled.count.add(1);
         throttled.active = true;
         throttled.data = data;
-        notify(device, {VX_EVENT_THROTTLED, 0, 0});
+        if (device.event.interrupts) {
+            notify(device, {VX_EVENT_THROTTLED, 0, 0});
+        } else if (!throttled.pending) {
+            throttled.pending = Pending{Held::by_interrupts_off, now};
+        }
     }
     return std::nullopt;
 }
@@ -188,12 +195,55 @@ std::optional<Pending> held_back(Device &device, EventKey key) {
     }
 
     const vx_event_holdover_cfg_s holdover = holdover_of(device, key);
-    if (!events.interrupts) return Pending{Held::by_interrupts_off, now};
     if (throttled) return Pending{Held::by_throttle, *throttled};
     if (holdover.enable) {
         return Pending{Held::by_holdover, now + in_units(holdover.holdover_time, LMQ_EVENT_HOLDOVER_TIME_UNIT)};
     }
+    if (!events.interrupts) return Pending{Held::by_interrupts_off, now};
     return std::nullopt;
+}
+
+bool held_over(const Occurrence &occurrence) {
+    return occurrence.pending && occurrence.pending->held == Held::by_holdover;
+}
+
+/* Whether the data of an event tells the same state. */
+bool same_state(vx_event_type_e type, const lmq_event_data_u &a, const lmq_event_data_u &b) {
+    switch (type) {
+        case VX_EVENT_ETH_LINK_STATUS_CHNG: {
+            const auto &x = a.link_chng_data, &y = b.link_chng_data;
+            return x.link_up == y.link_up && x.speed == y.speed && x.duplex == y.duplex;
+        }
+        case VX_EVENT_ETH_PHY_MODE_CHNG:
+            return a.phy_mode_data.speed == b.phy_mode_data.speed && a.phy_mode_data.duplex == b.phy_mode_data.duplex;
+        case VX_EVENT_GPON_ONU_STATE_CHNG: return a.onu_state_data.onu_state == b.onu_state_data.onu_state;
+        case VX_EVENT_GPON_OMCC_STATE: return a.omcc_state.status == b.omcc_state.status;
+        case VX_EVENT_EEE_SLEEP_STATE_CHNG: return a.eee_data.eee_state == b.eee_data.eee_state;
+        case VX_EVENT_EEE_QUEUE_STATUS_CHNG:
+            return a.eee_queue_status.low_thresh == b.eee_queue_status.low_thresh &&
+                   a.eee_queue_status.high_thresh == b.eee_queue_status.high_thresh;
+        default: return is_alarm(type) && a.gpon_alm_data.status == b.gpon_alm_data.status;
+    }
+}
+
+/* An event occurs; `before` is the state that it changes, or nullptr. */
+void occur(Device &device, EventKey given, const lmq_event_data_u &data, const lmq_event_data_u *before) {
+    const EventKey key = checked(given);
+    settle(device);
+    const std::optional<Pending> held = held_back(device, key);
+    Occurrence &occurrence = device.event.occurred[key];
+    occurrence.count.add(1);
+    occurrence.active = !is_moment(key.type);
+    occurrence.data = data;
+    if (!held) {
+        occurrence.pending.reset();
+        notify(device, key);
+    } else if (!occurrence.pending) {
+        occurrence.pending = held;
+        if (before) occurrence.before = *before;
+    } else if (before && held_over(occurrence) && same_state(key.type, data, occurrence.before)) {
+        occurrence.pending.reset();
+    }
 }
 
 /* Runs an operation on an event of a place, after what has fallen due was notified. */
@@ -216,14 +266,14 @@ void check_throttle(bool enable, vx_uint32 count, vx_uint32 interval) {
     refuse_if(enable && (count == 0 || interval == 0), VX_ERR_EVT_INVALID_CFG);
 }
 
-constexpr vx_uint32 kPortTypes =
+constexpr vx_uint32 port_type_count =
     VX_PORT_TYPE_GPON | VX_PORT_TYPE_ETH | VX_PORT_TYPE_AE | VX_PORT_TYPE_AE_CASCADE | VX_PORT_TYPE_GEM;
 
 DebugHandlerKey key_of(vx_event_type_e type, vx_boolean in_kernel, const lmq_dbg_event_cfg_s &cfg) {
     place_of(type);
     refuse_if(cfg.context < LMQ_EVENT_CONTEXT_USER || cfg.context >= LMQ_EVENT_CONTEXT_MAX,
               VX_ERR_EVT_INVALID_CONTEXT_TYPE);
-    refuse_if((cfg.port_type_bitmap & ~kPortTypes) != 0, VX_ERR_EVT_INVALID_PORT_BITMAP);
+    refuse_if((cfg.port_type_bitmap & ~port_type_count) != 0, VX_ERR_EVT_INVALID_PORT_BITMAP);
     if (cfg.all_ports) return {type, in_kernel != FALSE, VX_INVALID_PORT_ID};
     return {type, in_kernel != FALSE, checked({type, cfg.port_num, cfg.gem_port_id}).port};
 }
@@ -241,27 +291,23 @@ bool occurs(EventKey key) {
 
 void pass_time(Device &device, Events &) { settle(device); }
 
-lmq_event_data_u debug_event_data(vx_event_type_e type) {
+lmq_event_data_u debug_event_data(const Device &device, vx_event_type_e type) {
     lmq_event_data_u data{};
-    if (type >= VX_EVENT_GPON_ALM_LOS && type <= VX_EVENT_GPON_ALM_RDI) data.gpon_alm_data.status = TRUE;
+    if (is_alarm(type)) data.gpon_alm_data.status = TRUE;
     if (type == VX_EVENT_GPON_OMCC_STATE) data.omcc_state.status = TRUE;
+    if (type == VX_EVENT_PTP_GET_TS) data.get_ts_data = time_stamp(device);
     return data;
 }
 
-void raise_event(Device &device, EventKey given, const lmq_event_data_u &data) {
-    const EventKey key = checked(given);
-    settle(device);
-    const std::optional<Pending> held = held_back(device, key);
-    Occurrence &occurrence = device.event.occurred[key];
-    occurrence.count.add(1);
-    occurrence.active = !is_moment(key.type);
-    occurrence.data = data;
-    if (!held) {
-        occurrence.pending.reset();
-        notify(device, key);
-    } else if (!occurrence.pending) {
-        occurrence.pending = held;
-    }
+void raise_event(Device &device, EventKey key, const lmq_event_data_u &data) { occur(device, key, data, nullptr); }
+
+void raise_change(Device &device, EventKey key, const lmq_event_data_u &before, const lmq_event_data_u &now) {
+    occur(device, key, now, &before);
+}
+
+void end_event(Device &device, EventKey given) {
+    const auto found = device.event.occurred.find(checked(given));
+    if (found != device.event.occurred.end() && held_over(found->second)) found->second.pending.reset();
 }
 
 }  // namespace lmq::sim
@@ -418,7 +464,7 @@ vx_status_e lmq_deregister_debug_event(vx_dev_id_t dev_id, vx_event_type_e event
 vx_status_e lmq_dbg_generate_event(vx_dev_id_t dev_id, vx_uint32 evt_type, vx_uint16 port_num, vx_uint16 sub_port) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
         const auto type = static_cast<vx_event_type_e>(evt_type);
-        raise_event(device, {type, port_num, sub_port}, debug_event_data(type));
+        raise_event(device, {type, port_num, sub_port}, debug_event_data(device, type));
     });
 }
 

@@ -1,7 +1,4 @@
-/**
- * @file
- * @brief Reads faults, and tells which call has to fail.
- */
+// Reads faults, and tells which call has to fail.
 #include "driver/fault.h"
 
 #include <dlfcn.h>

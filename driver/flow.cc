@@ -1,18 +1,17 @@
-/**
- * @file
- * @brief The flows: add, delete, modify, map and list, in both directions.
- *
- * Choices of this family:
- * - Each direction has 64 flows. Ids are given out from 1, and none is used in both directions.
- * - An upstream key takes the key types up to EXT_VLAN_DSCP; a downstream key takes all types but that one.
- * - A second flow with the key, the port and the priority of another is refused.
- * - An action that is not flagged leaves the packet alone. A get flags the actions that were set.
- * - A modify sets the flagged actions and the key; a key of type INVALID leaves the key as it is.
- * - An upstream flow leaves by the SNI or the CPU port. In a GPON device its sub-port is a GEM port of 12 bits.
- * - A mapping to the GEM port of another priority queue replaces a fixed queue. If the GEM port has no queue, the flow
- *   has no fixed queue any more.
- * - Deleting a flow takes it from its policer.
- */
+// The flows: add, delete, modify, map and list, in both directions.
+//
+// Choices of this family:
+// - Each direction has 64 flows. Ids are given out from 1, and none is used in both directions.
+// - An upstream key takes the key types up to EXT_VLAN_DSCP; a downstream key takes all types but that one.
+// - A second flow with the key, the port and the priority of another is refused.
+// - An action that is not flagged leaves the packet alone. A get flags the actions that were set.
+// - A modify sets the flagged actions and the key; a key of type INVALID leaves the key as it is.
+// - An upstream flow leaves by the SNI or the CPU port. On the SNI its sub-port is a GEM port of 12 bits in a GPON
+//   device, and an LLID, 0 to 7, in an EPON device; an LLID has four of the priority queues, in order.
+// - A mapping to a sub-port that has other priority queues replaces a fixed queue, by the first of its own. If a GEM
+//   port has no queue, the flow has no fixed queue any more.
+// - As long as the GEM port that an upstream flow is mapped to is in loopback, no packet of the flow passes.
+// - Deleting a flow takes it from its policer.
 #include "driver/flow.h"
 
 #include <cstring>
@@ -25,8 +24,9 @@ namespace {
 
 using Action = vx_flow_us_action_t;  // of both directions
 
-constexpr vx_uint16 kLastGemPort = 0xfff;  // ITU-T G.984.3: 12 bits
-constexpr vx_vid_t kLastVid = 0xfff;       // IEEE 802.1Q: 12 bits
+constexpr vx_uint16 llid_count = 8;
+constexpr vx_uint16 queues_of_llid = GponTm::us_queue_count / llid_count;
+constexpr vx_vid_t last_vid = 0xfff;  // IEEE 802.1Q: 12 bits
 
 void check(const vx_flow_us_key_t &key) {
     refuse_if(key.key_type <= VX_CL_KEY_INVALID || key.key_type > VX_CL_KEY_EXT_VLAN_DSCP,
@@ -47,7 +47,7 @@ void check(const vx_flow_vlan_action_t &act) {
     check_range(act.de_act, 0, VX_FLOW_DE_ACTION_MAX - 1);
     check_range(act.pbit, 0, LMQ_MAX_DOT1P - 1);
     check_range(act.de, 0, 1);
-    refuse_if(act.vid > kLastVid, VX_ERR_FE_INVALID_VLAN_ID);
+    refuse_if(act.vid > last_vid, VX_ERR_FE_INVALID_VLAN_ID);
 }
 
 void check(const vx_flow_dot1p_action_t &act) {
@@ -102,7 +102,7 @@ void take(Action &kept, const Action &given) {
 /* The two directions, for what they do alike. */
 struct Upstream {
     using Key = vx_flow_us_key_t;
-    static constexpr unsigned kQueues = GponTm::kUsQueues;
+    static constexpr unsigned queue_count = GponTm::us_queue_count;
     static auto &table(Device &device) { return device.flow.upstream; }
     static vx_flow_us_cfg_t &cfg(vx_flow_us_cfg_t &flow) { return flow; }
     static vx_port_id_t port(const vx_flow_us_cfg_t &flow) { return flow.port_num; }
@@ -117,7 +117,7 @@ struct Upstream {
 
 struct Downstream {
     using Key = vx_flow_ds_key_t;
-    static constexpr unsigned kQueues = CosQueues::kPortQueues;
+    static constexpr unsigned queue_count = CosQueues::port_queue_count;
     static auto &table(Device &device) { return device.flow.downstream; }
     static vx_flow_ds_cfg_t &cfg(Flows::Downstream &flow) { return flow.cfg; }
     static vx_port_id_t port(const Flows::Downstream &flow) { return flow.port; }
@@ -151,10 +151,10 @@ void add(Device &device, vx_port_id_t port, const typename Direction::Key &key, 
          vx_flow_id_t *id) {
     check_port(port);
     check(key);
-    check(action, Direction::kQueues);
+    check(action, Direction::queue_count);
     check_unique<Direction>(device, port, priority, LMQ_INVALID_FLOW_ID, key);
     auto &table = Direction::table(device);
-    refuse_if(table.size() >= Flows::kCapacity, VX_ERR_FE_CLS_ENTRY_UNAVAIL);
+    refuse_if(table.size() >= Flows::max_flows, VX_ERR_FE_CLS_ENTRY_UNAVAIL);
     const auto given = device.flow.ids.give();
     refuse_if(!given, VX_ERR_FE_CLS_ENTRY_UNAVAIL);
 
@@ -184,7 +184,7 @@ void modify(Device &device, vx_flow_id_t id, const typename Direction::Key &key,
         check(key);
         check_unique<Direction>(device, Direction::port(flow), Direction::cfg(flow).pri, id, key);
     }
-    check(action, Direction::kQueues);
+    check(action, Direction::queue_count);
     merge(has_key, Direction::cfg(flow).key, key);
     take(Direction::cfg(flow).action, action);
 }
@@ -204,6 +204,22 @@ void get(Device &device, vx_flow_id_t id, typename Direction::Key *key, Action *
     const auto &cfg = Direction::cfg(find<Direction>(device, id));
     *key = cfg.key;
     *action = cfg.action;
+}
+
+/* What a mapping does to a fixed queue. */
+
+void map_to_gem(Device &device, Action &action, vx_uint16 gem) {
+    const vx_uint16 *queue = device.gpon_tm.us_queue.find(gem);
+    if (queue == nullptr) {
+        action.valid.mask_s.queue_id = 0;
+    } else if (action.valid.mask_s.queue_id) {
+        action.queue_id = static_cast<vx_uint8>(*queue);
+    }
+}
+
+void map_to_llid(Action &action, vx_uint16 llid) {
+    if (!action.valid.mask_s.queue_id || action.queue_id / queues_of_llid == llid) return;
+    action.queue_id = static_cast<vx_uint8>(llid * queues_of_llid);
 }
 
 }  // namespace
@@ -239,17 +255,16 @@ vx_status_e vx_flow_us_map(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_uint16 s
         vx_flow_us_cfg_t &flow = find<Upstream>(device, flow_id);
         check_port(sni_port_num);
         refuse_if(sni_port_num != VX_PORT_SNI0 && sni_port_num != VX_PORT_CPU, VX_ERR_PORT_TYPE_MISMATCH);
-        const bool on_gem = sni_port_num == VX_PORT_SNI0 && device.config.dev_mode == LMQ_DEV_MODE_GPON;
-        refuse_if(on_gem && sni_sub_port > kLastGemPort, VX_ERR_GPON_INVALID_GEM_PORT);
-
+        const bool on_sni = sni_port_num == VX_PORT_SNI0;
+        if (on_sni && device.config.dev_mode == LMQ_DEV_MODE_GPON) {
+            check_gem(sni_sub_port);
+            map_to_gem(device, flow.action, sni_sub_port);
+        } else if (on_sni && device.config.dev_mode == LMQ_DEV_MODE_EPON) {
+            check_range(sni_sub_port, 0, llid_count - 1);
+            map_to_llid(flow.action, sni_sub_port);
+        }
         flow.map_port = sni_port_num;
         flow.map_sub_port = sni_sub_port;
-        if (!on_gem || !flow.action.valid.mask_s.queue_id) return;
-        if (const vx_uint16 *queue = device.gpon_tm.us_queue.find(sni_sub_port)) {
-            flow.action.queue_id = static_cast<vx_uint8>(*queue);
-        } else {
-            flow.action.valid.mask_s.queue_id = 0;
-        }
     });
 }
 

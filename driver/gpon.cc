@@ -1,32 +1,34 @@
-/**
- * @file
- * @brief The GPON port: activation, T-CONTs, GEM ports and the PLOAM channel, with an OLT at the other end.
- *
- * Choices, a line each:
- * - The PON port is port 0, and only of a device in mode GPON: VX_ERR_PORT_TYPE_MISMATCH for the other ports and modes.
- * - Configuration, T-CONTs and GEM ports are taken in every state of the ONU, and kept when the port is left.
- * - vendor_id, serial_num, passwd and the laser times begin as the start configuration says, thresholds at 10 to the
- *   -5 and -6 for signal fail, -9 and -10 for signal degrade. With auto_register activation begins with the device.
- *   Activating an active port changes nothing; leaving ends in O1.
- * - An active port takes 100 ms of the simulator's clock for each state from O1 to O5. The OLT gives ONU-ID 1 on the
- * way into O4, and GEM port 1 for management in O5; before that they are 255 and -1.
- * - Each change of the state raises VX_EVENT_GPON_ONU_STATE_CHNG. On the way to operation the ONU-ID and the OMCC raise
- *   theirs, and the OMCC once more when operation ends.
- * - The fibre is always plugged in: there is a signal as long as the port is active.
- * - A laser that is always off takes the ONU back to O2, and it does not get beyond O3. `dir` is not looked at.
- * - A forced state (O1 to O7) stays until another is forced, or the port is left or activated.
- * - T-CONT 0, the default one, carries management with the ONU-ID as its Alloc-Id whatever is set here. For GEM ports
- * it is enabled as the others are. Enabling a T-CONT again gives it another Alloc-Id. An Alloc-Id has 12 bits and
- * belongs to one T-CONT. A T-CONT that GEM ports go through is not disabled: VX_ERR_DEV_BUSY.
- * - GEM ports have 12 bits. An upstream one needs its T-CONT enabled. The index is the lowest that is free.
- * - Deleting a GEM port detaches it: its queue maps and its rate limit are forgotten, it leaves all bridges, and its
- *   counters begin again. Flows keep its number. Disabling a T-CONT clears its counters; its scheduler and the queues
- *   that go to it are settings of the number, and stay.
- * - Lists are filled as far as the count given allows, and the count answers how many there are.
- * - The OLT sends Upstream_Overhead, Assign_ONU-ID and Ranging_Time once each, as the ONU leaves O2, O3 and O4. The
- * last 16 messages that nobody took are kept. Of what is sent upstream, which takes O3 or later, it answers nothing: a
- *   message of module `gpon` at VX_LOG_LVL_INFO shows it.
- */
+// The GPON port: activation, T-CONTs, GEM ports and the PLOAM channel, with an OLT at the other end.
+//
+// Choices, a line each:
+// - The PON port is port 0, and only of a device in mode GPON: VX_ERR_PORT_TYPE_MISMATCH for the other ports and
+//   modes.
+// - Configuration, T-CONTs and GEM ports are taken in every state of the ONU, and kept when the port is left.
+// - vendor_id, serial_num, passwd and the laser times begin as the start configuration says, thresholds at 10 to the
+//   -5 and -6 for signal fail, -9 and -10 for signal degrade. With auto_register activation begins with the device.
+//   Activating an active port changes nothing; leaving ends in O1.
+// - An active port takes 100 ms of the simulator's clock for each state from O1 to O5. The OLT gives ONU-ID 1 on the
+//   way into O4, and GEM port 1 for management in O5; before that they are 255 and -1.
+// - Each change of the state raises VX_EVENT_GPON_ONU_STATE_CHNG. On the way to operation the ONU-ID and the OMCC
+//   raise theirs, and the OMCC once more when operation ends.
+// - O7 is a disabled ONU: VX_EVENT_GPON_ALM_DIS tells its begin and its end. No other alarm comes by itself.
+// - The fibre is always plugged in: there is a signal as long as the port is active.
+// - A laser that is always off takes the ONU back to O2, and it does not get beyond O3. Only `dir` 0 is known;
+//   another is VX_ERR_GLBL_OP_NO_SUPPORTED_BY_SW.
+// - A forced state (O1 to O7) stays until another is forced, or the port is left or activated.
+// - T-CONT 0, the default one, carries management with the ONU-ID as its Alloc-Id whatever is set here. For GEM ports
+//   it is enabled as the others are. Enabling a T-CONT again gives it another Alloc-Id. An Alloc-Id has 12 bits and
+//   belongs to one T-CONT. A T-CONT that GEM ports go through is not disabled: VX_ERR_DEV_BUSY.
+// - GEM ports have 12 bits. An upstream one needs its T-CONT enabled. The index is the lowest that is free.
+// - Deleting a GEM port detaches it: its queue maps and its rate limit are forgotten, it leaves all bridges, and its
+//   counters begin again. Flows keep its number. Disabling a T-CONT clears its counters; its scheduler and the queues
+//   that go to it are settings of the number, and stay.
+// - Lists are filled as far as the count given allows, and whole when it is 0: the caller has room for the most that
+//   there can be. The count answers how many there are.
+// - The OLT sends Upstream_Overhead, Assign_ONU-ID and Ranging_Time once each, as the ONU leaves O2, O3 and O4. The
+//   last 16 messages that nobody took are kept. Of what is sent upstream, which takes O3 or later, it answers
+//   nothing:
+// VX_EVENT_GPON_PLOAMU_TX_DONE tells that it was sent.
 #include "driver/gpon.h"
 
 #include <algorithm>
@@ -42,18 +44,17 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr Clock::Time kStateTime = 100ms;
-constexpr vx_uint16 kGreatestGemPort = 4095;
-constexpr vx_uint16 kGreatestAllocId = 4095;
-constexpr vx_uint8 kOnuId = 1;
-constexpr vx_uint8 kNoOnuId = 255;
-constexpr vx_int16 kOmciPort = 1;
-constexpr std::size_t kMessagesKept = 16;
+constexpr Clock::Time state_time = 100ms;
+constexpr vx_uint16 greatest_alloc_id = 4095;
+constexpr vx_uint8 assigned_onu_id = 1;
+constexpr vx_uint8 no_onu_id = 255;
+constexpr vx_int16 omci_port_id = 1;
+constexpr std::size_t messages_kept = 16;
 
 /* Types of downstream messages (ITU-T G.984.3). */
-constexpr vx_uint8 kUpstreamOverhead = 1;
-constexpr vx_uint8 kAssignOnuId = 3;
-constexpr vx_uint8 kRangingTime = 4;
+constexpr vx_uint8 upstream_overhead = 1;
+constexpr vx_uint8 assign_onu_id = 3;
+constexpr vx_uint8 ranging_time = 4;
 
 Gpon::Port initial_port(const lmq_gpon_startup_cfg_s &start, bool activate, Clock::Time now) {
     Gpon::Port port;
@@ -97,34 +98,49 @@ vx_uint8 crc(const Gpon::Ploam &message) {
 
 void receive(Device &device, Gpon::Ploam message) {
     Gpon::Port &port = device.gpon.port;
-    const bool passes = port.overhead_passes && message[1] == kUpstreamOverhead;
+    const bool passes = port.overhead_passes && message[1] == upstream_overhead;
     if (port.masked && !passes) return;
     message.back() = crc(message);
     device.gpon_tm.count_ploam(true, message[1]);
     port.received.push_back(message);
-    if (port.received.size() > kMessagesKept) port.received.pop_front();
+    if (port.received.size() > messages_kept) port.received.pop_front();
 }
 
 /* What makes the ONU leave a state. */
 void receive_in(Device &device) {
     const Gpon::Port &port = device.gpon.port;
     switch (port.state) {
-        case VX_GPON_STATE_STANDBY: return receive(device, {kNoOnuId, kUpstreamOverhead});
+        case VX_GPON_STATE_STANDBY: return receive(device, {no_onu_id, upstream_overhead});
         case VX_GPON_STATE_SERIALNO: {
             const auto &[v0, v1, v2, v3] = port.cfg.vendor_id;
             const auto byte = [&](int shift) { return static_cast<vx_uint8>(port.cfg.serial_num >> shift); };
-            return receive(device,
-                           {kNoOnuId, kAssignOnuId, kOnuId, v0, v1, v2, v3, byte(24), byte(16), byte(8), byte(0)});
+            return receive(device, {no_onu_id, assign_onu_id, assigned_onu_id, v0, v1, v2, v3, byte(24), byte(16),
+                                    byte(8), byte(0)});
         }
-        case VX_GPON_STATE_RANGING: return receive(device, {kOnuId, kRangingTime});
+        case VX_GPON_STATE_RANGING: return receive(device, {assigned_onu_id, ranging_time});
         default: return;
     }
 }
 
 void report_omcc(Device &device, bool up) {
-    lmq_event_data_u data{};
-    data.omcc_state = {as_boolean(up), vx_uint16{kOmciPort}};
-    raise_event(device, {VX_EVENT_GPON_OMCC_STATE, VX_PORT_SNI0, 0}, data);
+    lmq_event_data_u before{}, now{};
+    before.omcc_state = {as_boolean(!up), vx_uint16{omci_port_id}};
+    now.omcc_state = {as_boolean(up), vx_uint16{omci_port_id}};
+    raise_change(device, {VX_EVENT_GPON_OMCC_STATE, VX_PORT_SNI0, 0}, before, now);
+}
+
+void report_disabled(Device &device, bool disabled) {
+    lmq_event_data_u before{}, now{};
+    before.gpon_alm_data.status = as_boolean(!disabled);
+    now.gpon_alm_data.status = as_boolean(disabled);
+    raise_change(device, {VX_EVENT_GPON_ALM_DIS, VX_PORT_SNI0, 0}, before, now);
+}
+
+void report_state(Device &device, vx_gpon_onu_state_t old, vx_gpon_onu_state_t state) {
+    lmq_event_data_u before{}, now{};
+    before.onu_state_data.onu_state = old;
+    now.onu_state_data.onu_state = state;
+    raise_change(device, {VX_EVENT_GPON_ONU_STATE_CHNG, VX_PORT_SNI0, 0}, before, now);
 }
 
 void enter(Device &device, vx_gpon_onu_state_t state, Clock::Time since) {
@@ -133,22 +149,22 @@ void enter(Device &device, vx_gpon_onu_state_t state, Clock::Time since) {
     port.since = since;
     if (old == state) return;
 
-    lmq_event_data_u data{};
-    data.onu_state_data.onu_state = state;
-    raise_event(device, {VX_EVENT_GPON_ONU_STATE_CHNG, VX_PORT_SNI0, 0}, data);
+    report_state(device, old, state);
     if (state == VX_GPON_STATE_RANGING) {
-        data = {};
-        data.onu_id_data.onu_id = kOnuId;
+        lmq_event_data_u data{};
+        data.onu_id_data.onu_id = assigned_onu_id;
         raise_event(device, {VX_EVENT_GPON_ONU_ID, VX_PORT_SNI0, 0}, data);
     }
     if (state == VX_GPON_STATE_OPERATION) {
         if (device.gpon_tm.mac.o5_state_transition != UINT32_MAX) ++device.gpon_tm.mac.o5_state_transition;
-        data = {};
-        data.omcc_gem_data.gem_port_id = kOmciPort;
+        lmq_event_data_u data{};
+        data.omcc_gem_data.gem_port_id = omci_port_id;
         raise_event(device, {VX_EVENT_GPON_OMCC_GEM_PORT_ID, VX_PORT_SNI0, 0}, data);
         report_omcc(device, true);
     }
     if (old == VX_GPON_STATE_OPERATION) report_omcc(device, false);
+    if (state == VX_GPON_STATE_ESTOP) report_disabled(device, true);
+    if (old == VX_GPON_STATE_ESTOP) report_disabled(device, false);
 }
 
 /* Runs an operation on the PON port. */
@@ -156,28 +172,16 @@ template <typename Body>
 vx_status_e on_port(const char *function, vx_dev_id_t dev_id, vx_uint16 port_id,
                     std::initializer_list<const void *> pointers, Body body) noexcept {
     return on_device(function, dev_id, pointers, [&](Device &device) {
-        refuse_if(port_id > VX_PORT_VOIP0, VX_ERR_PORT_NUM_OUT_OF_RANGE);
-        refuse_if(port_id != VX_PORT_SNI0 || device.config.dev_mode != LMQ_DEV_MODE_GPON, VX_ERR_PORT_TYPE_MISMATCH);
+        check_pon(device, port_id);
         body(device, device.gpon.port);
     });
 }
-
-void check_tcont(vx_uint16 tcont_id) { refuse_if(tcont_id >= VX_GPON_MAX_TCONTS, VX_ERR_GPON_INVALID_TCONT); }
 
 bool upstream(const vx_gem_port_cfg_t &cfg) { return (cfg.direction & LMQ_DIR_US) != 0; }
 
 /* Whether a GEM port goes through a T-CONT. */
 bool goes_through(const Gpon::GemPort &gem, vx_uint16 tcont_id) {
     return upstream(gem.cfg) && gem.cfg.tcont_id == tcont_id;
-}
-
-void check_gem(vx_uint16 gem_port_id) { refuse_if(gem_port_id > kGreatestGemPort, VX_ERR_GPON_INVALID_GEM_PORT); }
-
-Gpon::GemPort &gem_port(Gpon &gpon, vx_uint16 gem_port_id) {
-    check_gem(gem_port_id);
-    Gpon::GemPort *gem = gpon.gem_ports.find(gem_port_id);
-    refuse_if(gem == nullptr, VX_ERR_GLBL_ENTRY_NOT_FOUND);
-    return *gem;
 }
 
 vx_uint16 subport(vx_uint16 tcont_id) { return static_cast<vx_uint16>(LMQ_PORT_TCONT_BASE + tcont_id); }
@@ -201,15 +205,38 @@ vx_uint16 free_index(Gpon &gpon) {
     return static_cast<vx_uint16>(std::find(used.begin(), used.end(), false) - used.begin());
 }
 
-/* Fills a list as far as the count allows, and answers how many entries there are. */
+/* Fills a list as far as the count allows, or whole when it is 0, and answers how many entries there are. */
 template <typename Key, typename Value, typename Entry, typename Describe>
 void fill(Table<Key, Value> &table, Entry *list, vx_uint16 *count, Describe describe) {
-    const std::size_t room = std::min<std::size_t>(*count, table.size());
+    const std::size_t room = *count == 0 ? table.size() : std::min<std::size_t>(*count, table.size());
     std::transform(table.begin(), std::next(table.begin(), static_cast<std::ptrdiff_t>(room)), list, describe);
     *count = static_cast<vx_uint16>(table.size());
 }
 
 }  // namespace
+
+void check_gpon(const Device &device) {
+    refuse_if(device.config.dev_mode != LMQ_DEV_MODE_GPON, VX_ERR_PORT_TYPE_MISMATCH);
+}
+
+void check_pon(const Device &device, vx_uint16 port_id) {
+    check_port(port_id);
+    refuse_if(port_id != VX_PORT_SNI0, VX_ERR_PORT_TYPE_MISMATCH);
+    check_gpon(device);
+}
+
+void check_tcont(vx_uint16 tcont_id) { refuse_if(tcont_id >= VX_GPON_MAX_TCONTS, VX_ERR_GPON_INVALID_TCONT); }
+
+void check_gem(vx_uint16 gem_port_id) {
+    refuse_if(gem_port_id > Gpon::greatest_gem_port, VX_ERR_GPON_INVALID_GEM_PORT);
+}
+
+Gpon::GemPort &gem_port(Gpon &gpon, vx_uint16 gem_port_id) {
+    check_gem(gem_port_id);
+    Gpon::GemPort *gem = gpon.gem_ports.find(gem_port_id);
+    refuse_if(gem == nullptr, VX_ERR_GLBL_ENTRY_NOT_FOUND);
+    return *gem;
+}
 
 Gpon::Gpon(const lmq_dev_startup_cfg_s &start, Clock::Time now)
     : port(initial_port(start.gpon_cfg, start.gpon_cfg.auto_register && start.dev_mode == LMQ_DEV_MODE_GPON, now)) {}
@@ -218,10 +245,20 @@ void pass_time(Device &device, Gpon &gpon) {
     const Clock::Time now = device.system.clock.now();
     const Gpon::Port &port = gpon.port;
     const auto last = port.laser == VX_PON_LASER_ALWAYS_OFF ? VX_GPON_STATE_SERIALNO : VX_GPON_STATE_OPERATION;
-    while (port.walking && port.state < last && now - port.since >= kStateTime) {
+    while (port.walking && port.state < last && now - port.since >= state_time) {
         receive_in(device);
-        enter(device, static_cast<vx_gpon_onu_state_t>(port.state + 1), port.since + kStateTime);
+        enter(device, static_cast<vx_gpon_onu_state_t>(port.state + 1), port.since + state_time);
     }
+}
+
+void reset(Device &device, Gpon &gpon) {
+    gpon.port.received.clear();
+    if (gpon.port.walking) enter(device, VX_GPON_STATE_INITIAL, device.system.clock.now());
+}
+
+bool is_looped(Gpon &gpon, vx_uint16 gem_port_id) {
+    const Gpon::GemPort *gem = gpon.gem_ports.find(gem_port_id);
+    return gem != nullptr && gem->loopback;
 }
 
 }  // namespace lmq::sim
@@ -260,9 +297,10 @@ vx_status_e vx_gpon_onu_port_config_get(vx_dev_id_t dev_id, vx_port_id_t port_id
         const vx_gpon_onu_state_t state = port.state;
         const bool operates = state == VX_GPON_STATE_OPERATION;
         *p_cfg = port.cfg;
-        p_cfg->onu_id = operates || state == VX_GPON_STATE_RANGING || state == VX_GPON_STATE_POPUP ? kOnuId : kNoOnuId;
+        p_cfg->onu_id =
+            operates || state == VX_GPON_STATE_RANGING || state == VX_GPON_STATE_POPUP ? assigned_onu_id : no_onu_id;
         p_cfg->onu_state = state;
-        p_cfg->omci_port = operates ? kOmciPort : vx_int16{-1};
+        p_cfg->omci_port = operates ? omci_port_id : vx_int16{-1};
         p_cfg->num_tcont = static_cast<vx_uint16>(device.gpon.tconts.size());
         p_cfg->num_gem = static_cast<vx_uint16>(device.gpon.gem_ports.size());
     });
@@ -285,8 +323,10 @@ vx_status_e vx_gpon_onu_state_set(vx_dev_id_t dev_id, vx_uint16 port_id, vx_gpon
     });
 }
 
-vx_status_e vx_gpon_onu_laser_mode_set(vx_dev_id_t dev_id, vx_uint16 port_id, vx_pon_laser_ctrl_mode_t mode, vx_uint8) {
+vx_status_e vx_gpon_onu_laser_mode_set(vx_dev_id_t dev_id, vx_uint16 port_id, vx_pon_laser_ctrl_mode_t mode,
+                                       vx_uint8 dir) {
     return on_port(__func__, dev_id, port_id, {}, [&](Device &device, Gpon::Port &port) {
+        refuse_if(dir != 0, VX_ERR_GLBL_OP_NO_SUPPORTED_BY_SW);
         check_range(mode, VX_PON_LASER_ALWAYS_OFF, VX_PON_LASER_ALWAYS_ON);
         const bool was_off = port.laser == VX_PON_LASER_ALWAYS_OFF;
         port.laser = mode;
@@ -313,7 +353,7 @@ vx_status_e vx_gpon_onu_tcont_enable_set(vx_dev_id_t dev_id, vx_port_id_t port_i
             return;
         }
         check_pointers({p_cfg}, VX_ERR_DEV_NULL_PTR);
-        check_range(p_cfg->alloc_id, 0, kGreatestAllocId);
+        check_range(p_cfg->alloc_id, 0, greatest_alloc_id);
         for (const auto &[id, alloc_id] : gpon.tconts) {
             refuse_if(id != tcont_id && alloc_id == p_cfg->alloc_id, VX_ERR_GLBL_ENTRY_EXIST);
         }
@@ -435,8 +475,7 @@ vx_status_e vx_gpon_onu_ploam_us_set(vx_dev_id_t dev_id, vx_uint16 port_num, vx_
                       port.laser == VX_PON_LASER_ALWAYS_OFF,
                   VX_ERR_GPON_ONU_NOT_RANGED);
         device.gpon_tm.count_ploam(false, p_message[1]);
-        device.system.log(VX_MOD_DRVR_GPON, VX_LOG_LVL_INFO, "device %u: PLOAM message of type %u sent",
-                          unsigned{device.id}, unsigned{p_message[1]});
+        raise_event(device, {VX_EVENT_GPON_PLOAMU_TX_DONE, VX_PORT_SNI0, 0}, {});
     });
 }
 

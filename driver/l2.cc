@@ -1,25 +1,24 @@
-/**
- * @file
- * @brief Layer 2 forwarding.
- *
- * Choices, each for want of a rule:
- * - All ports of vx_port_num_t forward. VX_INVALID_PORT_ID in place of a port means all of them in a walk of the FDB.
- * - The FDB has 1024 entries. A handle is from 1 up, and 0 starts a walk; the entries come in the order of their
- * handles, and VX_ERR_FE_FDB_ENTRY_NOT_FOUND ends it. An entry that is deleted meanwhile does not stop it.
- * - An entry is known by those of address, VLAN and priority that its *_valid name, at least one of them. A second one
- *   that is the same in them is VX_ERR_GLBL_ENTRY_EXIST. It is added as dynamic or static, not as both.
- * - A delete goes by the handle; with the handle 0 it goes by the entry, which may be NULL otherwise. The type has to
- *   cover the entry.
- * - Ageing is in seconds, 300 at first; 0 means never. aging_time of an entry is what is left, 0 for a static one. It
- *   ages as long as dsbl_hw_aging is not set. Nothing is learnt, since no packets flow.
- * - Ports learn at first, up to the whole FDB.
- * - The largest packet is 64 to 9600 bytes, 1518 at first.
- * - A host MAC filter has 16 addresses, none of them zero or a group address. One that is there already makes the whole
- *   add fail, one that is not there the whole delete. A filter does not turn from positive to negative, or back, while
- *   it has addresses: VX_ERR_FE_MAC_FILTER_MODE_CONFILCT.
- * - A TPID that was never set is disabled, and its tags are admitted.
- * - Ports begin with LMQ_FE_DFT_PVID and LMQ_DEFAULT_TPID, in the spanning tree state STP_OFF.
- */
+// Layer 2 forwarding.
+//
+// Choices, each for want of a rule:
+// - All ports of vx_port_num_t forward. VX_INVALID_PORT_ID in place of a port means all of them in a walk of the FDB.
+// - The FDB has 1024 entries. A handle is from 1 up, and 0 starts a walk; the entries come in the order of their
+//   handles, and VX_ERR_FE_FDB_ENTRY_NOT_FOUND ends it. An entry that is deleted meanwhile does not stop it.
+// - An entry is known by those of address, VLAN and priority that its *_valid name, at least one of them. A second
+//   one that is the same in them is VX_ERR_GLBL_ENTRY_EXIST. It is added as dynamic or static, not as both.
+// - A delete goes by the handle; with the handle 0 it goes by the entry, which may be NULL otherwise. The type has to
+//   cover the entry.
+// - Ageing is in seconds, 300 at first; 0 means never. aging_time of an entry is what is left, 0 for a static one. It
+//   ages as long as dsbl_hw_aging is not set. Nothing is learnt, since no packets flow.
+// - Each entry that ages raises VX_EVENT_FE_L2_ENTRY_AGEOUT, and the dynamic entry that fills the FDB
+//   VX_EVENT_FE_DYNAMIC_L2_ENTRY_FULL.
+// - Ports learn at first, up to the whole FDB.
+// - The largest packet is 64 to 9600 bytes, 1518 at first.
+// - A host MAC filter has 16 addresses, none of them zero or a group address. One that is there already makes the
+//   whole add fail, one that is not there the whole delete. A filter does not turn from positive to negative, or
+//   back, while it has addresses: VX_ERR_FE_MAC_FILTER_MODE_CONFILCT.
+// - A TPID that was never set is disabled, and its tags are admitted.
+// - Ports begin with LMQ_FE_DFT_PVID and LMQ_DEFAULT_TPID, in the spanning tree state STP_OFF.
 #include "driver/l2.h"
 
 #include <algorithm>
@@ -32,12 +31,12 @@ namespace lmq::sim {
 
 namespace {
 
-constexpr std::size_t kFilterSize = 16;
-constexpr vx_uint32 kFirstAgingTime = 300;
-constexpr vx_uint16 kLeastPacket = 64, kLargestPacket = 9600, kUsualPacket = 1518;
-constexpr vx_uint16 kLastVid = LMQ_MAX_VID;
+constexpr std::size_t filter_size = 16;
+constexpr vx_uint32 first_aging_time = 300;
+constexpr vx_uint16 least_packet = 64, largest_packet = 9600, usual_packet = 1518;
+constexpr vx_uint16 last_vid = LMQ_MAX_VID;
 
-/** @brief Runs an operation on a port, as on_device() on a device. The body gets the family's state. */
+/// Runs an operation on a port, as on_device() on a device. The body gets the family's state.
 template <typename Body>
 vx_status_e on_port(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id,
                     std::initializer_list<const void *> pointers, Body body) noexcept {
@@ -47,14 +46,14 @@ vx_status_e on_port(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_
     });
 }
 
-/** @brief The get of a setting that exists for each port. */
+/// The get of a setting that exists for each port.
 template <typename T>
 vx_status_e get(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id, T *to,
                 Setting<vx_port_id_t, T> Layer2::*setting) noexcept {
     return on_port(function, dev_id, port_id, {to}, [&](Layer2 &l2) { *to = (l2.*setting).get(port_id); });
 }
 
-/** @brief The set of a setting of each port: `change(kept)` checks what is given, and takes it over into a copy. */
+/// The set of a setting of each port: `change(kept)` checks what is given, and takes it over into a copy.
 template <typename T, typename Change>
 vx_status_e set(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id, const void *from,
                 Setting<vx_port_id_t, T> Layer2::*setting, Change change) noexcept {
@@ -68,14 +67,14 @@ vx_status_e set(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id, 
 vx_l2_learn_port_cfg_t first_learn_port() {
     vx_l2_learn_port_cfg_t cfg{};
     cfg.enbl_mac_lrn = TRUE;
-    cfg.lrn_lmt = Layer2::kFdbSize;
+    cfg.lrn_lmt = Layer2::fdb_size;
     cfg.valid.mask = 0x1FF;
     return cfg;
 }
 
 vx_l2_mtu_cfg_t first_mtu() {
     vx_l2_mtu_cfg_t cfg{};
-    cfg.max_pkt_size = kUsualPacket;
+    cfg.max_pkt_size = usual_packet;
     cfg.valid.mask = 0x3;
     return cfg;
 }
@@ -85,6 +84,7 @@ vx_l2_fe_tpid_cfg_t first_port_tpid() {
     cfg.ingr_outer_tpid1 = LMQ_DEFAULT_TPID;
     cfg.ingr_inner_tpid1 = LMQ_DEFAULT_TPID;
     cfg.valid.mask_s = {1, 1, 1, 1, 1, 1, 1, 1, 1};
+    clear_beside_flags(cfg.valid, 9);
     return cfg;
 }
 
@@ -110,7 +110,7 @@ bool covers(vx_l2_fdb_entry_op_type_t type, const FdbEntry &known) {
     return (type & (known.is_static ? VX_FDB_ENTRY_OP_TYPE_STATIC : VX_FDB_ENTRY_OP_TYPE_DYNAMIC)) != 0;
 }
 
-/** @brief Whether two entries are the same in what they are known by. */
+/// Whether two entries are the same in what they are known by.
 bool same(const vx_l2_fdb_entry_t &a, const vx_l2_fdb_entry_t &b) {
     if (as_boolean(a.mac_addr_valid) != as_boolean(b.mac_addr_valid) ||
         as_boolean(a.vid_valid) != as_boolean(b.vid_valid) || as_boolean(a.p_bit_valid) != as_boolean(b.p_bit_valid)) {
@@ -120,7 +120,7 @@ bool same(const vx_l2_fdb_entry_t &a, const vx_l2_fdb_entry_t &b) {
            (!a.vid_valid || a.vlan_id == b.vlan_id) && (!a.p_bit_valid || a.p_bit == b.p_bit);
 }
 
-/** @brief Seconds that an entry has left: 0 for one that does not age. */
+/// Seconds that an entry has left: 0 for one that does not age.
 vx_uint32 time_left(const Device &device, const FdbEntry &known) {
     const Layer2 &l2 = device.l2;
     if (known.is_static || l2.learn.dsbl_hw_aging || l2.aging_timer == 0) return 0;
@@ -128,31 +128,23 @@ vx_uint32 time_left(const Device &device, const FdbEntry &known) {
     return age < l2.aging_timer ? l2.aging_timer - static_cast<vx_uint32>(age) : 0;
 }
 
-/** @brief Deletes the entries for which `condition(entry)` holds, and takes their handles back. */
+/// Deletes the entries for which `condition(entry)` holds, and takes their handles back. @return How many.
 template <typename Condition>
-void erase_if(Layer2 &l2, Condition condition) {
-    l2.fdb.erase_if([&](vx_l2_fdb_entry_handle_t handle, const FdbEntry &known) {
+std::size_t erase_if(Device &device, Condition condition) {
+    Layer2 &l2 = device.l2;
+    const std::size_t erased = l2.fdb.erase_if([&](vx_l2_fdb_entry_handle_t handle, const FdbEntry &known) {
         return condition(known) && l2.handles.take_back(handle);
     });
+    if (erased != 0) end_event(device, {VX_EVENT_FE_DYNAMIC_L2_ENTRY_FULL, 0, 0});
+    return erased;
 }
 
-/** @brief The table without the entries whose time is over. All operations on it begin here. */
-Table<vx_l2_fdb_entry_handle_t, FdbEntry> &aged_fdb(Device &device) {
-    Layer2 &l2 = device.l2;
-    if (!l2.learn.dsbl_hw_aging && l2.aging_timer != 0) {
-        erase_if(l2, [&](const FdbEntry &known) { return !known.is_static && time_left(device, known) == 0; });
-    }
-    return l2.fdb;
-}
-
-/**
- * @brief Reads a list of filter addresses. Refuses an address that is none of a host.
- *
- * An address of zeros is refused before what stands behind it is read: a count beyond a list that is closed by zeros
- * reads no further.
- */
+/// Reads a list of filter addresses. Refuses an address that is none of a host.
+///
+/// An address of zeros is refused before what stands behind it is read: a count beyond a list that is closed by zeros
+/// reads no further.
 std::vector<Layer2::Mac> addresses(vx_uint8 count, const vx_l2_user_mac_addr_cfg_t *list) {
-    check_range(count, 1, kFilterSize);
+    check_range(count, 1, filter_size);
     std::vector<Layer2::Mac> given;
     for (vx_uint8 i = 0; i < count; ++i) {
         Layer2::Mac mac;
@@ -166,9 +158,20 @@ std::vector<Layer2::Mac> addresses(vx_uint8 count, const vx_l2_user_mac_addr_cfg
 
 }  // namespace
 
+void pass_time(Device &device, Layer2 &l2) {
+    if (l2.learn.dsbl_hw_aging || l2.aging_timer == 0) return;
+    std::size_t aged =
+        erase_if(device, [&](const FdbEntry &known) { return !known.is_static && time_left(device, known) == 0; });
+    for (; aged != 0; --aged) raise_event(device, {VX_EVENT_FE_L2_ENTRY_AGEOUT, 0, 0}, {});
+}
+
+void reset(Device &device, Layer2 &) {
+    erase_if(device, [](const FdbEntry &known) { return !known.is_static; });
+}
+
 Layer2::Layer2()
     : learn_port(first_learn_port()),
-      aging_timer(kFirstAgingTime),
+      aging_timer(first_aging_time),
       mtu(first_mtu()),
       tpid(vx_l2_tpid_cfg_t{VX_L2_TPID_MODE_DISABLE, TRUE, TRUE}),
       port_tpid(first_port_tpid()),
@@ -218,7 +221,7 @@ vx_status_e vx_l2_learn_port_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_l2
                   VX_ERR_FE_FDB_INVALID_LRN_LMT_PKT_ACT);
         refuse_if(flags.lrn_lmt_lrn_act && beyond(p_cfg->lrn_lmt_lrn_act, VX_LRN_LMT_LRN_ACT_REP_OLD_ENT),
                   VX_ERR_FE_FDB_INVALID_LRN_LMT_LRN_ACT);
-        refuse_if(flags.lrn_lmt && p_cfg->lrn_lmt > Layer2::kFdbSize, VX_ERR_FE_FDB_INVALID_TBL_SZ);
+        refuse_if(flags.lrn_lmt && p_cfg->lrn_lmt > Layer2::fdb_size, VX_ERR_FE_FDB_INVALID_TBL_SZ);
 
         merge(flags.enbl_pbit_lrn, kept.enbl_pbit_lrn, as_boolean(p_cfg->enbl_pbit_lrn));
         merge(flags.enbl_vid_lrn, kept.enbl_vid_lrn, as_boolean(p_cfg->enbl_vid_lrn));
@@ -261,17 +264,21 @@ vx_status_e vx_l2_fdb_entry_add(vx_dev_id_t dev_id, vx_l2_fdb_entry_op_type_t ty
         check_type(type, VX_FDB_ENTRY_OP_TYPE_STATIC);
         check_port(given.port_id);
         refuse_if(!given.mac_addr_valid && !given.vid_valid && !given.p_bit_valid, VX_ERR_GLBL_INVALID_PARAMS);
-        refuse_if(given.vid_valid && given.vlan_id > kLastVid, VX_ERR_FE_INVALID_VLAN_ID);
+        refuse_if(given.vid_valid && given.vlan_id > last_vid, VX_ERR_FE_INVALID_VLAN_ID);
         if (given.p_bit_valid) check_range(given.p_bit, 0, LMQ_MAX_DOT1P - 1);
 
-        auto &fdb = aged_fdb(device);
+        auto &fdb = device.l2.fdb;
         refuse_if(std::any_of(fdb.begin(), fdb.end(), [&](auto &known) { return same(known.second.entry, given); }),
                   VX_ERR_GLBL_ENTRY_EXIST);
-        refuse_if(fdb.size() >= Layer2::kFdbSize, VX_ERR_FE_FDB_ENTRY_UNAVAIL);
+        refuse_if(fdb.size() >= Layer2::fdb_size, VX_ERR_FE_FDB_ENTRY_UNAVAIL);
         // There are more handles than entries.
         const vx_l2_fdb_entry_handle_t handle = device.l2.handles.give().value();
         fdb.insert(handle, {given, type == VX_FDB_ENTRY_OP_TYPE_STATIC, device.system.clock.now()});
         *p_handle = handle;
+        const bool full = fdb.size() >= Layer2::fdb_size;
+        if (full && type == VX_FDB_ENTRY_OP_TYPE_DYNAMIC) {
+            raise_event(device, {VX_EVENT_FE_DYNAMIC_L2_ENTRY_FULL, 0, 0}, {});
+        }
     });
 }
 
@@ -279,7 +286,7 @@ vx_status_e vx_l2_fdb_entry_delete(vx_dev_id_t dev_id, vx_l2_fdb_entry_op_type_t
                                    vx_l2_fdb_entry_t *p_mac_entry) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
         check_type(type);
-        auto &fdb = aged_fdb(device);
+        auto &fdb = device.l2.fdb;
         vx_l2_fdb_entry_handle_t found = handle;
         if (handle == 0) {
             check_pointers({p_mac_entry}, VX_ERR_DEV_NULL_PTR);
@@ -289,8 +296,7 @@ vx_status_e vx_l2_fdb_entry_delete(vx_dev_id_t dev_id, vx_l2_fdb_entry_op_type_t
         }
         const FdbEntry *entry = fdb.find(found);
         refuse_if(entry == nullptr || !covers(type, *entry), VX_ERR_FE_FDB_ENTRY_NOT_FOUND);
-        fdb.erase(found);
-        device.l2.handles.take_back(found);
+        erase_if(device, [&](const FdbEntry &known) { return &known == entry; });
     });
 }
 
@@ -301,7 +307,7 @@ vx_status_e vx_l2_fdb_entry_get_next(vx_dev_id_t dev_id, vx_port_id_t port_id, v
         const bool all_ports = port_id == VX_INVALID_PORT_ID;
         if (!all_ports) check_port(port_id);
         check_type(mode);
-        auto &fdb = aged_fdb(device);
+        auto &fdb = device.l2.fdb;
         const auto next = std::find_if(fdb.after(handle), fdb.end(), [&](const auto &known) {
             return covers(mode, known.second) && (all_ports || known.second.entry.port_id == port_id);
         });
@@ -324,14 +330,15 @@ vx_status_e vx_l2_fdb_entry_get_next(vx_dev_id_t dev_id, vx_port_id_t port_id, v
 vx_status_e vx_l2_fdb_entry_clear(vx_dev_id_t dev_id, vx_l2_fdb_entry_op_type_t type) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
         check_type(type);
-        erase_if(device.l2, [&](const FdbEntry &known) { return covers(type, known); });
+        erase_if(device, [&](const FdbEntry &known) { return covers(type, known); });
     });
 }
 
 vx_status_e vx_l2_fdb_entry_port_clear(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_l2_fdb_entry_op_type_t type) {
-    return on_port(__func__, dev_id, port_id, {}, [&](Layer2 &l2) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        check_port(port_id);
         check_type(type);
-        erase_if(l2, [&](const FdbEntry &known) { return covers(type, known) && known.entry.port_id == port_id; });
+        erase_if(device, [&](const FdbEntry &known) { return covers(type, known) && known.entry.port_id == port_id; });
     });
 }
 
@@ -349,7 +356,7 @@ vx_status_e vx_l2_port_stp_state_get(vx_dev_id_t dev_id, vx_port_id_t port_id, v
 vx_status_e vx_l2_mtu_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_l2_mtu_cfg_t *p_cfg) {
     return set(__func__, dev_id, port_id, p_cfg, &Layer2::mtu, [&](vx_l2_mtu_cfg_t &kept) {
         const auto &flags = p_cfg->valid.mask_s;
-        if (flags.max_pkt_size) check_range(p_cfg->max_pkt_size, kLeastPacket, kLargestPacket);
+        if (flags.max_pkt_size) check_range(p_cfg->max_pkt_size, least_packet, largest_packet);
         merge(flags.max_pkt_size, kept.max_pkt_size, p_cfg->max_pkt_size);
         merge(flags.exclude_tag, kept.exclude_tag, as_boolean(p_cfg->exclude_tag));
     });
@@ -381,7 +388,7 @@ vx_status_e vx_l2_mac_addr_filter_add(vx_dev_id_t dev_id, vx_port_id_t port_id, 
     return set(__func__, dev_id, port_id, p_mac_addr_list, &Layer2::filtered, [&](std::vector<Layer2::Mac> &kept) {
         for (const Layer2::Mac &mac : addresses(num_mac_addr, p_mac_addr_list)) {
             refuse_if(std::find(kept.begin(), kept.end(), mac) != kept.end(), VX_ERR_GLBL_ENTRY_EXIST);
-            refuse_if(kept.size() >= kFilterSize, VX_ERR_GLBL_SW_RESOURCE_UNAVAIL);
+            refuse_if(kept.size() >= filter_size, VX_ERR_GLBL_SW_RESOURCE_UNAVAIL);
             kept.push_back(mac);
         }
     });
@@ -446,7 +453,7 @@ vx_status_e vx_l2_port_tpid_get(vx_dev_id_t dev_id, vx_uint16 port_num, vx_l2_fe
 vx_status_e vx_l2_port_config_set(vx_dev_id_t dev_id, vx_uint16 port_num, vx_l2_port_cfg_t *p_cfg) {
     return set(__func__, dev_id, port_num, p_cfg, &Layer2::port, [&](vx_l2_port_cfg_t &kept) {
         const auto &flags = p_cfg->valid.mask_s;
-        refuse_if(flags.dft_pvid && p_cfg->dft_pvid > kLastVid, VX_ERR_FE_INVALID_VLAN_ID);
+        refuse_if(flags.dft_pvid && p_cfg->dft_pvid > last_vid, VX_ERR_FE_INVALID_VLAN_ID);
         if (flags.dft_pbit) check_range(p_cfg->dft_pbit, 0, LMQ_MAX_DOT1P - 1);
         if (flags.dft_dscp) check_range(p_cfg->dft_dscp, 0, LMQ_MAX_DSCP - 1);
         if (flags.dft_cos) check_range(p_cfg->dft_cos, 0, LMQ_MAX_COS - 1);

@@ -1,9 +1,5 @@
-/**
- * @file
- * @brief What a device keeps of layer 2 forwarding: the forwarding database, and settings of the device and of ports.
- */
-#ifndef LMQ_DRIVER_L2_H
-#define LMQ_DRIVER_L2_H
+// What a device keeps of layer 2 forwarding: the forwarding database, and settings of the device and of ports.
+#pragma once
 
 #include <array>
 #include <utility>
@@ -15,26 +11,26 @@
 
 namespace lmq::sim {
 
-/** @brief An entry of the forwarding database. */
+/// An entry of the forwarding database.
 struct FdbEntry {
     vx_l2_fdb_entry_t entry;
     bool is_static;
     Clock::Time added;
 };
 
-/** @brief State of the family. Structures are kept as the get of each answers them, mask included. */
+/// State of the family. Structures are kept as the get of each answers them, mask included.
 struct Layer2 {
     using Mac = std::array<vx_uint8, sizeof(vx_mac_addr_t)>;
-    static constexpr std::size_t kFdbSize = 1024;
-    static constexpr vx_uint32 kLastHandle = 0x7FFFFFFF;
+    static constexpr std::size_t fdb_size = 1024;
+    static constexpr vx_uint32 last_handle = 0x7FFFFFFF;
 
     Layer2();
 
     vx_l2_learn_cfg_t learn{};
     Setting<vx_port_id_t, vx_l2_learn_port_cfg_t> learn_port;
     vx_uint32 aging_timer;
-    Table<vx_l2_fdb_entry_handle_t, FdbEntry> fdb{kFdbSize};
-    Ids handles{1, kLastHandle};
+    Table<vx_l2_fdb_entry_handle_t, FdbEntry> fdb{fdb_size};
+    Ids handles{1, last_handle};
     Setting<vx_port_id_t, vx_l2_stp_state_t> stp;
     Setting<vx_port_id_t, vx_l2_mtu_cfg_t> mtu;
     Setting<vx_port_id_t, vx_l2_filter_type_t> filter;
@@ -48,6 +44,12 @@ struct Layer2 {
     Setting<vx_port_id_t, vx_l2_static_pkt_fwd_cfg_t> static_forwarding;
 };
 
-}  // namespace lmq::sim
+struct Device;
 
-#endif
+/// Takes the entries out of the forwarding database whose time is over.
+void pass_time(Device &device, Layer2 &l2);
+
+/// Resets the forwarding engine's part: dynamic entries of the forwarding database go.
+void reset(Device &device, Layer2 &l2);
+
+}  // namespace lmq::sim

@@ -1,20 +1,18 @@
-/**
- * @file
- * @brief The management family: local management interface, device addresses, IP hosts, layer 3 interfaces and NAT.
- *
- * Choices:
- * - The device's addresses begin as dev_ip_addr, dev_ip_mask and dev_gw_ip of the start configuration say, if not zero.
- * - Device addresses are answered with the IPv4 address first, then the IPv6 addresses in the order of their numbers.
- * - An address is IPv4 or IPv6 and not zero; its prefix fits the version; its mask is kept as given.
- * - lmq_set_dev_ip_config_apish takes no mask: IPv4 addresses get 24 bits of prefix, IPv6 addresses 64.
- * - IP hosts and layer 3 interfaces are one kind of thing: 8 of them together, handles from one range, starting with 1;
- *   lmq_delete_ip_host_interface deletes either. A channel has up to 64 ports, and is operational when it is enabled
- * and has a port.
- * - In-band management is kept for each channel, and printed with it.
- * - There are 64 translations. One is told by addresses, L4 ports, protocol and direction; deleting reads only these.
- * - The management interface counts what vx_cpu_packet_tx sends on its port; it receives nothing. Nothing runs over an
- * IP host, so that its counters stay 0.
- */
+// The management family: local management interface, device addresses, IP hosts and layer 3 interfaces.
+//
+// Choices:
+// - The device's addresses begin as dev_ip_addr, dev_ip_mask and dev_gw_ip of the start configuration say, if not
+//   zero.
+// - Device addresses are answered with the IPv4 address first, then the IPv6 addresses in the order of their numbers.
+// - An address is IPv4 or IPv6 and not zero; its prefix fits the version; its mask is kept as given.
+// - lmq_set_dev_ip_config_apish takes no mask: IPv4 addresses get 24 bits of prefix, IPv6 addresses 64.
+// - IP hosts and layer 3 interfaces are one kind of thing: 8 of them together, handles from one range, starting with
+//   1; lmq_delete_ip_host_interface deletes either. A channel has up to 64 ports, and is operational when it is
+//   enabled and has a port.
+// - In-band management is kept for each channel, and printed with it.
+// - No function tells of translations (NAT), so there are none: VX_ERR_GLBL_OP_NO_SUPPORTED_BY_SW.
+// - The management interface counts what vx_cpu_packet_tx sends on its port, and with an IP host what the traffic
+//   model lets through.
 #include "driver/management.h"
 
 #include <arpa/inet.h>
@@ -30,7 +28,7 @@ namespace lmq::sim {
 
 namespace {
 
-constexpr std::size_t kMaxHostPorts = VX_MAX_GEM_PORTS;
+constexpr std::size_t max_host_ports = VX_MAX_GEM_PORTS;
 
 AddressKey key_of(const vx_ip_addr_t &address) {
     AddressKey key{address.ip_ver, {}};
@@ -159,10 +157,6 @@ vx_status_e set_host(const char *function, vx_dev_id_t dev_id, vx_uint32 handle,
 
 vx_status_e get_host(const char *function, vx_dev_id_t dev_id, vx_uint32 handle, vx_ip_host_if_cfg_t *p_cfg) {
     return on_device(function, dev_id, {p_cfg}, [&](Device &device) { *p_cfg = host(device, handle).config; });
-}
-
-NatKey key_of(const vx_nat_entry_t &entry) {
-    return {entry.src_ip, entry.dst_ip, entry.src_port, entry.dst_port, entry.protocol, entry.direction};
 }
 
 }  // namespace
@@ -334,7 +328,7 @@ vx_status_e vx_l3_intf_port_add(vx_dev_id_t dev_id, vx_uint32 handle, vx_port_id
         IpHost &kept = host(device, handle);
         check_port(port_id);
         refuse_if(kept.ports.contains({port_id, sub_port}), VX_ERR_PORT_EXIST);
-        refuse_if(kept.ports.size() >= kMaxHostPorts, VX_ERR_GLBL_SW_RESOURCE_UNAVAIL);
+        refuse_if(kept.ports.size() >= max_host_ports, VX_ERR_GLBL_SW_RESOURCE_UNAVAIL);
         kept.ports.emplace(port_id, sub_port);
     });
 }
@@ -362,17 +356,11 @@ vx_status_e vx_inband_mgnt_set(vx_dev_id_t dev_id, vx_uint32 handle, vx_uint16 t
 }
 
 vx_status_e lmq_add_nat_entry(vx_dev_id_t dev_id, vx_nat_entry_t *p_cfg) {
-    return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
-        check_port(p_cfg->in_port);
-        check_port(p_cfg->out_port);
-        refuse_unless_ok(device.management.nat.insert(key_of(*p_cfg), *p_cfg));
-    });
+    return not_supported(__func__, dev_id, p_cfg);
 }
 
 vx_status_e lmq_del_nat_entry(vx_dev_id_t dev_id, vx_nat_entry_t *p_cfg) {
-    return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
-        refuse_if(!device.management.nat.erase(key_of(*p_cfg)), VX_ERR_GLBL_ENTRY_NOT_FOUND);
-    });
+    return not_supported(__func__, dev_id, p_cfg);
 }
 
 }  // extern "C"

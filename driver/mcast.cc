@@ -1,19 +1,17 @@
-/**
- * @file
- * @brief Multicast: VLANs, groups, access lists and snooping of each port.
- *
- * Choices:
- * - A multicast VLAN is 1 to 4094. Deleting it deletes its groups and joins.
- * - vx_mcast_vlan_config_set takes a member mcast_vlan of 0 for the VLAN of the argument, and refuses another VLAN.
- * - Groups must be multicast addresses. They are told apart by VLAN, sub-port and address; a group that is there with
- *   other sources is refused as VX_ERR_FE_MCAST_SRC_FILTER_PRESENT, with the same as a duplicate.
- * - A list is filled up to the `num` that comes in; `num` goes out as the number filled.
- * - An access list holds 64 entries, told apart by all of their members. Its groups are those that a host may join; an
- *   empty list allows all. It does not apply to groups that the application adds.
- * - A join (lmq_dbg_set_mcast_filter_config) needs snooping and the VLAN, and answers VX_ERR_IGMP_VALIDATION_FAILED for
- * a group that the access list does not allow. A host that joins again replaces its join. 64 joins fit on a port.
- * - Disabling snooping twice is no error; the joins end with it.
- */
+// Multicast: VLANs, groups, access lists and snooping of each port.
+//
+// Choices:
+// - A multicast VLAN is 1 to 4094. Deleting it deletes its groups and joins.
+// - vx_mcast_vlan_config_set takes a member mcast_vlan of 0 for the VLAN of the argument, and refuses another VLAN.
+// - Groups must be multicast addresses. They are told apart by VLAN, sub-port and address; a group that is there with
+//   other sources is refused as VX_ERR_FE_MCAST_SRC_FILTER_PRESENT, with the same as a duplicate.
+// - A list is filled up to the `num` that comes in; `num` goes out as the number filled.
+// - An access list holds 64 entries, told apart by all of their members. Its groups are those that a host may join;
+//   an empty list allows all. It does not apply to groups that the application adds.
+// - A join (lmq_dbg_set_mcast_filter_config) needs snooping and the VLAN, and answers VX_ERR_IGMP_VALIDATION_FAILED
+//   for a group that the access list does not allow. A host that joins again replaces its join. 64 joins fit on a
+//   port.
+// - Disabling snooping twice is no error; the joins end with it.
 #include "driver/mcast.h"
 
 #include <algorithm>
@@ -141,7 +139,7 @@ void fill(Entries &entries, vx_uint16 *num, T *list, Value value_of) {
     *num = count;
 }
 
-constexpr auto kValue = [](const auto &entry) { return entry.second; };
+constexpr auto second_of = [](const auto &entry) { return entry.second; };
 
 void forget_vlan(Port &port, vx_uint16 vid) {
     const auto in_vlan = [&](const Group &group, const auto &) { return std::get<0>(group) == vid; };
@@ -218,7 +216,8 @@ vx_status_e vx_mcast_vlan_clear(vx_dev_id_t dev_id, vx_port_id_t port_id) {
 }
 
 vx_status_e vx_mcast_vlan_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 *num, vx_mcast_vlan_cfg_t *p_cfg) {
-    return on_port(__func__, dev_id, port_id, {num, p_cfg}, [&](Port &port) { fill(port.vlans, num, p_cfg, kValue); });
+    return on_port(__func__, dev_id, port_id, {num, p_cfg},
+                   [&](Port &port) { fill(port.vlans, num, p_cfg, second_of); });
 }
 
 vx_status_e vx_mcast_vlan_config_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 mcast_vlan,
@@ -259,7 +258,7 @@ vx_status_e vx_mcast_l2_entry_clear(vx_dev_id_t dev_id, vx_port_id_t port_id) {
 
 vx_status_e vx_mcast_l2_entry_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 *num,
                                   vx_mcast_l2_entry_t *entry) {
-    return on_port(__func__, dev_id, port_id, {num, entry}, [&](Port &port) { fill(port.l2, num, entry, kValue); });
+    return on_port(__func__, dev_id, port_id, {num, entry}, [&](Port &port) { fill(port.l2, num, entry, second_of); });
 }
 
 vx_status_e vx_mcast_ip_entry_add(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_mcast_ip_entry_t *entry) {
@@ -287,13 +286,13 @@ vx_status_e vx_mcast_ip_entry_clear(vx_dev_id_t dev_id, vx_port_id_t port_id) {
 
 vx_status_e vx_mcast_ip_entry_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 *num,
                                   vx_mcast_ip_entry_t *entry) {
-    return on_port(__func__, dev_id, port_id, {num, entry}, [&](Port &port) { fill(port.ip, num, entry, kValue); });
+    return on_port(__func__, dev_id, port_id, {num, entry}, [&](Port &port) { fill(port.ip, num, entry, second_of); });
 }
 
 vx_status_e vx_mcast_acl_add(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_mcast_acl_t *p_mcast_acl) {
     return on_port(__func__, dev_id, port_id, {p_mcast_acl}, [&](Port &port) {
         const vx_mcast_acl_t &acl = *p_mcast_acl;
-        check_range(acl.mcast_grp_cnt, 0, std::size(acl.mcast_grp));
+        check_range(acl.mcast_grp_cnt, 0, std::ssize(acl.mcast_grp));
         for (std::size_t i = 0; i < acl.mcast_grp_cnt; ++i) check_multicast(bytes_of(acl.mcast_grp[i]));
         const Address first = bytes_of(acl.grp_start);
         const Address last = bytes_of(acl.grp_end);
@@ -304,7 +303,7 @@ vx_status_e vx_mcast_acl_add(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_mcast_
         check_range(acl.src_ip.ip_ver, VX_IPV4, VX_IP_DONTCARE);
         refuse_if(std::any_of(port.acl.begin(), port.acl.end(), [&](const auto &kept) { return same(kept, acl); }),
                   VX_ERR_GLBL_ENTRY_EXIST);
-        refuse_if(port.acl.size() >= Multicast::kAclEntries, VX_ERR_GLBL_SW_RESOURCE_UNAVAIL);
+        refuse_if(port.acl.size() >= Multicast::max_acl_entries, VX_ERR_GLBL_SW_RESOURCE_UNAVAIL);
         port.acl.push_back(acl);
     });
 }
@@ -367,8 +366,8 @@ vx_status_e lmq_dbg_set_mcast_filter_config(vx_dev_id_t dev_id, vx_uint16 port_n
                                             lmq_mcast_filter_cfg_dbg_s *p_mcast_filter) {
     return on_port(__func__, dev_id, port_num, {p_host_info, p_mcast_filter}, [&](Port &port) {
         const auto &sources = p_mcast_filter->src_filter_list;
-        check_range(p_host_info->host_vid_cnt, 0, std::size(p_host_info->host_vid_list));
-        check_range(sources.src_ip_cnt, 0, std::size(sources.src_ip_list));
+        check_range(p_host_info->host_vid_cnt, 0, std::ssize(p_host_info->host_vid_list));
+        check_range(sources.src_ip_cnt, 0, std::ssize(sources.src_ip_list));
         check_range(sources.filter_mode, LMQ_MC_SRC_FILTER_MODE_EXCLUDE, LMQ_MC_SRC_FILTER_MODE_IGNORE);
         refuse_if(!port.snooping, VX_ERR_GLBL_INVALID_OP);
         const vx_uint16 vid = p_mcast_filter->mcast_vlan;

@@ -1,9 +1,5 @@
-/**
- * @file
- * @brief What a device keeps of multicast.
- */
-#ifndef LMQ_DRIVER_MCAST_H
-#define LMQ_DRIVER_MCAST_H
+// What a device keeps of multicast.
+#pragma once
 
 #include <array>
 #include <map>
@@ -16,13 +12,13 @@
 
 namespace lmq::sim {
 
-/** @brief State of the family. */
+/// State of the family.
 struct Multicast {
-    /** @brief VLAN, sub-port and address, the address with its kind in front. */
+    /// VLAN, sub-port and address, the address with its kind in front.
     using Group = std::tuple<vx_uint16, vx_uint16, std::array<vx_uint8, 17>>;
 
-    static constexpr std::size_t kAclEntries = 64;
-    static constexpr std::size_t kJoins = LMQ_MC_GID_PER_SUB_PORT;
+    static constexpr std::size_t max_acl_entries = 64;
+    static constexpr std::size_t max_joins = LMQ_MC_GID_PER_SUB_PORT;
 
     struct Join {
         vx_mcast_host_info_dbg_t host;
@@ -32,8 +28,8 @@ struct Multicast {
         Table<vx_uint16, vx_mcast_vlan_cfg_t> vlans{MAX_MCAST_VLAN_NUM};
         Table<Group, vx_mcast_l2_entry_t> l2{MAX_MCAST_L2_NUM};
         Table<Group, vx_mcast_ip_entry_t> ip{MAX_MCAST_IP_NUM};
-        Table<Group, Join> joins{kJoins};
-        std::vector<vx_mcast_acl_t> acl; /**< In the order of their addition. */
+        Table<Group, Join> joins{max_joins};
+        std::vector<vx_mcast_acl_t> acl;  ///< In the order of their addition.
         std::optional<lmq_igmp_proto_type_e> snooping;
         lmq_igmp_vlan_cfg_s igmp_vlan{};
     };
@@ -41,5 +37,3 @@ struct Multicast {
 };
 
 }  // namespace lmq::sim
-
-#endif

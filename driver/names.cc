@@ -1,7 +1,4 @@
-/**
- * @file
- * @brief Looks names up in the tables that the build makes of the enums in the headers.
- */
+// Looks names up in the tables that the build makes of the enums in the headers.
 #include "driver/names.h"
 
 #include <charconv>
@@ -17,12 +14,12 @@ struct Name {
     Enum value;
 };
 
-constexpr Name<vx_status_e> kStatuses[] = {
+constexpr Name<vx_status_e> status_names[] = {
 #define xx(name) {#name, name},
 #include "status_names.inc"
 };
 
-constexpr Name<vx_event_type_e> kEvents[] = {
+constexpr Name<vx_event_type_e> event_names[] = {
 #include "event_names.inc"
 #undef xx
 };
@@ -46,8 +43,8 @@ std::optional<int> number_of(std::string_view text) {
     return number;
 }
 
-std::optional<vx_status_e> status_of(std::string_view name) { return find(kStatuses, name); }
+std::optional<vx_status_e> status_of(std::string_view name) { return find(status_names, name); }
 
-std::optional<vx_event_type_e> event_of(std::string_view name) { return find(kEvents, name); }
+std::optional<vx_event_type_e> event_of(std::string_view name) { return find(event_names, name); }
 
 }  // namespace lmq::sim

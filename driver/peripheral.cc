@@ -1,25 +1,26 @@
-/**
- * @file
- * @brief The low-speed peripherals: pins, I2C, SPI, MDIO, timers and LEDs.
- *
- * Choices, a line each:
- * - Pins 2k and 2k+1 are wired together: an input sees what the other drives, and 0 when that is no output either.
- * - All pins are inputs at first, but for those that gpio_valid_pins of the start configuration describes.
- * - intr_level 1 makes an interrupt active while the pin is high, 0 while it is low. By level it is latched whenever it
- *   is active, by edge when it becomes active. The pins are looked at in calls alone, so a shorter pulse is not seen.
- *   What is newly latched raises VX_EVENT_GPIO_INTR, once for all such pins.
- * - Group 0 has all 32 pins. No other group exists.
- * - Writing and rolling over need an output, vx_gpio_intr_enable needs an interrupt pin: VX_ERR_GLBL_INVALID_DIRECTION.
- * - I2C is enabled at start if i2c_speed is not 0, SPI if enbl_ssp is set; MDIO is not. A bus that is disabled answers
- *   VX_ERR_DEV_STATE_INVALID.
- * - All 128 I2C slaves are there, with 256 bytes each; all 32 MDIO slaves, with 32 registers each. All are 0 at first.
- * - An SPI line echoes: a read gets the data that was written last, cut to data_length bits; byte and data apart.
- *   Transfers of data need vx_spi_set before, transfers of a byte do not.
- * - Timers run on the simulator's clock. Time 0 is refused but in mode DISABLE. A timer that is not set or is disabled
- *   answers start and stop with VX_ERR_GLBL_INVALID_OP. Setting a timer stops it. Expiry raises an event,
- *   one for all expiries of a timer between two calls.
- * - A LED shows a colour only as LMQ_LED_TYPE_BI_COLOR. Before the first trigger it is off.
- */
+// The low-speed peripherals: pins, I2C, SPI, MDIO, timers and LEDs.
+//
+// Choices, a line each:
+// - Pins 2k and 2k+1 are wired together: an input sees what the other drives, and 0 when that is no output either.
+// - All pins are inputs at first, but for those that gpio_valid_pins of the start configuration describes.
+// - intr_level 1 makes an interrupt active while the pin is high, 0 while it is low. By level it is latched whenever
+//   it is active, by edge when it becomes active. The pins are looked at in calls alone, so a shorter pulse is not
+//   seen. What is newly latched raises VX_EVENT_GPIO_INTR, once for all such pins.
+// - Group 0 has all 32 pins. No other group exists.
+// - Writing and rolling over need an output, vx_gpio_intr_enable needs an interrupt pin:
+// VX_ERR_GLBL_INVALID_DIRECTION.
+// - I2C is enabled at start if i2c_speed is not 0, SPI if enbl_ssp is set; MDIO is not. A bus that is disabled
+//   answers VX_ERR_DEV_STATE_INVALID.
+// - All 128 I2C slaves are there, with 256 bytes each; all 32 MDIO slaves, with 32 registers each. All are 0 at
+//   first.
+// - An operation of a bus raises an event: VX_EVENT_I2C_INTR, VX_EVENT_MDIO_INTR_OP_DONE, and where vx_spi_enable_set
+//   has enabled the interrupt VX_EVENT_SPI_INTR_WR_DONE or, when something was read, VX_EVENT_SPI_INTR_OP_DONE.
+// - An SPI line echoes: a read gets the data that was written last, cut to data_length bits; byte and data apart.
+//   Transfers of data need vx_spi_set before, transfers of a byte do not.
+// - Timers run on the simulator's clock. Time 0 is refused but in mode DISABLE. A timer that is not set or is
+//   disabled answers start and stop with VX_ERR_GLBL_INVALID_OP. Setting a timer stops it. Expiry raises an event,
+//   one for all expiries of a timer between two calls.
+// - A LED shows a colour only as LMQ_LED_TYPE_BI_COLOR. Before the first trigger it is off.
 #include "driver/peripheral.h"
 
 #include <algorithm>
@@ -35,9 +36,9 @@ using Pins = Peripherals::Pins;
 using Pin = Peripherals::Pin;
 using Timer = Peripherals::Timer;
 
-constexpr vx_uint16 kGreatestI2cSpeed = 1000;
-constexpr unsigned kSpiCommandBits = 96;
-constexpr unsigned kSpiDataBits = 64;
+constexpr vx_uint16 greatest_i2c_speed = 1000;
+constexpr unsigned spi_command_bits = 96;
+constexpr unsigned spi_data_bits = 64;
 
 /* The level that a pin drives as an output. */
 bool driven_level(const Pin &pin, Clock::Time now) {
@@ -95,7 +96,7 @@ vx_status_e on_pin_group(const char *function, vx_dev_id_t dev_id, vx_uint8 gpio
                          std::initializer_list<const void *> pointers, Body body) noexcept {
     return on_device(function, dev_id, pointers, [&](Device &device) {
         check_range(gpio_id, 0, 0);
-        body(look_at_pins(device));
+        body(device, look_at_pins(device));
     });
 }
 
@@ -113,6 +114,7 @@ vx_status_e on_i2c(const char *function, vx_dev_id_t dev_id, vx_uint8 slave, vx_
         check_range(slave, 0, 127);
         check_range(length, 1, 256 - offset);
         for (unsigned i = 0; i < length; ++i) body(device.peripheral, i, Peripherals::Place{slave, offset + i});
+        raise_event(device, {VX_EVENT_I2C_INTR, 0, 0}, {});
     });
 }
 
@@ -121,10 +123,9 @@ vx_status_e on_mdio(const char *function, vx_dev_id_t dev_id, vx_uint8 slave, vx
                     const void *data, Body body) noexcept {
     return on_device(function, dev_id, {data}, [&](Device &device) {
         need_enabled(device.peripheral.mdio_enabled);
-        check_range(slave, 0, 31);
-        check_range(first, 0, 31);
-        check_range(count, 1, 32 - first);
+        check_mdio(slave, first, count);
         for (unsigned i = 0; i < count; ++i) body(device.peripheral, i, Peripherals::Place{slave, first + i});
+        report_mdio(device);
     });
 }
 
@@ -142,13 +143,20 @@ vx_status_e on_spi_line(const char *function, vx_dev_id_t dev_id, vx_uint8 line_
     });
 }
 
+/* What an SPI transfer does: its direction, and whether it is one of data or of a byte. */
+enum class Spi { write, read, write_byte, read_byte };
+
 template <typename Body>
-vx_status_e on_spi_transfer(const char *function, vx_dev_id_t dev_id, vx_uint8 line_id, const void *data, bool byte,
+vx_status_e on_spi_transfer(const char *function, vx_dev_id_t dev_id, vx_uint8 line_id, const void *data, Spi transfer,
                             Body body) noexcept {
     return on_spi_line(function, dev_id, line_id, {data}, [&](Device &device, Peripherals::SpiLine &line) {
+        const bool reads = transfer == Spi::read || transfer == Spi::read_byte;
+        const bool needs_cfg = transfer == Spi::write || transfer == Spi::read;
         need_enabled(device.peripheral.spi_enabled.value_or(device.config.enbl_ssp != FALSE));
-        refuse_if(!byte && !line.cfg, VX_ERR_DEV_STATE_INVALID);
+        refuse_if(needs_cfg && !line.cfg, VX_ERR_DEV_STATE_INVALID);
         body(line);
+        if (!device.peripheral.spi_interrupt) return;
+        raise_event(device, {reads ? VX_EVENT_SPI_INTR_OP_DONE : VX_EVENT_SPI_INTR_WR_DONE, 0, 0}, {});
     });
 }
 
@@ -215,6 +223,27 @@ void pass_time(Device &device, Peripherals &peripherals) {
         timer.expired = expired;
     }
 }
+
+void reset(Device &device, Peripherals &peripherals) {
+    peripherals.pins.active = peripherals.pins.latched = 0;
+    end_event(device, {VX_EVENT_GPIO_INTR, 0, 0});
+    for (Timer &timer : peripherals.timers) {
+        timer.left = time_left(timer, device.system.clock.now());
+        if (timer.status == LMQ_TIMER_STATUS_ENABLED) timer.status = LMQ_TIMER_STATUS_STOPPED;
+    }
+    for (Peripherals::SpiLine &line : peripherals.spi_lines) {
+        line.data = {};
+        line.byte = 0;
+    }
+}
+
+void check_mdio(vx_uint8 slave, vx_uint8 first, vx_uint8 count) {
+    check_range(slave, 0, 31);
+    check_range(first, 0, 31);
+    check_range(count, 1, 32 - first);
+}
+
+void report_mdio(Device &device) { raise_event(device, {VX_EVENT_MDIO_INTR_OP_DONE, 0, 0}, {}); }
 
 Peripherals::Pins::Pins(const lmq_gpio_startup_cfg_s &start) {
     for (std::size_t id = 0; id < pin.size(); ++id) {
@@ -286,28 +315,31 @@ vx_status_e vx_gpio_intr_enable(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_boolean
 }
 
 vx_status_e lmq_get_gpio_intr_active_status(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_uint32 *p_intr_status) {
-    return on_pin_group(__func__, dev_id, gpio_id, {p_intr_status}, [&](Pins &pins) { *p_intr_status = pins.active; });
+    return on_pin_group(__func__, dev_id, gpio_id, {p_intr_status},
+                        [&](Device &, Pins &pins) { *p_intr_status = pins.active; });
 }
 
 vx_status_e lmq_get_gpio_intr_latched_status(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_uint32 *p_intr_status) {
-    return on_pin_group(__func__, dev_id, gpio_id, {p_intr_status}, [&](Pins &pins) { *p_intr_status = pins.latched; });
+    return on_pin_group(__func__, dev_id, gpio_id, {p_intr_status},
+                        [&](Device &, Pins &pins) { *p_intr_status = pins.latched; });
 }
 
 vx_status_e lmq_clear_gpio_intr(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_uint32 intr_bits) {
-    return on_pin_group(__func__, dev_id, gpio_id, {}, [&](Pins &pins) {
+    return on_pin_group(__func__, dev_id, gpio_id, {}, [&](Device &device, Pins &pins) {
         pins.latched &= ~intr_bits;
         pins.active &= ~intr_bits;
         for (std::size_t id = 0; id < pins.pin.size(); ++id) {
             if ((intr_bits >> id) & 1) pins.pin[id].cfg.intr_en = 0;
         }
+        if (pins.latched == 0) end_event(device, {VX_EVENT_GPIO_INTR, 0, 0});
     });
 }
 
 vx_status_e lmq_dump_gpio_db(vx_dev_id_t dev_id, vx_uint8 gpio_id) {
     return on_pin(__func__, dev_id, gpio_id, {}, [&](Device &device, Pin &pin) {
-        static constexpr const char *kDirections[] = {"output", "input", "interrupt"};
+        static constexpr const char *direction_names[] = {"output", "input", "interrupt"};
         std::fprintf(stderr, "gpio %u: %s, level %u, intr_level %u, intr_edge %u, intr_en %u\n", unsigned{gpio_id},
-                     kDirections[pin.cfg.direction],
+                     direction_names[pin.cfg.direction],
                      unsigned{level(device.peripheral.pins, gpio_id, device.system.clock.now())},
                      unsigned{pin.cfg.intr_level}, unsigned{pin.cfg.intr_edge}, unsigned{pin.cfg.intr_en});
     });
@@ -315,7 +347,7 @@ vx_status_e lmq_dump_gpio_db(vx_dev_id_t dev_id, vx_uint8 gpio_id) {
 
 vx_status_e vx_i2c_enable_set(vx_dev_id_t dev_id, vx_boolean enable, vx_uint16 speed) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        if (enable) check_range(speed, 1, kGreatestI2cSpeed);
+        if (enable) check_range(speed, 1, greatest_i2c_speed);
         device.peripheral.i2c_enabled = enable != FALSE;
     });
 }
@@ -332,15 +364,18 @@ vx_status_e vx_i2c_read(vx_dev_id_t dev_id, vx_uint8 slave_addr, vx_uint8 slave_
                   [&](Peripherals &state, unsigned i, auto place) { p_rx_data[i] = state.i2c_bytes.get(place); });
 }
 
-vx_status_e vx_spi_enable_set(vx_dev_id_t dev_id, vx_boolean enable, vx_boolean) {
-    return on_device(__func__, dev_id, {}, [&](Device &device) { device.peripheral.spi_enabled = enable != FALSE; });
+vx_status_e vx_spi_enable_set(vx_dev_id_t dev_id, vx_boolean enable, vx_boolean int_en) {
+    return on_device(__func__, dev_id, {}, [&](Device &device) {
+        device.peripheral.spi_enabled = enable != FALSE;
+        device.peripheral.spi_interrupt = int_en != FALSE;
+    });
 }
 
 vx_status_e vx_spi_set(vx_dev_id_t dev_id, vx_uint8 line_id, vx_spi_cfg_t *p_cfg) {
     return on_spi_line(__func__, dev_id, line_id, {p_cfg}, [&](Device &, Peripherals::SpiLine &line) {
         check_range(p_cfg->mode, LMQ_SPI_MODE_SPI, LMQ_SPI_MODE_MICROWIRE);
-        check_range(p_cfg->cmd_length, 0, kSpiCommandBits);
-        check_range(p_cfg->data_length, 0, kSpiDataBits);
+        check_range(p_cfg->cmd_length, 0, spi_command_bits);
+        check_range(p_cfg->data_length, 0, spi_data_bits);
         check_range(p_cfg->ssp_mode, 0, 3);
         line.cfg = *p_cfg;
         line.cfg->enbl_command_cyc = as_boolean(p_cfg->enbl_command_cyc);
@@ -356,13 +391,13 @@ vx_status_e vx_spi_get(vx_dev_id_t dev_id, vx_uint8 line_id, vx_spi_cfg_t *p_cfg
 }
 
 vx_status_e vx_spi_write(vx_dev_id_t dev_id, vx_uint8 line_id, vx_spi_data_t *p_write_data) {
-    return on_spi_transfer(__func__, dev_id, line_id, p_write_data, false, [&](Peripherals::SpiLine &line) {
+    return on_spi_transfer(__func__, dev_id, line_id, p_write_data, Spi::write, [&](Peripherals::SpiLine &line) {
         std::copy_n(p_write_data->data, line.data.size(), line.data.begin());
     });
 }
 
 vx_status_e vx_spi_read(vx_dev_id_t dev_id, vx_uint8 line_id, vx_spi_data_t *p_read_data) {
-    return on_spi_transfer(__func__, dev_id, line_id, p_read_data, false, [&](Peripherals::SpiLine &line) {
+    return on_spi_transfer(__func__, dev_id, line_id, p_read_data, Spi::read, [&](Peripherals::SpiLine &line) {
         for (unsigned i = 0; i < line.data.size(); ++i) {
             p_read_data->data[i] = cut(line.data[i], i, line.cfg->data_length);
         }
@@ -370,12 +405,12 @@ vx_status_e vx_spi_read(vx_dev_id_t dev_id, vx_uint8 line_id, vx_spi_data_t *p_r
 }
 
 vx_status_e vx_spi_byte_write(vx_dev_id_t dev_id, vx_uint8 line_id, vx_uint8 byte) {
-    return on_spi_transfer(__func__, dev_id, line_id, &byte, true,
+    return on_spi_transfer(__func__, dev_id, line_id, &byte, Spi::write_byte,
                            [&](Peripherals::SpiLine &line) { line.byte = byte; });
 }
 
 vx_status_e vx_spi_byte_read(vx_dev_id_t dev_id, vx_uint8 line_id, vx_uint8 *p_byte) {
-    return on_spi_transfer(__func__, dev_id, line_id, p_byte, true,
+    return on_spi_transfer(__func__, dev_id, line_id, p_byte, Spi::read_byte,
                            [&](Peripherals::SpiLine &line) { *p_byte = line.byte; });
 }
 

@@ -1,33 +1,46 @@
-/**
- * @file
- * @brief Rate limits and policers, their counters, and the buffer manager.
- *
- * Choices of this family:
- * - The ids of flow policers are 0 to 63, those of group policers 0 to 3: bit n of a map is the policer with id n. In a
- *   map of 32 bits the flow policers from 32 on cannot be seen.
- * - A flow policer is in one group at most. Deleting it takes it from its group.
- * - A flow policer that polices flows, and a group with members, are not deleted: the answer is "busy".
- * - lmq_disable_flow_policing ends the policing of every flow by that policer. The policer stays.
- * - A flow whose policer comes from a map has no policer id in its status.
- * - The chip has flow, CPU, port and packet type policers: single rate, colour-blind.
- * - Units of rates and bursts are not looked at. The two interfaces do not see each other's settings.
- * - Buckets, shapers and storm control modes are off, or 0, at first. The reserved shaper mode and bits of a storm
- *   control mode that have no name are refused.
- * - The queue status of a port shows eight queues as they were configured, and no buffer in use. The queues in external
- *   memory are those of a device that was started with such a memory; otherwise all their members are 0.
- * - The shaper's counter can be read and not cleared.
- */
+// Rate limits and policers, their counters, and the buffer manager.
+//
+// Choices of this family:
+// - The ids of flow policers are 0 to 63, those of group policers 0 to 3: bit n of a map is the policer with id n. In
+//   a map of 32 bits the flow policers from 32 on cannot be seen.
+// - A flow policer is in one group at most. Deleting it takes it from its group.
+// - A flow policer that polices flows, and a group with members, are not deleted: the answer is "busy".
+// - lmq_disable_flow_policing ends the policing of every flow by that policer. The policer stays.
+// - A flow whose policer comes from a map has no policer id in its status.
+// - The chip has flow, CPU, port and packet type policers: single rate, colour-blind.
+// - Units of rates and bursts are not looked at. The two interfaces do not see each other's settings.
+// - Buckets, shapers and storm control modes are off, or 0, at first. The reserved shaper mode and bits of a storm
+//   control mode that have no name are refused.
+// - The queue status of a port shows eight queues as they were configured, and no buffer in use. The queues in
+//   external memory are those of a device that was started with such a memory; otherwise all their members are 0.
+//   Bytes are counted in buffers of 48.
+// - The flows of accumulating buckets A to D show as those of group policers 0 to 3, beside the members of these.
+// - The shaper's counter can be read and not cleared.
 #include "driver/policer.h"
 
+#include <algorithm>
 #include <iterator>
 
 #include "driver/chip.h"
+
+namespace lmq::sim {
+
+void Policers::clear_counters() {
+    shaped.clear();
+    cpu_counters = {};
+    source_port_counters.clear();
+    for (auto &[id, policer] : flow_policers) policer.counters = {};
+    for (auto &[id, policer] : group_policers) policer.counters = {};
+}
+
+}  // namespace lmq::sim
 
 using namespace lmq::sim;
 
 namespace {
 
-constexpr vx_uint32 kStormControlBits = 0x1f;
+constexpr vx_uint32 storm_control_bits = 0x1f;
+constexpr vx_uint32 buffer_size = 48;  // of a queue's max_buff_size
 
 void check(const vx_rate_limit_cfg_t &limit) {
     check_range(limit.pol_type, VX_RATE_LIMIT_DISABLE, VX_RATE_LIMIT_PPS_MODE);
@@ -58,12 +71,6 @@ void set(std::map<vx_pol_id_t, Entry> &policers, vx_pol_id_t id, const vx_rate_l
     policer.limit = limit;
 }
 
-template <class Counters>
-void read(Counters &counters, Counters *to, vx_boolean clear) {
-    *to = counters;
-    if (clear) counters = {};
-}
-
 void check_bucket(vx_lmq_pol_flow_type_t bucket) { check_range(bucket, VX_LMQ_GE_SRC_PORT_BKT, VX_LMQ_CPU_PORT_BKT); }
 
 void check_member(vx_uint32 flow, lmq_pol_acc_flow_type_t bucket) {
@@ -74,6 +81,11 @@ void check_member(vx_uint32 flow, lmq_pol_acc_flow_type_t bucket) {
 /* Whether a policer polices a flow. */
 bool polices(const vx_flow_policing_cfg_t &policing, vx_pol_id_t id) {
     return policing.flow_pol_sel == VX_FLOW_POL_SEL_FLOW_POL && policing.flw_pol_id == id;
+}
+
+/* The size of so many buffers, or the greatest number that there is. */
+vx_uint32 in_bytes(vx_uint32 buffers) {
+    return static_cast<vx_uint32>(std::min<std::uint64_t>(std::uint64_t{buffers} * buffer_size, UINT32_MAX));
 }
 
 /* Bit n of a word, or nothing where the word ends. */
@@ -270,6 +282,11 @@ vx_status_e lmq_get_flow_policer_info(vx_dev_id_t dev_id, lmq_flow_policer_info_
             p_info->grp_pol_mem_bitmap[*policer.group] |= bit(id);
             p_info->flow_pol_mem_bitmap[id] |= bit(*policer.group);
         }
+        for (const auto &[flow, bucket] : device.policer.accumulating) {
+            const auto group = static_cast<vx_pol_id_t>(bucket);
+            p_info->grp_pol_mem_bitmap[group] |= bit(flow);
+            p_info->flow_pol_mem_bitmap[flow] |= bit(group);
+        }
     });
 }
 
@@ -291,7 +308,7 @@ vx_status_e vx_lmq_rate_limit_get(vx_dev_id_t dev_id, vx_lmq_pol_flow_type_t typ
 vx_status_e vx_lmq_rate_storm_ctrl_mode_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_lmq_storm_ctrl_mod_t *mode) {
     return on_device(__func__, dev_id, {mode}, [&](Device &device) {
         check_port(port_id);
-        check_range(mode->mask, 0, kStormControlBits);
+        check_range(mode->mask, 0, storm_control_bits);
         device.policer.storm_control_mode.set(port_id, mode->mask);
     });
 }
@@ -343,7 +360,7 @@ vx_status_e vx_lmq_rate_shape_stats_get(vx_dev_id_t dev_id, vx_port_id_t port_id
 
 vx_status_e vx_bm_pkt_stats_get(vx_dev_id_t dev_id, lmq_bm_pkt_stats_s *p_stats, vx_boolean clear) {
     return on_device(__func__, dev_id, {p_stats},
-                     [&](Device &device) { read(device.policer.buffer_manager, p_stats, clear); });
+                     [&](Device &device) { read_counters(device.policer.buffer_manager, p_stats, clear != FALSE); });
 }
 
 vx_status_e vx_bm_pkt_stats_clear(vx_dev_id_t dev_id) {
@@ -364,18 +381,18 @@ vx_status_e vx_bm_queue_status_get(vx_dev_id_t device_id, vx_uint16 port_num, lm
             internal_queue.dwrr_ratio = static_cast<vx_uint16>(queue.weight);
             if (!external) continue;
             lmq_ebm_queue_sts &external_queue = p_status->ebm_que_status[id];
-            external_queue.que_size = queue.max_buff_size;
+            external_queue.que_size = in_bytes(queue.max_buff_size);
             external_queue.rx_stat = external_queue.tx_stat = TRUE;
             external_queue.dwrr_ratio = static_cast<vx_uint16>(queue.weight);
-            external_queue.high_thresh = queue.back_press_set_thresh;
-            external_queue.low_thresh = queue.back_press_clr_thresh;
+            external_queue.high_thresh = in_bytes(queue.back_press_set_thresh);
+            external_queue.low_thresh = in_bytes(queue.back_press_clr_thresh);
         }
     });
 }
 
 vx_status_e vx_rate_cpu_stat_get(vx_dev_id_t dev_id, vx_pol_cpu_stats_t *stats, vx_boolean clear) {
     return on_device(__func__, dev_id, {stats},
-                     [&](Device &device) { read(device.policer.cpu_counters, stats, clear); });
+                     [&](Device &device) { read_counters(device.policer.cpu_counters, stats, clear != FALSE); });
 }
 
 vx_status_e vx_rate_cpu_stat_clear(vx_dev_id_t dev_id) {
@@ -386,7 +403,7 @@ vx_status_e vx_rate_src_port_stat_get(vx_dev_id_t dev_id, vx_uint16 port_num, vx
                                       vx_boolean clear) {
     return on_device(__func__, dev_id, {stats}, [&](Device &device) {
         check_port(port_num);
-        read(device.policer.source_port_counters[port_num], stats, clear);
+        read_counters(device.policer.source_port_counters[port_num], stats, clear != FALSE);
     });
 }
 
@@ -400,7 +417,7 @@ vx_status_e vx_rate_src_port_stat_clear(vx_dev_id_t dev_id, vx_uint16 port_num) 
 vx_status_e vx_rate_policer_stat_get(vx_dev_id_t dev_id, vx_pol_id_t flow_pol_id, vx_pol_flow_stat_t *stats,
                                      vx_boolean clear) {
     return on_device(__func__, dev_id, {stats}, [&](Device &device) {
-        read(find(device.policer.flow_policers, flow_pol_id).counters, stats, clear);
+        read_counters(find(device.policer.flow_policers, flow_pol_id).counters, stats, clear != FALSE);
     });
 }
 
@@ -412,7 +429,7 @@ vx_status_e vx_rate_policer_stat_clear(vx_dev_id_t dev_id, vx_pol_id_t flow_pol_
 vx_status_e vx_rate_group_policer_stat_get(vx_dev_id_t dev_id, vx_pol_id_t grp_pol_id, vx_pol_group_stats_t *stats,
                                            vx_boolean clear) {
     return on_device(__func__, dev_id, {stats}, [&](Device &device) {
-        read(find(device.policer.group_policers, grp_pol_id).counters, stats, clear);
+        read_counters(find(device.policer.group_policers, grp_pol_id).counters, stats, clear != FALSE);
     });
 }
 

@@ -1,15 +1,15 @@
-/**
- * @file
- * @brief Reads the start file of the simulator, and brings a device to the state that it describes.
- */
+// Reads the start file of the simulator, and brings a device to the state that it describes.
 #include "driver/preset.h"
 
+#include <cerrno>
 #include <cstdlib>
 #include <fstream>
 #include <initializer_list>
+#include <iterator>
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 #include <string_view>
+#include <system_error>
 
 #include "driver/chip.h"
 #include "driver/names.h"
@@ -26,14 +26,14 @@ struct Port {
     vx_port_id_t id;
 };
 
-constexpr Port kPorts[] = {{"mgmt", VX_PORT_MGMT}, {"eth0", VX_PORT_ETH0}, {"eth1", VX_PORT_ETH0 + 1}};
+constexpr Port named_ports[] = {{"mgmt", VX_PORT_MGMT}, {"eth0", VX_PORT_ETH0}, {"eth1", VX_PORT_ETH0 + 1}};
 
 struct Counted {
     std::string_view name;
     vx_uint64 Stats::*member;
 };
 
-constexpr Counted kCounters[] = {
+constexpr Counted named_counters[] = {
 #define xx(member) \
     { #member, &Stats::member }
     xx(rx_uc_pkt),
@@ -78,7 +78,7 @@ constexpr Counted kCounters[] = {
     xx(tx_pkts),
 #undef xx
 };
-static_assert(sizeof(kCounters) / sizeof(Counted) * sizeof(vx_uint64) == sizeof(Stats), "each counter has a name");
+static_assert(sizeof(named_counters) / sizeof(Counted) * sizeof(vx_uint64) == sizeof(Stats), "each counter has a name");
 
 /* A value of the file, with the place where it stands, for messages. */
 class Place {
@@ -145,7 +145,7 @@ const Entry &find(const Entry (&entries)[n], std::string_view name, const Place 
 }
 
 vx_port_id_t port_named(const std::string &name, const Place &place) {
-    return find(kPorts, name, place, "mgmt, eth0 or eth1").id;
+    return find(named_ports, name, place, "mgmt, eth0 or eth1").id;
 }
 
 vx_admin_status_t admin_status(const Place &place) {
@@ -179,16 +179,28 @@ EventKey event(const Place &place) {
 Stats counters(const Place &place) {
     Stats stats{};
     place.each_member([&](const std::string &name, const Place &member) {
-        stats.*find(kCounters, name, member, "a member of vx_eth_port_stats_t").member = member.number(UINT64_MAX);
+        stats.*find(named_counters, name, member, "a member of vx_eth_port_stats_t").member = member.number(UINT64_MAX);
     });
     return stats;
 }
 
-Json parse(const std::string &path) {
-    std::ifstream file(path);
-    if (!file) throw std::invalid_argument("LMQ_SIM_PRESET: " + path + ": the file cannot be read");
+/* The text of a file. A folder can be opened too, but not read. */
+std::string contents(const std::string &path) {
+    errno = 0;
     try {
-        return Json::parse(file);
+        std::ifstream file;
+        file.exceptions(std::ios::badbit | std::ios::failbit);
+        file.open(path);
+        return std::string(std::istreambuf_iterator<char>(file), {});
+    } catch (const std::ios::failure &) {
+        throw std::invalid_argument("LMQ_SIM_PRESET: " + path +
+                                    ": the file cannot be read: " + std::generic_category().message(errno));
+    }
+}
+
+Json parse(const std::string &path) {
+    try {
+        return Json::parse(contents(path));
     } catch (const Json::exception &error) {
         throw std::invalid_argument("LMQ_SIM_PRESET: " + path + ": expected JSON: " + error.what());
     }
@@ -232,7 +244,7 @@ std::optional<Preset> Preset::from_environment() {
 void Preset::apply(Device &device) const {
     for (const auto &[port, stats] : counters_) eth_port(device, port).stats = stats;
     for (const auto &[port, status] : ports_) set_admin_status(device, port, status);
-    for (const EventKey &key : events_) raise_event(device, key, debug_event_data(key.type));
+    for (const EventKey &key : events_) raise_event(device, key, debug_event_data(device, key.type));
 }
 
 }  // namespace lmq::sim

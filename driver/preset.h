@@ -1,9 +1,5 @@
-/**
- * @file
- * @brief The start file of the simulator: what a device has come to before the first call of its user.
- */
-#ifndef LMQ_DRIVER_PRESET_H
-#define LMQ_DRIVER_PRESET_H
+// The start file of the simulator: what a device has come to before the first call of its user.
+#pragma once
 
 #include <map>
 #include <optional>
@@ -17,22 +13,20 @@
 
 namespace lmq::sim {
 
-/** @brief A start file that was read and checked. README.md describes its keys. */
+/// A start file that was read and checked. README.md describes its keys.
 class Preset {
   public:
-    /**
-     * @brief Reads a file.
-     * @throws std::invalid_argument with a text that names file and key, and what was expected.
-     */
+    /// Reads a file.
+    /// @throws std::invalid_argument with a text that names file and key, and what was expected.
     explicit Preset(const std::string &path);
 
-    /** @brief The file that LMQ_SIM_PRESET names, or nothing when it is not set. @throws As the constructor. */
+    /// The file that LMQ_SIM_PRESET names, or nothing when it is not set. @throws As the constructor.
     static std::optional<Preset> from_environment();
 
-    /** @brief Brings a device that is up to the state that the file describes. */
+    /// Brings a device that is up to the state that the file describes.
     void apply(Device &device) const;
 
-    /** @brief The faults of the file, with no call counted yet. */
+    /// The faults of the file, with no call counted yet.
     const Faults &faults() const { return faults_; }
 
   private:
@@ -43,5 +37,3 @@ class Preset {
 };
 
 }  // namespace lmq::sim
-
-#endif

@@ -1,12 +1,8 @@
-/**
- * @file
- * @brief What the families keep their state in: tables, settings, ids, counters and flagged members.
- *
- * Nothing here knows a device or a status. A family checks its arguments first, so that keys are always within the
- * bounds of its operations, and translates what it hears from here into the status that fits.
- */
-#ifndef LMQ_DRIVER_STORE_H
-#define LMQ_DRIVER_STORE_H
+// What the families keep their state in: tables, settings, ids, counters and flagged members.
+//
+// Nothing here knows a device or a status. A family checks its arguments first, so that keys are always within the
+// bounds of its operations, and translates what it hears from here into the status that fits.
+#pragma once
 
 #include <algorithm>
 #include <cstddef>
@@ -21,10 +17,10 @@
 
 namespace lmq::sim {
 
-/** @brief How an insertion into a Table went. */
+/// How an insertion into a Table went.
 enum class Insert { ok, exists, full };
 
-/** @brief Entries by key, in the order of their keys, up to a capacity: what the chip has a table of. */
+/// Entries by key, in the order of their keys, up to a capacity: what the chip has a table of.
 template <typename Key, typename Value>
 class Table {
   public:
@@ -32,7 +28,7 @@ class Table {
 
     explicit Table(std::size_t capacity) : capacity_(capacity) {}
 
-    /** @brief Adds an entry. A key that is there answers `exists`, even in a full table, and keeps its value. */
+    /// Adds an entry. A key that is there answers `exists`, even in a full table, and keeps its value.
     Insert insert(const Key &key, Value value) {
         if (entries_.contains(key)) return Insert::exists;
         if (entries_.size() >= capacity_) return Insert::full;
@@ -40,16 +36,16 @@ class Table {
         return Insert::ok;
     }
 
-    /** @return The value, good until its entry is erased, or nullptr. */
+    /// @return The value, good until its entry is erased, or nullptr.
     Value *find(const Key &key) {
         const auto entry = entries_.find(key);
         return entry == entries_.end() ? nullptr : &entry->second;
     }
 
-    /** @return Whether the entry was there. */
+    /// @return Whether the entry was there.
     bool erase(const Key &key) { return entries_.erase(key) != 0; }
 
-    /** @brief Erases each entry for which `condition(key, value)` holds. @return How many. */
+    /// Erases each entry for which `condition(key, value)` holds. @return How many.
     template <typename Condition>
     std::size_t erase_if(Condition condition) {
         return std::erase_if(entries_, [&](const auto &entry) { return condition(entry.first, entry.second); });
@@ -62,7 +58,7 @@ class Table {
     typename Entries::iterator begin() { return entries_.begin(); }
     typename Entries::iterator end() { return entries_.end(); }
 
-    /** @brief The first entry behind a key, which need not be there (any more): a walk that keeps no state. */
+    /// The first entry behind a key, which need not be there (any more): a walk that keeps no state.
     typename Entries::iterator after(const Key &key) { return entries_.upper_bound(key); }
 
   private:
@@ -70,7 +66,7 @@ class Table {
     Entries entries_;
 };
 
-/** @brief A configuration that exists for every key: what was set last, or else the initial value. */
+/// A configuration that exists for every key: what was set last, or else the initial value.
 template <typename Key, typename Value>
 class Setting {
   public:
@@ -83,7 +79,7 @@ class Setting {
 
     void set(const Key &key, Value value) { set_.insert_or_assign(key, std::move(value)); }
 
-    /** @brief Every key has the initial value again. */
+    /// Every key has the initial value again.
     void clear() { set_.clear(); }
 
   private:
@@ -91,17 +87,15 @@ class Setting {
     std::map<Key, Value> set_;
 };
 
-/**
- * @brief Gives out ids from a range, each to one holder at a time.
- *
- * Ids go upward and start again at the end of the range, so that an id that was taken back stays invalid as long as
- * possible: a client that still uses it is told so.
- */
+/// Gives out ids from a range, each to one holder at a time.
+///
+/// Ids go upward and start again at the end of the range, so that an id that was taken back stays invalid as long as
+/// possible: a client that still uses it is told so.
 class Ids {
   public:
     Ids(std::uint32_t first, std::uint32_t last) : first_(first), last_(last), next_(first) {}
 
-    /** @return An id that nobody holds, or nothing when all are held. */
+    /// @return An id that nobody holds, or nothing when all are held.
     std::optional<std::uint32_t> give() {
         if (held_.size() > last_ - first_) return std::nullopt;
         while (!held_.insert(next_).second) advance();
@@ -110,7 +104,7 @@ class Ids {
         return id;
     }
 
-    /** @return Whether the id was held. */
+    /// @return Whether the id was held.
     bool take_back(std::uint32_t id) { return held_.erase(id) != 0; }
 
     bool held(std::uint32_t id) const { return held_.contains(id); }
@@ -124,7 +118,7 @@ class Ids {
     std::set<std::uint32_t> held_;
 };
 
-/** @brief A counter of the width in which it is read. It stops at its maximum, so that an overflow shows. */
+/// A counter of the width in which it is read. It stops at its maximum, so that an overflow shows.
 template <typename T>
 class Counter {
     static_assert(std::is_unsigned_v<T>);
@@ -134,14 +128,21 @@ class Counter {
         value_ = n > std::numeric_limits<T>::max() - value_ ? std::numeric_limits<T>::max() : T(value_ + n);
     }
 
-    /** @brief Reads, and with `clear` begins again at 0. */
+    /// Reads, and with `clear` begins again at 0.
     T read(bool clear = false) { return clear ? std::exchange(value_, T{0}) : value_; }
 
   private:
     T value_ = 0;
 };
 
-/** @brief Takes a given member over when its flag is set. Works for array members too. */
+/// Reads a structure of counters, and with `clear` lets all of them begin again at 0.
+template <typename Counters>
+void read_counters(Counters &counters, Counters *to, bool clear) {
+    *to = counters;
+    if (clear) counters = {};
+}
+
+/// Takes a given member over when its flag is set. Works for array members too.
 template <typename T>
 void merge(bool flagged, T &kept, const T &given) {
     if (!flagged) return;
@@ -153,5 +154,3 @@ void merge(bool flagged, T &kept, const T &given) {
 }
 
 }  // namespace lmq::sim
-
-#endif

@@ -1,32 +1,30 @@
-/**
- * @file
- * @brief VLANs, bridges and the software VLAN layer.
- *
- * Choices, each for want of a rule:
- * - Ports at first admit all tag types, check no membership, and pass what no entry matches.
- * - The 32 entries of member and mapping table are the device's: port_id of their operations has only to exist. An
- * index that the same table uses is VX_ERR_GLBL_ENTRY_EXIST, one that the other uses VX_ERR_GLBL_DUPLICATE_REQ. A
- * delete looks at no entry, so it may be NULL.
- * - An added entry has zeros where no flag is set. Its ports have to exist: SNI bit 0, UNI bits 0 and 1.
- * - There can be 64 bridges. The client chooses the id. No two have the same VLAN, but for LMQ_ANY_VID, which any may
- *   have, and which a bridge has that is created without one. Type NONE is no type, and each has to be given a type.
- * - UNI ports are numbered as ports, from VX_PORT_ETH0; a UNI port is once in a bridge, but may be in several. The id
- * of a bridge port is the device's. GEM ports are 0 to 4095, the PON is 0. Deleting a bridge deletes its ports.
- * - The software VLAN layer returns the statuses of vx_status_e. It has 64 lists of up to 64 extended VLAN rules, 64
- * tag operations and 64 ways to GEM ports. It serves the ports of vx_port_num_t. What takes no dev_id is for device 0.
- * - A rule or operation of an IP host applies to packets of the port VX_PORT_CPU.
- * - Extended VLAN rules follow ITU-T G.988, 9.3.13: of the lists of a port, in the order of their ids, the first rule
- *   that matches counts, then the first default rule; a port with any list does no simple operation. TPID and DEI of a
- *   filter are not compared, but input_tpid is: a tag with another TPID is no tag to the rules. A tag is added with
- *   output_tpid, or with LMQ_DEFAULT_TPID where its tpid_dei is 4. Priority 10 (by DSCP) counts as 0.
- * - Downstream, with downstream_mode 0, the first rule whose added tags the packet bears is undone: its added tags go,
- *   and as many as it removed come back, with the numbers of the filter, or of the packet where the filter says "any".
- *   Any other downstream_mode changes nothing.
- * - Of a way, mode 0 compares VLAN and priority, 1 the VLAN alone, 2 the priority alone; an action is 0 to forward and
- *   1 to drop. The ingress filter writes the GEM port to sub_port, and leaves it when no way matches.
- * - A filter returns VX_OK to forward and VX_ERR_FE_INVALID_VLAN_MEMBER to drop. It changes the tags of the packet, its
- *   sub_port, and nothing else. A packet with more than two tags is refused; one that would get a third is, too.
- */
+// VLANs, bridges and the software VLAN layer.
+//
+// Choices, each for want of a rule:
+// - Ports at first admit all tag types, check no membership, and pass what no entry matches.
+// - The 32 entries of member and mapping table are the device's: port_id of their operations has only to exist. An
+//   index that the same table uses is VX_ERR_GLBL_ENTRY_EXIST, one that the other uses VX_ERR_GLBL_DUPLICATE_REQ. A
+//   delete looks at no entry, so it may be NULL.
+// - An added entry has zeros where no flag is set. Its ports have to exist: SNI bit 0, UNI bits 0 and 1.
+// - There can be 64 bridges. The client chooses the id. No two have the same VLAN, but for LMQ_ANY_VID, which any may
+//   have, and which a bridge has that is created without one. Type NONE is no type, and each has to be given a type.
+// - UNI ports are numbered as ports, from VX_PORT_ETH0; a UNI port is once in a bridge, but may be in several. The id
+//   of a bridge port is the device's. GEM ports are 0 to 4095, the PON is 0. Deleting a bridge deletes its ports.
+// - The software VLAN layer returns the statuses of vx_status_e. It has 64 lists of up to 64 extended VLAN rules, 64
+//   tag operations and 64 ways to GEM ports. It serves the ports of vx_port_num_t. What takes no dev_id is for device
+//   0.
+// - A rule or operation of an IP host applies to packets of the port VX_PORT_CPU.
+// - Extended VLAN rules follow ITU-T G.988, 9.3.13: of the lists of a port, in the order of their ids, the first rule
+//   that matches counts, then the first default rule; a port with any list does no simple operation. TPID and DEI of
+//   a filter are not compared, but input_tpid is: a tag with another TPID is no tag to the rules. A tag is added with
+//   output_tpid, or with LMQ_DEFAULT_TPID where its tpid_dei is 4. Priority 10 (by DSCP) counts as 0.
+// - Downstream, with downstream_mode 0, the first rule whose added tags the packet bears is undone: its added tags
+//   go, and as many as it removed come back, with the numbers of the filter, or of the packet where the filter says
+//   "any". Any other downstream_mode changes nothing.
+// - Of a way, mode 0 compares VLAN and priority, 1 the VLAN alone, 2 the priority alone; an action is 0 to forward
+//   and 1 to drop. The ingress filter writes the GEM port to sub_port, and leaves it when no way matches.
+// - A filter returns VX_OK to forward and VX_ERR_FE_INVALID_VLAN_MEMBER to drop. It changes the tags of the packet,
+//   its sub_port, and nothing else. A packet with more than two tags is refused; one that would get a third is, too.
 #include "driver/vlan_bridge.h"
 
 #include <algorithm>
@@ -42,13 +40,13 @@ namespace lmq::sim {
 
 namespace {
 
-constexpr vx_uint16 kLastVid = LMQ_MAX_VID;
-constexpr vx_uint16 kLastGemPort = 4095;
-constexpr vx_uint8 kAllTagTypes = LMQ_VLAN_TAG_TYPE_UNTAG | LMQ_VLAN_TAG_TYPE_PRIO_TAG | LMQ_VLAN_TAG_TYPE_TAG;
+constexpr vx_uint16 last_vid = LMQ_MAX_VID;
+constexpr vx_uint16 last_gem_port = 4095;
+constexpr vx_uint8 all_tag_types = LMQ_VLAN_TAG_TYPE_UNTAG | LMQ_VLAN_TAG_TYPE_PRIO_TAG | LMQ_VLAN_TAG_TYPE_TAG;
 
-void check_vid(vx_uint16 vid) { refuse_if(vid > kLastVid, VX_ERR_FE_INVALID_VLAN_ID); }
+void check_vid(vx_uint16 vid) { refuse_if(vid > last_vid, VX_ERR_FE_INVALID_VLAN_ID); }
 
-/** @brief Runs an operation on the VLAN policy of a port, as on_device() on a device. */
+/// Runs an operation on the VLAN policy of a port, as on_device() on a device.
 template <typename Body>
 vx_status_e on_policy(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id,
                       std::initializer_list<const void *> pointers, Body body) noexcept {
@@ -58,7 +56,7 @@ vx_status_e on_policy(const char *function, vx_dev_id_t dev_id, vx_port_id_t por
     });
 }
 
-/** @brief Adds directions to a set of them, or takes them away. */
+/// Adds directions to a set of them, or takes them away.
 void change(vx_acl_vlan_filter_dir_t &kept, vx_acl_vlan_filter_dir_t given, bool add) {
     check_range(given, VX_ACL_VLAN_FILTER_DIR_DISABLE, VX_ACL_VLAN_FILTER_DIR_BOTH);
     kept = static_cast<vx_acl_vlan_filter_dir_t>(add ? kept | given : kept & ~given);
@@ -103,7 +101,7 @@ vx_status_e vlan_table_set(const char *function, vx_dev_id_t dev_id, vx_port_id_
         check_range(mode, VX_ACL_OP_ADD, VX_ACL_OP_MODIFY);
         if (mode != VX_ACL_OP_DELETE) check_pointers({given}, VX_ERR_DEV_NULL_PTR);
         check_port(port_id);
-        check_range(index, 0, VlanBridge::kVlanEntries - 1);
+        check_range(index, 0, VlanBridge::max_vlan_entries - 1);
         auto &table = device.vlan_bridge.vlan;
         VlanBridge::VlanEntry *at = table.find(index);
         Entry *known = at ? std::get_if<Entry>(at) : nullptr;
@@ -129,7 +127,7 @@ vx_status_e vlan_table_get(const char *function, vx_dev_id_t dev_id, vx_port_id_
                            Entry *to) noexcept {
     return on_device(function, dev_id, {to}, [&](Device &device) {
         check_port(port_id);
-        check_range(index, 0, VlanBridge::kVlanEntries - 1);
+        check_range(index, 0, VlanBridge::max_vlan_entries - 1);
         const VlanBridge::VlanEntry *at = device.vlan_bridge.vlan.find(index);
         const Entry *known = at ? std::get_if<Entry>(at) : nullptr;
         refuse_if(!known, VX_ERR_GLBL_ENTRY_NOT_FOUND);
@@ -145,7 +143,7 @@ Bridge &bridge_of(Device &device, lmq_brg_id_t id) {
     return *bridge;
 }
 
-/** @brief The bridge that a bridge port belongs to, with its id. */
+/// The bridge that a bridge port belongs to, with its id.
 std::pair<const lmq_brg_id_t, Bridge> &owner_of(Device &device, lmq_brg_port_id_t port) {
     for (auto &known : device.vlan_bridge.bridges) {
         if (known.second.ports.contains(port)) return known;
@@ -153,7 +151,7 @@ std::pair<const lmq_brg_id_t, Bridge> &owner_of(Device &device, lmq_brg_port_id_
     throw Refusal{VX_ERR_FE_INVALID_BRG_PORT_ID};
 }
 
-/** @brief Takes over the flagged members. Refuses what is out of range, and the VLAN of another bridge. */
+/// Takes over the flagged members. Refuses what is out of range, and the VLAN of another bridge.
 void take(Device &device, lmq_brg_id_t id, lmq_brg_cfg_s &kept, const lmq_brg_cfg_s &given) {
     const auto &flags = given.valid.mask_s;
     refuse_if(flags.brg_type && (given.brg_type == LMQ_BRG_TYPE_NONE || given.brg_type > LMQ_BRG_TYPE_ALL),
@@ -187,7 +185,7 @@ void print(lmq_brg_id_t id, const Bridge &bridge) {
 
 /* The software VLAN layer. */
 
-/** @brief Adds to a table of the layer, or refuses. */
+/// Adds to a table of the layer, or refuses.
 template <typename Key, typename Value>
 void add(Table<Key, Value> &table, const Key &key, const Value &value) {
     switch (table.insert(key, value)) {
@@ -206,26 +204,26 @@ bool same(const vx_lmq_ext_vlan_filter_t &a, const vx_lmq_ext_vlan_filter_t &b) 
 }
 
 /* Numbers of ITU-T G.988, 9.3.13. */
-constexpr vx_uint8 kAnyPriority = 8, kCopyInnerPriority = 8, kCopyOuterPriority = 9, kDefaultRule = 14, kNoTag = 15;
-constexpr vx_uint16 kAnyVid = 4096, kCopyInnerVid = 4096, kCopyOuterVid = 4097;
-constexpr vx_uint8 kDropPacket = 3;
-constexpr vx_uint16 kDefaultTpid = 4;
+constexpr vx_uint8 any_priority = 8, copy_inner_priority = 8, copy_outer_priority = 9, default_rule = 14, no_tag = 15;
+constexpr vx_uint16 any_vid = 4096, copy_inner_vid = 4096, copy_outer_vid = 4097;
+constexpr vx_uint8 drop_packet = 3;
+constexpr vx_uint16 default_tpid = 4;
 
 vx_status_e add_rule(const char *function, vx_uint32 dev_id, SwVlanKey key, unsigned tags,
                      const vx_lmq_ext_vlan_filter_t *filter, const vx_lmq_ext_vlan_treatment_t *treatment) noexcept {
     return on_device(function, dev_id, {filter, treatment}, [&](Device &device) {
         check_port(key.port);
-        check_range(filter->outer_pri, 0, kNoTag);
-        check_range(filter->inner_pri, 0, kNoTag);
-        check_range(filter->outer_vid, 0, kAnyVid);
-        check_range(filter->inner_vid, 0, kAnyVid);
-        check_range(treatment->tag_to_remove, 0, kDropPacket);
-        check_range(treatment->outer_pri, 0, kNoTag);
-        check_range(treatment->inner_pri, 0, kNoTag);
-        check_range(treatment->outer_vid, 0, kCopyOuterVid);
-        check_range(treatment->inner_vid, 0, kCopyOuterVid);
+        check_range(filter->outer_pri, 0, no_tag);
+        check_range(filter->inner_pri, 0, no_tag);
+        check_range(filter->outer_vid, 0, any_vid);
+        check_range(filter->inner_vid, 0, any_vid);
+        check_range(treatment->tag_to_remove, 0, drop_packet);
+        check_range(treatment->outer_pri, 0, no_tag);
+        check_range(treatment->inner_pri, 0, no_tag);
+        check_range(treatment->outer_vid, 0, copy_outer_vid);
+        check_range(treatment->inner_vid, 0, copy_outer_vid);
         // What is not there cannot be removed.
-        refuse_if(treatment->tag_to_remove != kDropPacket && treatment->tag_to_remove > tags,
+        refuse_if(treatment->tag_to_remove != drop_packet && treatment->tag_to_remove > tags,
                   VX_ERR_FE_INVALID_VLAN_ACTION);
 
         const ExtVlanRule rule{tags, *filter, *treatment};
@@ -234,12 +232,12 @@ vx_status_e add_rule(const char *function, vx_uint32 dev_id, SwVlanKey key, unsi
         if (!list) return add(lists, key, {rule});
         const auto known = [&](const ExtVlanRule &r) { return r.tags == tags && same(r.filter, *filter); };
         refuse_if(std::any_of(list->begin(), list->end(), known), VX_ERR_GLBL_ENTRY_EXIST);
-        refuse_if(list->size() >= VlanBridge::kRules, VX_ERR_GLBL_SW_RESOURCE_UNAVAIL);
+        refuse_if(list->size() >= VlanBridge::max_rules, VX_ERR_GLBL_SW_RESOURCE_UNAVAIL);
         list->push_back(rule);
     });
 }
 
-/** @brief A VLAN tag (IEEE 802.1Q, 9.3). */
+/// A VLAN tag (IEEE 802.1Q, 9.3).
 struct Tag {
     vx_uint16 tpid = LMQ_DEFAULT_TPID;
     vx_uint16 tci = 0;
@@ -252,7 +250,7 @@ vx_uint16 tci_of(vx_uint8 priority, vx_uint16 vid) {
     return static_cast<vx_uint16>((priority & 7) << 13 | (vid & 0xFFF));
 }
 
-/** @brief The tags of a packet, the outer one first. */
+/// The tags of a packet, the outer one first.
 using Tags = std::vector<Tag>;
 
 Tags tags_of(const vx_pkt_t &packet) {
@@ -276,10 +274,10 @@ void write(vx_pkt_t &packet, const Tags &tags) {
 }
 
 bool matches(vx_uint8 priority, vx_uint16 vid, const Tag &tag) {
-    return (priority >= kAnyPriority || priority == tag.priority()) && (vid >= kAnyVid || vid == tag.vid());
+    return (priority >= any_priority || priority == tag.priority()) && (vid >= any_vid || vid == tag.vid());
 }
 
-/** @brief Whether a packet is of the type that a filter names; 0 is any. */
+/// Whether a packet is of the type that a filter names; 0 is any.
 bool matches(vx_uint8 type, vx_uint16 eth_type) {
     switch (type) {
         case 1: return eth_type == VX_ETH_TYPE_IPV4;
@@ -291,10 +289,10 @@ bool matches(vx_uint8 type, vx_uint16 eth_type) {
 }
 
 bool is_default(const ExtVlanRule &rule) {
-    return rule.filter.inner_pri == kDefaultRule || rule.filter.outer_pri == kDefaultRule;
+    return rule.filter.inner_pri == default_rule || rule.filter.outer_pri == default_rule;
 }
 
-/** @brief Whether a rule is for a packet. The filter's inner part is for the inner tag, or the only one. */
+/// Whether a rule is for a packet. The filter's inner part is for the inner tag, or the only one.
 bool matches(const ExtVlanRule &rule, const Tags &tags, vx_uint16 eth_type, vx_uint16 tpid) {
     const auto &filter = rule.filter;
     if (rule.tags != tags.size() || !matches(filter.eth_type, eth_type)) return false;
@@ -303,25 +301,25 @@ bool matches(const ExtVlanRule &rule, const Tags &tags, vx_uint16 eth_type, vx_u
     return rule.tags < 2 || matches(filter.outer_pri, filter.outer_vid, tags.front());
 }
 
-/** @brief The tag that a treatment adds, or nothing. `received` are the tags of the packet as it came. */
+/// The tag that a treatment adds, or nothing. `received` are the tags of the packet as it came.
 std::optional<Tag> added(vx_uint8 priority, vx_uint16 vid, vx_uint16 tpid_dei, vx_uint16 tpid, const Tags &received) {
-    if (priority == kNoTag) return std::nullopt;
+    if (priority == no_tag) return std::nullopt;
     const Tag inner = received.empty() ? Tag{} : received.back(), outer = received.empty() ? Tag{} : received.front();
-    if (priority == kCopyInnerPriority)
+    if (priority == copy_inner_priority)
         priority = inner.priority();
-    else if (priority == kCopyOuterPriority)
+    else if (priority == copy_outer_priority)
         priority = outer.priority();
-    else if (priority > kCopyOuterPriority)
+    else if (priority > copy_outer_priority)
         priority = 0;
-    if (vid == kCopyInnerVid)
+    if (vid == copy_inner_vid)
         vid = inner.vid();
-    else if (vid == kCopyOuterVid)
+    else if (vid == copy_outer_vid)
         vid = outer.vid();
-    return Tag{tpid_dei == kDefaultTpid ? LMQ_DEFAULT_TPID : tpid, tci_of(priority, vid)};
+    return Tag{tpid_dei == default_tpid ? LMQ_DEFAULT_TPID : tpid, tci_of(priority, vid)};
 }
 
 void treat(Tags &tags, const vx_lmq_ext_vlan_treatment_t &treatment, const ExtVlanParameters &parameters) {
-    refuse_if(treatment.tag_to_remove == kDropPacket, VX_ERR_FE_INVALID_VLAN_MEMBER);
+    refuse_if(treatment.tag_to_remove == drop_packet, VX_ERR_FE_INVALID_VLAN_MEMBER);
     const Tags received = tags;
     tags.erase(tags.begin(), tags.begin() + treatment.tag_to_remove);
     const vx_uint16 tpid = parameters.output_tpid;
@@ -331,13 +329,13 @@ void treat(Tags &tags, const vx_lmq_ext_vlan_treatment_t &treatment, const ExtVl
     if (outer) tags.insert(tags.begin(), *outer);
 }
 
-/** @brief Undoes a rule, if the packet bears the tags that it adds. @return Whether it does. */
+/// Undoes a rule, if the packet bears the tags that it adds. @return Whether it does.
 bool undo(Tags &tags, const ExtVlanRule &rule, const ExtVlanParameters &parameters) {
     const auto &treatment = rule.treatment;
-    if (treatment.tag_to_remove == kDropPacket) return false;
+    if (treatment.tag_to_remove == drop_packet) return false;
     std::vector<std::pair<vx_uint8, vx_uint16>> bears;  // outer first
-    if (treatment.outer_pri != kNoTag) bears.emplace_back(treatment.outer_pri, treatment.outer_vid);
-    if (treatment.inner_pri != kNoTag) bears.emplace_back(treatment.inner_pri, treatment.inner_vid);
+    if (treatment.outer_pri != no_tag) bears.emplace_back(treatment.outer_pri, treatment.outer_vid);
+    if (treatment.inner_pri != no_tag) bears.emplace_back(treatment.inner_pri, treatment.inner_vid);
     if (bears.size() > tags.size() || bears.size() + rule.tags != treatment.tag_to_remove + tags.size()) return false;
     for (std::size_t i = 0; i < bears.size(); ++i) {
         if (!matches(bears[i].first, bears[i].second, tags[i])) return false;
@@ -346,8 +344,8 @@ bool undo(Tags &tags, const ExtVlanRule &rule, const ExtVlanParameters &paramete
     const Tags sent = tags;
     tags.erase(tags.begin(), tags.begin() + static_cast<std::ptrdiff_t>(bears.size()));
     const auto restore = [&](vx_uint8 priority, vx_uint16 vid, const Tag &like) {
-        const vx_uint8 p = priority >= kAnyPriority ? like.priority() : priority;
-        tags.insert(tags.begin(), {parameters.input_tpid, tci_of(p, vid >= kAnyVid ? like.vid() : vid)});
+        const vx_uint8 p = priority >= any_priority ? like.priority() : priority;
+        tags.insert(tags.begin(), {parameters.input_tpid, tci_of(p, vid >= any_vid ? like.vid() : vid)});
     };
     const Tag none{};
     const auto &filter = rule.filter;
@@ -362,7 +360,7 @@ bool undo(Tags &tags, const ExtVlanRule &rule, const ExtVlanParameters &paramete
 
 bool is_of(const SwVlanKey &key, vx_uint16 port) { return key.iphost ? port == VX_PORT_CPU : key.port == port; }
 
-/** @brief The rules of a port, in the order in which they count: default rules last. */
+/// The rules of a port, in the order in which they count: default rules last.
 std::vector<std::pair<vx_uint16, const ExtVlanRule *>> rules_of(VlanBridge &state, vx_uint16 port) {
     std::vector<std::pair<vx_uint16, const ExtVlanRule *>> rules;
     for (const auto &[key, list] : state.ext_vlans) {
@@ -373,7 +371,7 @@ std::vector<std::pair<vx_uint16, const ExtVlanRule *>> rules_of(VlanBridge &stat
     return rules;
 }
 
-/** @brief The way of a packet with this tag, or without one; nullptr when there is none. */
+/// The way of a packet with this tag, or without one; nullptr when there is none.
 const vx_lmq_tci_routing_t *way_of(VlanBridge &state, vx_uint16 port, const Tag &tag) {
     const auto is_way = [&](const auto &known) {
         const vx_lmq_tci_routing_t &way = known.second;
@@ -439,7 +437,7 @@ extern "C" {
 vx_status_e vx_vlan_tag_policy_set(vx_dev_id_t dev_id, vx_port_id_t port_id,
                                    vx_acl_vlan_tag_type_t vlan_tag_type_bitmap, vx_boolean admit) {
     return on_policy(__func__, dev_id, port_id, {}, [&](VlanPolicy &policy) {
-        check_range(vlan_tag_type_bitmap, 0, kAllTagTypes);
+        check_range(vlan_tag_type_bitmap, 0, all_tag_types);
         policy.tag_types = vlan_tag_type_bitmap;
         policy.admit = as_boolean(admit);
     });
@@ -563,7 +561,7 @@ vx_status_e vx_gpon_onu_gem_port_add_to_bridge(vx_dev_id_t dev_id, vx_uint16 pon
     return on_device(__func__, dev_id, {}, [&](Device &device) {
         std::vector<vx_uint16> &gems = bridge_of(device, brg_id).gem_ports;
         check_range(pon_id, 0, 0);
-        refuse_if(gem_port_id > kLastGemPort, VX_ERR_GPON_INVALID_GEM_PORT);
+        refuse_if(gem_port_id > last_gem_port, VX_ERR_GPON_INVALID_GEM_PORT);
         refuse_if(std::find(gems.begin(), gems.end(), gem_port_id) != gems.end(), VX_ERR_GLBL_ENTRY_EXIST);
         refuse_if(gems.size() >= VX_MAX_GEM_PORTS, VX_ERR_GLBL_SW_RESOURCE_UNAVAIL);
         gems.push_back(gem_port_id);
@@ -655,7 +653,7 @@ vx_int32 vx_sw_tci_gem_add(vx_uint32 dev_id, vx_lmq_tci_routing_t *tci2gem, vx_u
         check_range(tci2gem->mode, 0, 2);
         check_range(tci2gem->tagged_action, 0, 1);
         check_range(tci2gem->untagged_action, 0, 1);
-        refuse_if(tci2gem->gem_port > kLastGemPort, VX_ERR_GPON_INVALID_GEM_PORT);
+        refuse_if(tci2gem->gem_port > last_gem_port, VX_ERR_GPON_INVALID_GEM_PORT);
         add(device.vlan_bridge.routes, routing_id, *tci2gem);
     });
 }

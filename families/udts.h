@@ -3,8 +3,8 @@
 
 #include "marshal/row.h"
 
-// Hidden where it is declared, not only where it is defined: the compiler then takes an address without a word in the
-// global offset table, which would cost a relocation too.
+/// Hidden where it is declared, not only where it is defined: the compiler then takes an address without a word in the
+/// global offset table, which would cost a relocation too.
 #pragma GCC visibility push(hidden)
 namespace lmq {
 

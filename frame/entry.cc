@@ -32,7 +32,7 @@ constinit const lmq::Registered lmq::api_methods[] = {
 int xrpc_init(xmlrpc_registry *registry, xmlrpc_env *env) {
     using namespace lmq;
 #define INTROSPECTION(name, signature, help) \
-    xmlrpc_registry_add_method2(env, registry, "lmq." #name, x_rpc_##name, signature, help, nullptr);
+    xmlrpc_registry_add_method2(env, registry, LMQ_PREFIX #name, x_rpc_##name, signature, help, nullptr);
 #include "introspect/methods.def"
 #undef INTROSPECTION
     for (const auto &[method, handler] : api_methods)

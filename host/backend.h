@@ -1,7 +1,6 @@
 // What carries out calls: something that takes one call at a time and comes back with its answer, without ever
 // holding up whoever asks. in_process.h does it in this process, worker.h in another one.
-#ifndef LMQ_HOST_BACKEND_H
-#define LMQ_HOST_BACKEND_H
+#pragma once
 
 #include <poll.h>
 #include <sys/types.h>
@@ -12,34 +11,48 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace lmq::host {
 
-/**
- * Takes a call, as a document or packed (packed_call.h), and returns the document of the answer. Throws if the result
- * has no form in XML.
- */
+/// Takes a call, as a document or packed (packed_call.h), and returns the document of the answer. Throws if the result
+/// has no form in XML.
 using Call = std::function<std::string(std::string_view call)>;
 
-/** Loads the driver and the plug-in. Throws an error of one line. */
-using Open = std::function<Call()>;
+/// A method that is registered.
+struct Method {
+    std::string name;
+    /// Whether it tells about the interface and calls nothing of the driver: it is the XML-RPC library's own, or the
+    /// plug-in has registered it under the name of no function of the driver.
+    bool is_introspection;
+};
+
+/// What serves calls.
+struct Service {
+    Call call;
+    std::vector<Method> methods;
+};
 
 class Backend {
   public:
     struct Outcome {
-        /** An answer; a result that has no form in XML; or a process that ended over the call. */
+        /// An answer; a result that has no form in XML; or a process that ended over the call.
         enum class Kind { answer, unanswerable, lost };
         Kind kind;
-        /** The answer's document, or what happened. */
+        /// The answer's document, or what happened.
         std::string text;
+        /// What the call printed, as far as it is known.
+        std::string printed = {};
     };
 
-    /** For the metrics. */
+    /// For the metrics.
     struct State {
-        /** The process that holds the driver. */
+        /// The process that holds the driver.
         pid_t pid = 0;
         std::uint64_t restarts = 0;
         std::uint64_t recycled = 0;
+        /// Bytes that the driver printed and nobody took.
+        std::uint64_t dropped = 0;
     };
 
     Backend() = default;
@@ -47,34 +60,36 @@ class Backend {
     Backend(const Backend &) = delete;
     Backend &operator=(const Backend &) = delete;
 
-    /** Whether step() has the outcome as soon as begin() returns, so that nothing is won by letting a call wait. */
+    /// The methods that are registered.
+    const std::vector<Method> &methods() const { return methods_; }
+
+    /// Whether step() has the outcome as soon as begin() returns, so that nothing is won by letting a call wait.
     virtual bool is_synchronous() const { return false; }
 
-    /** Whether begin() may be called. */
+    /// Whether begin() may be called.
     virtual bool ready() const = 0;
 
-    /**
-     * Starts a call. step() returns its outcome, sooner or later.
-     * @param call   The call, as Call takes it. The backend keeps it for as long as it needs it.
-     * @param method Its method, for the log.
-     */
-    virtual void begin(std::string call, const std::string &method) = 0;
+    /// Starts a call. step() returns its outcome, sooner or later.
+    /// @param call   The call, as Call takes it. The backend keeps it for as long as it needs it.
+    /// @param method Its method, for the log.
+    virtual void begin(std::string call, std::string method) = 0;
 
-    /** Does what can be done without waiting. Returns the outcome of the call in hand, once. */
+    /// Does what can be done without waiting. Returns the outcome of the call in hand, once.
     virtual std::optional<Outcome> step() = 0;
 
-    /** The descriptors that make step() worth calling; -1 stands for none. */
-    virtual std::array<pollfd, 2> waits() const = 0;
+    /// The descriptors that make step() worth calling; -1 stands for none.
+    virtual std::array<pollfd, 4> waits() const = 0;
 
-    /** In how many milliseconds step() is worth calling whatever the descriptors say; -1 for never. */
+    /// In how many milliseconds step() is worth calling whatever the descriptors say; -1 for never.
     virtual int timeout() const = 0;
 
-    /** Whether calls can be carried out, now or after the one in hand. */
+    /// Whether calls can be carried out, now or after the one in hand.
     virtual bool alive() const = 0;
 
     virtual State state() const = 0;
+
+  protected:
+    std::vector<Method> methods_;
 };
 
 }  // namespace lmq::host
-
-#endif

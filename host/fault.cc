@@ -1,33 +1,37 @@
-// Writing of fault documents, and finding the code in one that the XML-RPC library wrote.
+// Faults to and from documents, with the XML-RPC library's own writer.
 #include "fault.h"
 
+#include <xmlrpc-c/base.h>
+
 #include <charconv>
+#include <memory>
+#include <new>
 
 namespace lmq::host {
 namespace {
 
-std::string escaped(std::string_view text) {
-    std::string result;
-    result.reserve(text.size());
-    for (const char c : text) {
-        switch (c) {
-            case '<': result += "&lt;"; break;
-            case '>': result += "&gt;"; break;
-            case '&': result += "&amp;"; break;
-            default: result += c;
-        }
-    }
-    return result;
-}
+/// A fault carrier of the XML-RPC library.
+struct Env : xmlrpc_env {
+    Env() { xmlrpc_env_init(this); }
+    ~Env() { xmlrpc_env_clean(this); }
+    Env(const Env &) = delete;
+    Env &operator=(const Env &) = delete;
+};
+
+struct Free {
+    void operator()(xmlrpc_mem_block *block) const { XMLRPC_MEMBLOCK_FREE(char, block); }
+};
 
 }  // namespace
 
 std::string document(const Fault &fault) {
-    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<methodResponse>\r\n<fault>\r\n<value><struct>\r\n"
-           "<member><name>faultCode</name>\r\n<value><int>" +
-           std::to_string(fault.code) +
-           "</int></value></member>\r\n<member><name>faultString</name>\r\n<value><string>" + escaped(fault.text) +
-           "</string></value></member>\r\n</struct></value>\r\n</fault>\r\n</methodResponse>\r\n";
+    Env env, told;
+    xmlrpc_env_set_fault(&told, fault.code, fault.text.c_str());
+    const std::unique_ptr<xmlrpc_mem_block, Free> text(XMLRPC_MEMBLOCK_NEW(char, &env, 0));
+    if (env.fault_occurred) throw std::bad_alloc();
+    xmlrpc_serialize_fault(&env, text.get(), &told);
+    if (env.fault_occurred) throw std::bad_alloc();
+    return {XMLRPC_MEMBLOCK_CONTENTS(char, text.get()), XMLRPC_MEMBLOCK_SIZE(char, text.get())};
 }
 
 // The library writes the code in front of the text, so that nothing a client sent can stand before it.

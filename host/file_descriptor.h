@@ -1,6 +1,5 @@
 // A file descriptor that closes itself.
-#ifndef LMQ_HOST_FILE_DESCRIPTOR_H
-#define LMQ_HOST_FILE_DESCRIPTOR_H
+#pragma once
 
 #include <unistd.h>
 
@@ -8,7 +7,7 @@
 
 namespace lmq::host {
 
-/** Owns one file descriptor, or none (-1). */
+/// Owns one file descriptor, or none (-1).
 class FileDescriptor {
   public:
     explicit FileDescriptor(int fd = -1) : fd_(fd) {}
@@ -23,7 +22,7 @@ class FileDescriptor {
 
     int get() const { return fd_; }
 
-    /** Gives the descriptor away: the caller closes it. */
+    /// Gives the descriptor away: the caller closes it.
     int release() { return std::exchange(fd_, -1); }
 
   private:
@@ -31,5 +30,3 @@ class FileDescriptor {
 };
 
 }  // namespace lmq::host
-
-#endif

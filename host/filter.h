@@ -1,52 +1,73 @@
-// Which methods are served: the globs of --allow and --deny, and --read-only.
-#ifndef LMQ_HOST_FILTER_H
-#define LMQ_HOST_FILTER_H
+// Which methods are served, by their names: the globs of --allow and --deny, for all and for single users; and what
+// --read-only leaves.
+#pragma once
 
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "backend.h"
+#include "guard.h"
 #include "prepass.h"
 
 namespace lmq::host {
 
-/** One --allow or --deny. */
+/// One --allow or --deny.
 struct MethodRule {
     bool allow;
-    /** A pattern of fnmatch(3) for the whole name, such as "lmq.vx_*_get". */
+    /// A pattern of fnmatch(3) for the whole name, such as "lmq.vx_*_get".
     std::string glob;
+};
+
+/// What may be called.
+struct Role {
+    std::vector<MethodRule> rules;
+    ReadOnly read_only = ReadOnly::off;
 };
 
 class MethodFilter {
   public:
-    /**
-     * @param rules     In the order of the command line; the last one that matches a method decides. A method that none
-     *                  matches is served if no rule allows anything, and refused if one does.
-     * @param read_only Whether to serve only methods whose names promise to read: see reads().
-     */
-    MethodFilter(std::vector<MethodRule> rules, bool read_only);
+    /// @param methods All methods.
+    /// @param rules   In the order of the command line; the last one that matches a method decides. A method that
+    ///                none matches is served if no rule allows anything, and refused if one does.
+    /// @throws std::runtime_error that names a rule which matches no method.
+    MethodFilter(const std::vector<Method> &methods, std::vector<MethodRule> rules);
 
-    /**
-     * Judges the methods that a call is about. Of a system.multicall only the inner calls count.
-     * @return Why the call is refused, or none.
-     */
+    /// Judges the methods that a call is about. Of a system.multicall only the inner calls count.
+    /// @return Why the call is refused, or none.
     std::optional<Fault> judge(const Verdict &call) const;
-
-    /**
-     * Whether a method reads, by its name alone: all of system.*, the introspection of the plug-in, and names that hold
-     * the word "get", "dump" or "print" and no word for a change ("set", "add", "clear" and the like). Reads of
-     * registers and buses are not among them, for some registers change when they are read.
-     */
-    static bool reads(const std::string &method);
 
   private:
     std::optional<Fault> judge(const std::string &method) const;
 
     std::vector<MethodRule> rules_;
-    bool read_only_;
     bool allowed_by_default_;
 };
 
-}  // namespace lmq::host
+/// What may be called by anybody, and what some users may call of that.
+class Filters {
+  public:
+    /// @param methods All methods. Must outlive the filters.
+    /// @param roles   Of the users that have one.
+    /// @throws std::runtime_error that names a rule which matches no method, and its user.
+    Filters(const std::vector<Method> &methods, const Role &common, const std::map<std::string, Role> &roles);
 
-#endif
+    /// @param user Who calls; empty for nobody.
+    /// @return Why the call is refused, or none.
+    std::optional<Fault> judge(const Verdict &call, const std::string &user) const;
+
+    /// How far a user may change something.
+    ReadOnly read_only(const std::string &user) const;
+
+  private:
+    struct Entry {
+        MethodFilter filter;
+        ReadOnly read_only;
+    };
+
+    Entry common_;
+    std::map<std::string, Entry> by_user_;
+};
+
+}  // namespace lmq::host

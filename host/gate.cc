@@ -2,6 +2,7 @@
 #include "gate.h"
 
 #include <arpa/inet.h>
+#include <gnutls/gnutls.h>
 #include <limits.h>
 #include <microhttpd.h>
 #include <strings.h>
@@ -13,12 +14,13 @@
 #include <system_error>
 #include <utility>
 
+#include "console.h"
 #include "tls.h"
 
 namespace lmq::host {
 namespace {
 
-/** The media type of a Content-Type header: without its parameters, in small letters. */
+/// The media type of a Content-Type header: without its parameters, in small letters.
 std::string media_type(std::string_view header) {
     header = header.substr(0, header.find(';'));
     const std::size_t first = header.find_first_not_of(" \t");
@@ -27,13 +29,6 @@ std::string media_type(std::string_view header) {
     std::transform(type.begin(), type.end(), type.begin(),
                    [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
     return type;
-}
-
-/** A header of the request, if it is there. */
-std::optional<std::string_view> header(MHD_Connection *connection, const char *name) {
-    const char *value = MHD_lookup_connection_value(connection, MHD_HEADER_KIND, name);
-    if (value == nullptr) return std::nullopt;
-    return value;
 }
 
 bool is_address(const std::string &host) {
@@ -45,16 +40,45 @@ bool is_address(const std::string &host) {
     return inet_pton(AF_INET6, inner.c_str(), &any) == 1;
 }
 
-struct Freed {
-    void operator()(char *text) const { MHD_free(text); }
-};
+/// Takes name and password out of an Authorization header.
+bool read_credentials(std::string_view value, std::string &name, std::string &password) {
+    constexpr std::string_view scheme = "Basic ";
+    if (value.size() < scheme.size() || strncasecmp(value.data(), scheme.data(), scheme.size()) != 0) return false;
+    value.remove_prefix(std::min(value.find_first_not_of(' ', scheme.size()), value.size()));
+    const gnutls_datum_t encoded{reinterpret_cast<unsigned char *>(const_cast<char *>(value.data())),
+                                 static_cast<unsigned>(value.size())};
+    gnutls_datum_t raw{};
+    if (value.empty() || gnutls_base64_decode2(&encoded, &raw) < 0) return false;
+    const std::string text(reinterpret_cast<const char *>(raw.data), raw.size);
+    gnutls_free(raw.data);
+    const std::size_t colon = text.find(':');
+    // The functions that hash passwords end at a zero.
+    if (colon == std::string::npos || text.find('\0') != std::string::npos) return false;
+    name = text.substr(0, colon);
+    password = text.substr(colon + 1);
+    return true;
+}
+
+/// All headers of a name.
+std::vector<std::string> values(MHD_Connection *connection, const char *name) {
+    std::pair<const char *, std::vector<std::string>> search(name, {});
+    MHD_get_connection_values(
+        connection, MHD_HEADER_KIND,
+        [](void *to, MHD_ValueKind, const char *key, const char *value) {
+            auto &[wanted, found] = *static_cast<decltype(search) *>(to);
+            if (strcasecmp(key, wanted) == 0) found.emplace_back(value == nullptr ? "" : value);
+            return MHD_YES;
+        },
+        &search);
+    return std::move(search.second);
+}
 
 }  // namespace
 
-Reply refusal(unsigned status, const std::string &why) { return {status, why + "\n"}; }
-
-Reply too_long(std::size_t limit) {
-    return refusal(MHD_HTTP_CONTENT_TOO_LARGE, "The body is longer than " + std::to_string(limit) + " bytes.");
+std::optional<std::string_view> header(MHD_Connection *connection, const char *name) {
+    const char *value = MHD_lookup_connection_value(connection, MHD_HEADER_KIND, name);
+    if (value == nullptr) return std::nullopt;
+    return value;
 }
 
 // The HTTP library has refused what is not a number.
@@ -72,10 +96,8 @@ Gate::Gate(Options options, std::unique_ptr<Users> users) : options_(std::move(o
     options_.names.emplace_back("localhost");
 }
 
-/**
- * A page of a foreign site can have its own name point here, and then counts as this host for the browser. The name
- * still stands in the Host header. Addresses are safe: nobody can have them point elsewhere.
- */
+/// A page of a foreign site can have its own name point here, and then counts as this host for the browser. The name
+/// still stands in the Host header. Addresses are safe: nobody can have them point elsewhere.
 bool Gate::is_own_name(std::string_view host) const {
     const std::size_t colon = host.rfind(':');
     if (colon != std::string_view::npos && host.find(']', colon) == std::string_view::npos)
@@ -85,49 +107,107 @@ bool Gate::is_own_name(std::string_view host) const {
                                            [&](const auto &own) { return strcasecmp(own.c_str(), name.c_str()) == 0; });
 }
 
-std::optional<Reply> Gate::identify(MHD_Connection *connection, std::string &user) const {
-    if (options_.client_certificates && user.empty()) {
-        const auto name = certified_name(connection);
-        if (!name) return refusal(MHD_HTTP_FORBIDDEN, "A certificate is needed that this host accepts.");
-        user = name->empty() ? "certified" : *name;
+/// A page that this host has served: it comes from the name or address in the Host header, which has been judged.
+bool Gate::is_own_page(MHD_Connection *connection, std::string_view origin, std::string_view host) const {
+    const bool encrypted = MHD_get_connection_info(connection, MHD_CONNECTION_INFO_GNUTLS_SESSION) != nullptr;
+    return options_.own_page && origin == std::string(encrypted ? "https://" : "http://").append(host);
+}
+
+std::optional<Reply> Gate::identify(Exchange &exchange) const {
+    if (options_.client_certificates) {
+        Peer &peer = *exchange.peer;
+        if (peer.certified.empty()) {
+            const auto name = certified_name(exchange.connection);
+            if (!name) return refusal(MHD_HTTP_FORBIDDEN, "A certificate is needed that this host accepts.");
+            peer.certified = name->empty() ? "certified" : *name;
+        }
+        exchange.user = peer.certified;
     }
     if (users_ == nullptr) return std::nullopt;
-    char *raw = nullptr;
-    const std::unique_ptr<char, Freed> name(MHD_basic_auth_get_username_password(connection, &raw));
-    const std::unique_ptr<char, Freed> password(raw);
-    const auto answer =
-        name == nullptr || password == nullptr ? Users::Answer::wrong : users_->check(name.get(), password.get());
+    std::string name, password;
+    const auto value = header(exchange.connection, MHD_HTTP_HEADER_AUTHORIZATION);
+    const auto answer = value && read_credentials(*value, name, password)
+                            ? users_->check(name, password, exchange.peer->address)
+                            : Users::Answer::wrong;
     switch (answer) {
-        case Users::Answer::right: user = name.get(); return std::nullopt;
-        case Users::Answer::wrong:
-            return refusal(MHD_HTTP_UNAUTHORIZED, "A user and a password are needed that this host knows.");
+        case Users::Answer::right: exchange.user = name; return std::nullopt;
+        case Users::Answer::wrong: {
+            Reply reply = refusal(MHD_HTTP_UNAUTHORIZED, "A user and a password are needed that this host knows.");
+            reply.headers.emplace_back(MHD_HTTP_HEADER_WWW_AUTHENTICATE, "Basic realm=\"lmq-host\", charset=\"UTF-8\"");
+            return reply;
+        }
         case Users::Answer::too_many_wrong: break;
     }
     return refusal(MHD_HTTP_TOO_MANY_REQUESTS, "There were too many wrong passwords; try again in a second.");
 }
 
-std::optional<Reply> Gate::judge(MHD_Connection *connection, std::string_view path, std::string_view method,
-                                 std::string &user) const {
+/// Refuses heads that a proxy in front might read in another way, and so take a request for the body of another.
+std::optional<Reply> Gate::judge_form(MHD_Connection *connection, std::string_view version) const {
+    const auto closing = [](const std::string &why) {
+        Reply reply = refusal(MHD_HTTP_BAD_REQUEST, why);
+        reply.closes = true;
+        return reply;
+    };
+    const auto lengths = values(connection, MHD_HTTP_HEADER_CONTENT_LENGTH);
+    const auto codings = values(connection, MHD_HTTP_HEADER_TRANSFER_ENCODING);
+    if (lengths.size() > 1) return closing("The request has more than one Content-Length.");
+    if (!lengths.empty() && !codings.empty())
+        return closing("The request has a Content-Length and a Transfer-Encoding.");
+    if (codings.size() > 1 || (codings.size() == 1 && strcasecmp(codings[0].c_str(), "chunked") != 0)) {
+        return closing("The only Transfer-Encoding is chunked.");
+    }
+    const auto hosts = values(connection, MHD_HTTP_HEADER_HOST);
+    if (hosts.size() > 1 || (hosts.empty() && version == MHD_HTTP_VERSION_1_1)) {
+        return closing("A request has one Host header.");
+    }
+    return std::nullopt;
+}
+
+std::optional<Reply> Gate::judge(std::string_view path, std::string_view method, std::string_view version,
+                                 Exchange &exchange) const {
+    MHD_Connection *connection = exchange.connection;
+    if (auto refused = judge_form(connection, version)) return refused;
     const auto host = header(connection, MHD_HTTP_HEADER_HOST);
     if (options_.check_host && host && !is_own_name(*host)) {
         return refusal(MHD_HTTP_MISDIRECTED_REQUEST, "This host does not go by the name in the Host header.");
     }
     const auto origin = header(connection, MHD_HTTP_HEADER_ORIGIN);
-    if (origin && *origin != options_.origin) {
+    if (origin && (origin->empty() || *origin != options_.origin) &&
+        !(host && is_own_page(connection, *origin, *host))) {
         return refusal(MHD_HTTP_FORBIDDEN, "Pages of this origin may not call.");
     }
     const bool reads = method == MHD_HTTP_METHOD_GET || method == MHD_HTTP_METHOD_HEAD;
-    if (path == health_path || path == metrics_path) {
-        if (!reads) return refusal(MHD_HTTP_METHOD_NOT_ALLOWED, "This is read by GET.");
-        return path == metrics_path ? identify(connection, user) : std::nullopt;
+    const bool is_page = reads && options_.own_page && is_console_path(path);
+    if (path == health_path || path == metrics_path || path == interface_path || path.starts_with(output_path) ||
+        is_page) {
+        if (!reads) return wrong_method("GET, HEAD", "This is read by GET.");
+        return path == health_path ? std::nullopt : identify(exchange);
     }
+    if (path == lease_path) return judge_lease(method, exchange);
     if (path != calls_path) {
         return refusal(MHD_HTTP_NOT_FOUND, "There is nothing here; calls go to " + std::string(calls_path) + ".");
     }
     // A browser asks before it sends a call, and without the user.
     if (method == MHD_HTTP_METHOD_OPTIONS && origin) return Reply{MHD_HTTP_NO_CONTENT, ""};
-    if (method != MHD_HTTP_METHOD_POST) return refusal(MHD_HTTP_METHOD_NOT_ALLOWED, "Calls are sent by POST.");
-    if (auto refused = identify(connection, user)) return refused;
+    if (method != MHD_HTTP_METHOD_POST) return wrong_method("POST", "Calls are sent by POST.");
+    if (auto refused = identify(exchange)) return refused;
+    return judge_call(connection);
+}
+
+std::optional<Reply> Gate::judge_lease(std::string_view method, Exchange &exchange) const {
+    constexpr std::size_t longest = 4096;
+    constexpr std::string_view allowed[] = {MHD_HTTP_METHOD_GET, MHD_HTTP_METHOD_HEAD, MHD_HTTP_METHOD_POST,
+                                            MHD_HTTP_METHOD_DELETE};
+    if (std::find(std::begin(allowed), std::end(allowed), method) == std::end(allowed)) {
+        return wrong_method("GET, HEAD, POST, DELETE",
+                            "The lease is read by GET, taken by POST and given back by DELETE.");
+    }
+    if (announced_length(exchange.connection) > longest) return too_long(longest);
+    return identify(exchange);
+}
+
+/// Judges what the head says about the body.
+std::optional<Reply> Gate::judge_call(MHD_Connection *connection) const {
     const std::uint64_t length = announced_length(connection);
     if (length == 0 && !header(connection, MHD_HTTP_HEADER_TRANSFER_ENCODING)) {
         return refusal(MHD_HTTP_BAD_REQUEST, "The request has no body; it should hold an XML-RPC call.");

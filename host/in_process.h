@@ -1,7 +1,6 @@
 // Calls in the host's own process: for a debugger, and where a second process is too much. A driver that crashes takes
 // the host along, and while it hangs nobody is answered.
-#ifndef LMQ_HOST_IN_PROCESS_H
-#define LMQ_HOST_IN_PROCESS_H
+#pragma once
 
 #include <unistd.h>
 
@@ -14,24 +13,24 @@ namespace lmq::host {
 
 class InProcess : public Backend {
   public:
-    explicit InProcess(const Open &open) : call_(open()) {}
+    explicit InProcess(Service service) : call_(std::move(service.call)) { methods_ = std::move(service.methods); }
 
     bool is_synchronous() const override { return true; }
     bool ready() const override { return !outcome_; }
 
-    void begin(std::string call, const std::string &) override {
+    void begin(std::string call, std::string) override {
         try {
-            outcome_ = Outcome{Outcome::Kind::answer, call_(call)};
+            outcome_ = Outcome{Outcome::Kind::answer, call_(call), {}};
         } catch (const std::exception &error) {
-            outcome_ = Outcome{Outcome::Kind::unanswerable, error.what()};
+            outcome_ = Outcome{Outcome::Kind::unanswerable, error.what(), {}};
         }
     }
 
     std::optional<Outcome> step() override { return std::exchange(outcome_, std::nullopt); }
-    std::array<pollfd, 2> waits() const override { return {{{-1, 0, 0}, {-1, 0, 0}}}; }
+    std::array<pollfd, 4> waits() const override { return {{{-1, 0, 0}, {-1, 0, 0}, {-1, 0, 0}, {-1, 0, 0}}}; }
     int timeout() const override { return outcome_ ? 0 : -1; }
     bool alive() const override { return true; }
-    State state() const override { return {getpid(), 0, 0}; }
+    State state() const override { return {getpid(), 0, 0, 0}; }
 
   private:
     Call call_;
@@ -39,5 +38,3 @@ class InProcess : public Backend {
 };
 
 }  // namespace lmq::host
-
-#endif

@@ -1,35 +1,35 @@
 // What can be watched: the counters behind GET /metrics, and a line for each call in the access log.
-#ifndef LMQ_HOST_MONITOR_H
-#define LMQ_HOST_MONITOR_H
+#pragma once
 
 #include <array>
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "answer.h"
 #include "backend.h"
 
 namespace lmq::host {
 
-/** One request that has been answered, as the access log tells of it. */
+/// One request that has been answered, as the access log shows it.
 struct Served {
-    /** Address of the client; "unix" for a Unix socket. */
+    /// Address of the client; "unix" for a Unix socket.
     std::string_view peer;
-    /** Empty if nobody logged in. */
+    /// Empty if nobody logged in.
     std::string_view user;
-    /** As far as the document was read; empty for a request that is no call. */
+    /// As far as the document was read; empty for a request that is no call.
     std::string_view method;
+    /// The method of HTTP and the path, of a request that is no call. What a client sent stands there as it came.
+    std::string_view request;
     unsigned status;
-    /** Of the answer; 0 if it is none. */
-    int fault;
-    /** What the driver returned, if the method returns a status. */
-    bool has_driver_status;
-    int driver_status;
-    /** From the last byte of the request to the answer. */
+    Result result;
+    /// From the last byte of the request to the answer.
     std::chrono::microseconds time;
 };
 
@@ -37,22 +37,49 @@ class Monitor {
   public:
     enum class Format { text, json };
 
-    /**
-     * @param log    A file that lines are added to; "-" for standard error; empty for none.
-     * @throws std::runtime_error if the file cannot be opened.
-     */
+    /// @param log    A file that lines are added to; "-" for standard error; empty for none.
+    /// @throws std::runtime_error if the file cannot be opened.
     Monitor(const std::string &log, Format format);
+
+    /// Opens the log anew, after somebody has moved it away.
+    /// @throws std::runtime_error if that does not go; the old one stays open.
+    void reopen();
+
+    /// Says which methods there are. Only those are counted each on its own: others are what clients make up.
+    void know(const std::vector<Method> &methods);
 
     void served(const Served &request);
 
-    /** The counters in the text format of Prometheus. */
-    std::string metrics(const Backend::State &backend, std::size_t connections, std::size_t waiting) const;
+    /// Says what came of a call in a system.multicall.
+    /// @param request The system.multicall.
+    void served_inner(const Served &request, const std::string &method, const Result &result);
+
+    /// What is so at this moment.
+    struct Now {
+        bool is_worker_up;
+        std::size_t connections, waiting;
+        /// Of the call in hand.
+        std::chrono::milliseconds age;
+    };
+
+    /// The counters in the text format of Prometheus.
+    std::string metrics(const Backend::State &backend, const Now &now) const;
 
   private:
     static constexpr std::size_t buckets = 8;
 
-    void write_text(const Served &request);
-    void write_json(const Served &request);
+    /// What came of one method's calls.
+    struct Counts {
+        std::uint64_t calls = 0, faults = 0;
+        double seconds = 0;
+        std::map<std::string, std::uint64_t> statuses;
+    };
+
+    Counts &count(std::string_view method, const Result &result);
+    void write(const Served &request, bool is_inner);
+    std::string text_line(const Served &request, bool is_inner) const;
+    std::string json_line(const Served &request, bool is_inner) const;
+    void add_methods(std::string &text) const;
 
     struct Close {
         void operator()(std::FILE *file) const {
@@ -60,6 +87,7 @@ class Monitor {
         }
     };
 
+    std::string path_;
     std::unique_ptr<std::FILE, Close> log_;
     Format format_;
     std::map<unsigned, std::uint64_t> by_status_;
@@ -68,14 +96,8 @@ class Monitor {
     std::array<std::uint64_t, buckets> latency_{};
     std::uint64_t calls_ = 0;
     double seconds_ = 0;
+    /// By the known methods; the empty name stands for all others.
+    std::map<std::string, Counts, std::less<>> by_method_;
 };
 
-/**
- * The status that a driver function returned: the first value of the answer's array, if it is an int.
- * @return Whether there is one.
- */
-bool driver_status(std::string_view answer, int &status);
-
 }  // namespace lmq::host
-
-#endif

@@ -1,23 +1,29 @@
-// The options and their texts. Each stands in `--help`, which fits on a screen, and in the man page.
+// The options: a row for each, whose default is what its variable holds. Each stands in `--help`, which fits on a
+// screen, and in the man page.
 #include "options.h"
 
 #include <sched.h>
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <array>
+#include <cctype>
+#include <charconv>
 #include <chrono>
 #include <cstddef>
+#include <cstdio>
 #include <cstdlib>
+#include <limits>
 #include <memory>
+#include <utility>
 
+#include "config_file.h"
 #include "process.h"
 
 namespace lmq::host {
 namespace {
 
-constexpr std::size_t mebibyte = std::size_t{1024} * 1024;
-
-/** Room for the files and sockets of the host itself, beside its connections. */
+/// Room for the files and sockets of the host itself, beside its connections.
 constexpr std::size_t own_descriptors = 64;
 
 long long cores() {
@@ -25,17 +31,214 @@ long long cores() {
     return sched_getaffinity(0, sizeof set, &set) == 0 ? CPU_COUNT(&set) : 1;
 }
 
-/** Plain help: the options one below the other, without the types that the parser would add. */
+/// Plain help: the options one below the other, with their defaults, without the types that the parser would add.
 class Help : public CLI::Formatter {
   public:
     Help() { column_width(26); }
     std::string make_option_opts(const CLI::Option *option) const override {
         return option->get_type_size() == 0 ? "" : " " + option->get_type_name();
     }
+    std::string make_option_desc(const CLI::Option *option) const override {
+        const std::string standard = option->get_default_str();
+        return option->get_description() + (standard.empty() ? "" : " (default: " + standard + ")");
+    }
+    std::string make_group(std::string name, bool is_positional, std::vector<const CLI::Option *> rows) const override {
+        const std::string group = Formatter::make_group(std::move(name), is_positional, std::move(rows));
+        return group.starts_with('\n') ? group.substr(1) : group;
+    }
     std::string make_usage(const CLI::App *, std::string) const override { return "Usage: lmq-host [OPTIONS]\n"; }
 };
 
-/** The rules in the order in which they were given; those of a file come first, --allow before --deny. */
+struct Unit {
+    const char *name;
+    std::size_t bytes;
+};
+constexpr Unit units[] = {{"GB", std::size_t{1} << 30}, {"MB", std::size_t{1} << 20}, {"KB", std::size_t{1} << 10}};
+
+std::string size_text(std::size_t size) {
+    for (const Unit &unit : units) {
+        if (size >= unit.bytes && size % unit.bytes == 0) return std::to_string(size / unit.bytes) + unit.name;
+    }
+    return std::to_string(size);
+}
+
+/// The bytes that a text like "4MB", "64k" or "100" stands for; none if it is no size.
+std::optional<std::size_t> size_of(const std::string &text) {
+    std::size_t number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    std::string unit(end, text.data() + text.size());
+    std::transform(unit.begin(), unit.end(), unit.begin(), [](unsigned char c) { return std::toupper(c); });
+    if (error != std::errc()) return std::nullopt;
+    if (unit.empty() || unit == "B") return number;
+    for (const Unit &candidate : units) {
+        const bool same = unit == candidate.name || unit == std::string(1, candidate.name[0]);
+        if (same && number <= std::numeric_limits<std::size_t>::max() / candidate.bytes) {
+            return number * candidate.bytes;
+        }
+    }
+    return std::nullopt;
+}
+
+/// The table of options: one call a row.
+class Table {
+  public:
+    explicit Table(CLI::App &app) : app_(app) {}
+
+    void group(const char *title) { app_.option_defaults()->group(title); }
+
+    template <class Target>
+    CLI::Option *text(const char *name, Target &to, const char *type, const char *help) {
+        return app_.add_option(name, to, help)->type_name(type)->capture_default_str();
+    }
+    void flag(const char *name, bool &to, const char *help) { app_.add_flag(name, to, help); }
+
+    template <class Number>
+    void number(const char *name, Number &to, long long least, long long most, const char *type, const char *help) {
+        text(name, to, type, help)->check(whole(least, most));
+    }
+    template <class Duration>
+    void time(const char *name, Duration &to, long long least, long long most, const char *type, const char *help) {
+        app_.add_option_function<long long>(
+                name, [&to](long long count) { to = Duration(count); }, help)
+            ->type_name(type)
+            ->default_str(std::to_string(to.count()))
+            ->check(whole(least, most));
+    }
+    void size(const char *name, std::size_t &to, std::size_t least, std::size_t most, const char *help) {
+        app_.add_option(name, to, help)
+            ->type_name("SIZE")
+            ->default_str(to == 0 ? "" : size_text(to))
+            ->transform(CLI::Validator(
+                [least, most](std::string &given) -> std::string {
+                    const auto bytes = size_of(given);
+                    if (!bytes || *bytes < least || *bytes > most) {
+                        return "'" + given + "' is no size from " + size_text(least) + " to " + size_text(most);
+                    }
+                    given = std::to_string(*bytes);
+                    return "";
+                },
+                ""));
+    }
+
+  private:
+    static CLI::Validator whole(long long least, long long most) {
+        return {[least, most](const std::string &given) -> std::string {
+                    long long number = 0;
+                    const auto [end, error] = std::from_chars(given.data(), given.data() + given.size(), number);
+                    const bool good =
+                        error == std::errc() && end == given.data() + given.size() && number >= least && number <= most;
+                    return good ? ""
+                                : "'" + given + "' is no number from " + std::to_string(least) + " to " +
+                                      std::to_string(most);
+                },
+                ""};
+    }
+
+    CLI::App &app_;
+};
+
+std::string check_origin(const std::string &given) {
+    const std::size_t colon = given.find("://");
+    const bool has_scheme = colon != std::string::npos && colon > 0 && given[0] >= 'a' && given[0] <= 'z' &&
+                            given.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789+.-") == colon;
+    const std::size_t place = colon + 3;
+    const bool good = has_scheme && place < given.size() && given.find_first_of("/ \t?#@", place) == std::string::npos;
+    return good ? "" : "'" + given + "' is no origin (SCHEME://HOST or SCHEME://HOST:PORT)";
+}
+
+/// The largest of any size: a frame's length has 32 bits, and the XML parser's 31.
+constexpr std::size_t most_bytes = std::size_t{1} << 30;
+
+void add_programs(Table &table, Options &options) {
+    table.text("--driver", options.driver, "PATH",
+               "The driver (" LMQ_HOST_DRIVER_NAME " beside the program or in lib/lmq)");
+    table.text("--plugin", options.plugin, "PATH", "The plug-in (lmq_xmlrpc.so, looked for like the driver)");
+    table.text("--interface", options.interface, "PATH",
+               "What /interface answers (interface.json beside the program or in share/lmq)");
+    table.flag("!--no-console", options.console, "Serve no web page");
+    table.flag("--check", options.check, "Load everything, listen, and leave");
+    table.flag("--in-process", options.in_process, "Call the driver in this process, for a debugger");
+    table.size("--recycle-rss", options.worker.recycle_rss, 1, most_bytes,
+               "Replace the driver's process above this memory");
+    table.time("--load-time", options.worker.load_time, 1, 86400, "S",
+               "Seconds for the driver and the plug-in to load");
+    table.time("--spin", options.worker.spin, 0, 10000, "US", "Spin so long at most before sleeping; not on one core");
+}
+
+/// @return --allow and --deny.
+std::array<CLI::Option *, 2> add_entry(Table &table, CLI::App &app, Options &options) {
+    table.group("Who may call");
+    CLI::Option *listen = table.text("--listen", options.listen, "ADDR:PORT", "Address to serve; port 0: any");
+    table.text("--socket", options.socket, "PATH", "Serve a Unix socket of mode 0600 instead")->excludes(listen);
+    table.text("--auth", options.auth, "FILE", "Users who may call: lines made by --make-user");
+    table.text("--make-user", options.make_user, "NAME", "Ask for a password, print the user's line, and leave")
+        ->configurable(false);
+    table.text("--tls-cert", options.tls_certificate, "PEM", "Serve TLS with this certificate");
+    table.text("--tls-key", options.tls_key, "PEM", "and this key");
+    table.text("--tls-client-ca", options.tls_client_authority, "PEM", "Clients need a certificate signed by this one");
+    table.flag("--insecure", options.insecure, "Let anybody call who reaches the address");
+    table.text("--server-name", options.gate.names, "NAME", "A further name that a Host header may hold (repeatable)")
+        ->default_str("");
+    table.text("--allow-origin", options.gate.origin, "ORIGIN", "Web pages of this origin may call")
+        ->check(CLI::Validator(check_origin, ""));
+    CLI::Option *allow = app.add_option("--allow", "Serve methods that match (repeatable; the last match wins)");
+    CLI::Option *deny = app.add_option("--deny", "Refuse methods that match (repeatable)");
+    for (CLI::Option *option : {allow, deny}) {
+        option->type_name("GLOB")->expected(1)->take_all()->allow_extra_args(false);
+    }
+    app.add_option_function<std::string>(
+           "--read-only",
+           [&options](const std::string &given) {
+               options.role.read_only = given == "registers" ? ReadOnly::registers : ReadOnly::strict;
+           },
+           "Serve only calls that change nothing; 'registers': with reads of registers")
+        ->type_name("[=registers]")
+        ->expected(0, 1)
+        ->default_str("")
+        ->check(CLI::Validator(
+            [](const std::string &given) {
+                return given.empty() || given == "true" || given == "registers" ? ""
+                                                                                : "'" + given + "' is not 'registers'";
+            },
+            ""));
+    app.add_flag("!--no-guard", options.guard, "Let arrays pass that are shorter than the driver takes them for");
+    return {allow, deny};
+}
+
+void add_limits(Table &table, Options &options) {
+    constexpr long long many = 100'000'000;
+    table.group("Limits");
+    table.size("--max-body", options.server.max_body, 1024, most_bytes, "Bytes of a call");
+    table.size("--max-bodies", options.server.max_bodies, 1024, most_bytes, "Bytes of all calls that wait");
+    table.size("--max-answers", options.server.max_answers, 1024, most_bytes,
+               "Bytes of all answers that are being sent");
+    table.size("--max-answer", options.worker.max_answer, 1024, most_bytes, "Bytes of an answer");
+    table.number("--max-depth", options.limits.depth, 1, 64, "N", "Values inside each other");
+    table.number("--max-values", options.limits.values, 1, many, "N", "Values of a call");
+    table.number("--max-members", options.limits.members, 1, many, "N", "Members of a struct");
+    table.number("--max-calls", options.limits.calls, 1, many, "N", "Calls in a system.multicall");
+    table.number("--max-connections", options.server.connections, 1, 1'000'000, "N", "Open connections");
+    table.number("--max-per-address", options.server.connections_per_address, 1, 1'000'000, "N",
+                 "of them from one address");
+    table.time("--request-time", options.server.request_time, 1, 86400, "S",
+               "Seconds for a head, and again for a body");
+    table.time("--stop-time", options.server.stop_time, 0, 86400, "S", "Seconds for the call under way at the end");
+}
+
+void add_watching(Table &table, Options &options) {
+    table.group("What to watch");
+    table.text("--access-log", options.access_log, "FILE", "A line for each request ('-': standard error)");
+    table.text("--log-format", options.log_format, "text|json", "Its form")
+        ->default_str("text")
+        ->transform(CLI::CheckedTransformer(std::map<std::string, Monitor::Format>{{"text", Monitor::Format::text},
+                                                                                   {"json", Monitor::Format::json}},
+                                            CLI::ignore_case)
+                        .description(""));
+    table.time("--slow", options.server.slow, 0, 86'400'000, "MS",
+               "Report calls that take longer, while they do; 0: none");
+}
+
+/// The rules in the order in which they were given; those of a file come first, --allow before --deny.
 std::vector<MethodRule> rules_in_order(const CLI::App &app, const CLI::Option *allow, const CLI::Option *deny) {
     std::vector<MethodRule> given;
     auto allowed = allow->results();
@@ -52,97 +255,62 @@ std::vector<MethodRule> rules_in_order(const CLI::App &app, const CLI::Option *a
     return rules;
 }
 
-}  // namespace
+/// A mistake in one line. What stands in a file is named with its line; the command line goes before the file.
+std::string message(const CLI::ParseError &error, const ConfigFile &file, const std::vector<std::string> &words) {
+    const std::string what = error.what();
+    const std::string option = what.substr(0, what.find(':'));
+    const bool given = std::any_of(words.begin(), words.end(), [&](const std::string &word) {
+        return word == option || word.starts_with(option + "=");
+    });
+    return (given ? "" : file.place(option)) + what;
+}
 
-std::optional<Options> read_options(int argc, char **argv, int &status) {
-    Options options;
-    options.server.max_body = 4 * mebibyte;
-    options.server.max_bodies = 64 * mebibyte;
-    options.server.connections = 4096;
-    options.server.connections_per_address = 3072;
-    long long request_seconds = 30, slow = 0, spin = 1000;
-
-    CLI::App app("Serves the operations of a chip driver over XML-RPC, one call at a time, until SIGTERM or SIGINT.\n",
-                 "lmq-host");
-    app.formatter(std::make_shared<Help>());
-    app.set_version_flag("--version", "lmq-host " LMQ_HOST_VERSION, "Print the version and leave");
-    app.set_help_flag("-h,--help", "Print this text and leave");
-    app.allow_config_extras(CLI::config_extras_mode::error);
-    app.set_config("--config", "", "Read options from a file of lines NAME=VALUE")->type_name("PATH");
-    const auto text = [&app](const char *name, auto &to, const char *type, const char *help) {
-        return app.add_option(name, to, help)->type_name(type);
-    };
-    const auto size = [&](const char *name, std::size_t &to, const char *help) {
-        text(name, to, "SIZE", help)->transform(CLI::AsSizeValue(false).description(""));
-    };
-    text("--driver", options.driver, "PATH",
-         "The driver (default: " LMQ_HOST_DRIVER_NAME " beside the program or in lib/lmq)");
-    text("--plugin", options.plugin, "PATH", "The plug-in (default: lmq_xmlrpc.so, looked for like the driver)");
-    app.add_flag("--check", options.check, "Load everything, listen, and leave");
-    app.add_flag("--in-process", options.in_process, "Call the driver in this process, for a debugger");
-    size("--recycle-rss", options.worker.recycle_rss,
-         "Replace the driver's process above this memory (default: never)");
-    text("--spin", spin, "US", "Spin so long at most before sleeping (default: 1000; 0 on one core)")
-        ->check(CLI::Range(0, 10000).description(""));
-
-    app.option_defaults()->group("Who may call");
-    text("--listen", options.listen, "ADDR:PORT", "Address to serve (default: 127.0.0.1:8080; port 0: any)");
-    text("--socket", options.socket, "PATH", "Serve a Unix socket of mode 0600 instead")->excludes("--listen");
-    text("--auth", options.auth, "FILE", "Users who may call: lines made by --make-user");
-    text("--make-user", options.make_user, "NAME", "Ask for a password, print the user's line, and leave");
-    text("--tls-cert", options.tls_certificate, "PEM", "Serve TLS with this certificate");
-    text("--tls-key", options.tls_key, "PEM", "and this key");
-    text("--tls-client-ca", options.tls_client_authority, "PEM", "Clients need a certificate signed by this one");
-    app.add_flag("--insecure", options.insecure, "Let anybody call who reaches the address");
-    text("--server-name", options.gate.names, "NAME", "A further name that a Host header may hold (repeatable)");
-    text("--allow-origin", options.gate.origin, "ORIGIN", "Web pages of this origin may call");
-    auto *allow = app.add_option("--allow", "Serve methods that match (repeatable; the last match wins)");
-    auto *deny = app.add_option("--deny", "Refuse methods that match (repeatable)");
-    for (CLI::Option *option : {allow, deny})
-        option->type_name("GLOB")->expected(1)->take_all()->allow_extra_args(false);
-    app.add_flag("--read-only", options.read_only, "Serve only methods whose names promise to read");
-
-    app.option_defaults()->group("Limits");
-    size("--max-body", options.server.max_body, "Bytes of a call (default: 4MB)");
-    size("--max-bodies", options.server.max_bodies, "Bytes of all calls that wait (default: 64MB)");
-    text("--max-depth", options.limits.depth, "N", "Values inside each other (default: 32)")
-        ->check(CLI::Range(1, 64).description(""));
-    text("--max-values", options.limits.values, "N", "Values of a call (default: 100000)");
-    text("--max-members", options.limits.members, "N", "Members of a struct (default: 1024)");
-    text("--max-calls", options.limits.calls, "N", "Calls in a system.multicall (default: 100)");
-    text("--max-connections", options.server.connections, "N", "Open connections (default: 4096)")
-        ->check(CLI::Range(1, 1000000).description(""));
-    text("--max-per-address", options.server.connections_per_address, "N", "of them from one address (default: 3072)");
-    text("--request-time", request_seconds, "S", "Seconds for a head, and again for a body (default: 30)")
-        ->check(CLI::Range(1, 86400).description(""));
-
-    app.option_defaults()->group("What to watch");
-    text("--access-log", options.access_log, "FILE", "A line for each request ('-': standard error)");
-    text("--log-format", options.log_format, "text|json", "Its form (default: text)")
-        ->transform(CLI::CheckedTransformer(std::map<std::string, Monitor::Format>{{"text", Monitor::Format::text},
-                                                                                   {"json", Monitor::Format::json}},
-                                            CLI::ignore_case)
-                        .description(""));
-    text("--slow", slow, "MS", "Tell of calls that take longer, while they do (default: 0, never)")
-        ->check(CLI::Range(0, 86400000).description(""));
-    app.footer("Exit status: 0 after a signal; 1 if the start failed, and a line on standard error says why.");
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError &error) {
-        status = app.exit(error) == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
-        return std::nullopt;
-    }
-    options.rules = rules_in_order(app, allow, deny);
-    if (cores() == 1) spin = 0;
-    options.server.spin = options.worker.spin = std::chrono::microseconds(spin);
-    options.server.slow = std::chrono::milliseconds(slow);
-    options.server.request_time = std::chrono::seconds(request_seconds);
+/// What follows from the options that were read.
+void complete(Options &options) {
+    if (cores() == 1) options.worker.spin = std::chrono::microseconds(0);
+    options.server.spin = options.worker.spin;
     const std::size_t descriptors = raise_descriptor_limit();
     const std::size_t most = descriptors > 2 * own_descriptors ? descriptors - own_descriptors : descriptors / 2;
     options.server.connections = static_cast<unsigned>(std::min<std::size_t>(options.server.connections, most));
     options.gate.body_limit = options.server.max_body;
     options.gate.check_host = options.socket.empty();
     options.gate.client_certificates = !options.tls_client_authority.empty();
+}
+
+}  // namespace
+
+std::optional<Options> read_options(int argc, char **argv, int &status) {
+    Options options;
+    CLI::App app("Serves the operations of a chip driver over XML-RPC, one call at a time, until SIGTERM or SIGINT.\n",
+                 "lmq-host");
+    const auto file = std::make_shared<ConfigFile>(app);
+    app.formatter(std::make_shared<Help>());
+    app.config_formatter(file);
+    app.set_version_flag("--version", "lmq-host " LMQ_HOST_VERSION, "Print the version and leave")->configurable(false);
+    app.set_help_flag("-h,--help", "Print this text and leave")->configurable(false);
+    app.set_config("--config", "", "Read options from a file of lines NAME=VALUE")
+        ->type_name("PATH")
+        ->default_str("")
+        ->configurable(false);
+    Table table(app);
+    add_programs(table, options);
+    const auto [allow, deny] = add_entry(table, app, options);
+    add_limits(table, options);
+    add_watching(table, options);
+    app.footer("Exit status: 0 after a signal; 1 if the start failed, and a line on standard error says why.");
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::Success &wanted) {
+        status = app.exit(wanted);
+        return std::nullopt;
+    } catch (const CLI::ParseError &error) {
+        const std::string line = message(error, *file, {argv + 1, argv + argc});
+        std::fprintf(stderr, "lmq-host: %s\n", line.c_str());
+        status = EXIT_FAILURE;
+        return std::nullopt;
+    }
+    options.role.rules = rules_in_order(app, allow, deny);
+    complete(options);
     return options;
 }
 

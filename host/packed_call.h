@@ -5,8 +5,7 @@
 //     packed_mark, length, name of the method, value...
 //     value:  Item, then what belongs to it: the number, the length and the text, or what is inside up to Item::end
 //     struct: Item::structure, then length, name and value of each member, each after Item::member, then Item::end
-#ifndef LMQ_HOST_PACKED_CALL_H
-#define LMQ_HOST_PACKED_CALL_H
+#pragma once
 
 #include <xmlrpc-c/base.h>
 
@@ -19,26 +18,28 @@
 
 namespace lmq::host {
 
-/** The first byte of a packed call. No XML document begins with it. */
+/// The first byte of a packed call. No XML document begins with it.
 inline constexpr char packed_mark = '\x01';
 
-enum class Item : char { end, int32, int64, boolean, nil, string, array, structure, member };
+/// `other` is a value that cannot be packed; nothing of it follows.
+enum class Item : char { end, int32, int64, boolean, nil, string, array, structure, member, other };
 
-/**
- * Packs a call, piece by piece; what comes before begin() or after give_up() is dropped. Its memory serves one call
- * after the other.
- */
+/// Packs a call, piece by piece; what comes before begin() is dropped. Its memory serves one call after the other.
 class Packer {
   public:
-    /**
-     * Begins a call.
-     * @param method Its name.
-     */
-    void begin(std::string_view method) {
+    /// Forgets the call before.
+    void reset() {
         size_ = 0;
         // One large call is no reason to keep its memory.
         if (bytes_.size() > largest_kept) std::vector<char>().swap(bytes_);
-        usable_ = true;
+        begun_ = false;
+        whole_ = true;
+    }
+
+    /// Begins a call.
+    /// @param method Its name.
+    void begin(std::string_view method) {
+        begun_ = true;
         put(packed_mark);
         put_text(method);
     }
@@ -56,11 +57,15 @@ class Packer {
         put_text(name);
     }
 
-    /** Says that the call holds something that cannot be packed, so that the library has to read its XML. */
-    void give_up() { usable_ = false; }
+    /// Says that the library has to read the call's XML, as it holds something that cannot be packed or is one of the
+    /// library's own.
+    void give_up() { whole_ = false; }
 
-    /** The call; empty if it cannot be packed or none has begun. Lasts until the next one begins. */
-    std::string_view bytes() const { return {bytes_.data(), usable_ ? size_ : 0}; }
+    /// The call, for being carried out; empty if it cannot be packed or none has begun. Lasts until the next reset().
+    std::string_view bytes() const { return whole_ ? read() : std::string_view(); }
+
+    /// The call as far as it could be packed, for being looked at. Lasts until the next reset().
+    std::string_view read() const { return {bytes_.data(), size_}; }
 
   private:
     static constexpr std::size_t largest_kept = 1 << 20;
@@ -72,13 +77,13 @@ class Packer {
     template <class... Values>
     void put(Values... values) {
         static_assert((std::is_trivially_copyable_v<Values> && ...));
-        if (!usable_) return;
+        if (!begun_) return;
         make_room((sizeof values + ...));
         ((std::memcpy(bytes_.data() + size_, &values, sizeof values), size_ += sizeof values), ...);
     }
 
     void put_text(std::string_view text) {
-        if (!usable_) return;
+        if (!begun_) return;
         put(static_cast<std::uint32_t>(text.size()));
         make_room(text.size());
         unsigned char highest = 0;
@@ -92,20 +97,17 @@ class Packer {
 
     std::vector<char> bytes_;
     std::size_t size_ = 0;
-    bool usable_ = false;
+    bool begun_ = false;
+    bool whole_ = true;
 };
 
-/** The method of a packed call. */
+/// The method of a packed call.
 std::string_view packed_method(std::string_view call);
 
-/**
- * Appends the parameters of a packed call to an array.
- * @param env    Takes the fault if there is no memory for them.
- * @param call   What a Packer made; nothing is done if it is empty.
- * @param params The array.
- */
+/// Appends the parameters of a packed call to an array.
+/// @param env    Takes the fault if there is no memory for them.
+/// @param call   What a Packer made; nothing is done if it is empty.
+/// @param params The array.
 void unpack(xmlrpc_env *env, std::string_view call, xmlrpc_value *params);
 
 }  // namespace lmq::host
-
-#endif

@@ -16,6 +16,7 @@
 #include <system_error>
 #include <utility>
 
+#include "encoding.h"
 #include "packed_call.h"
 
 namespace lmq::host {
@@ -23,9 +24,10 @@ namespace {
 
 enum class Kind { document, call, method_name, params, param, value, scalar, array, data, structure, member, name };
 
-/** What a method may be called. Names with blanks or signs of another alphabet could slip past a filter. */
+/// What a method may be called. Names with blanks or signs of another alphabet could slip past a filter.
 bool is_method_name(std::string_view name) {
-    return !name.empty() && std::all_of(name.begin(), name.end(), [](char c) {
+    constexpr std::size_t most = 200;
+    return !name.empty() && name.size() <= most && std::all_of(name.begin(), name.end(), [](char c) {
         return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' || c == '.' ||
                c == ':' || c == '/' || c == '-';
     });
@@ -36,74 +38,78 @@ bool is_blank(std::string_view text) {
                        [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; });
 }
 
-enum class Number { good, malformed, out_of_range };
+/// What a text is to a type.
+enum class Check { good, malformed, out_of_range };
 
-/**
- * An optional sign and digits. The library ends the process over other text in an i8, blanks included, so that none is
- * let through in any type.
- */
+/// An optional sign and digits. The library ends the process over other text in an i8, blanks included, so that none is
+/// let through in any type.
 template <class Integer>
-Number integer(std::string_view text, Packer &packer) {
+Check integer(std::string_view text, Packer &packer) {
     if (text.starts_with('+') && text.size() > 1 && text[1] != '-') text.remove_prefix(1);
     Integer value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error == std::errc::invalid_argument || end != text.data() + text.size()) return Number::malformed;
+    if (error == std::errc::invalid_argument || end != text.data() + text.size()) return Check::malformed;
     packer.add(value);
-    return error == std::errc() ? Number::good : Number::out_of_range;
+    return error == std::errc() ? Check::good : Check::out_of_range;
 }
 
 // Numbers with fractions, dates and bytes do not occur in the interface: they are left to the library.
 
-/** NaN and infinity overflow the library's stack when they are sent back. */
-Number real(std::string_view text, Packer &packer) {
+void give_up(Packer &packer) {
+    packer.add(Item::other);
     packer.give_up();
+}
+
+/// NaN and infinity overflow the library's stack when they are sent back.
+Check real(std::string_view text, Packer &packer) {
+    give_up(packer);
     if (text.starts_with('+') && text.size() > 1 && text[1] != '-') text.remove_prefix(1);
-    if (text.find_first_not_of("0123456789+-.eE") != std::string_view::npos) return Number::malformed;
+    if (text.find_first_not_of("0123456789+-.eE") != std::string_view::npos) return Check::malformed;
     double value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error == std::errc::invalid_argument || end != text.data() + text.size()) return Number::malformed;
-    return error == std::errc() && std::isfinite(value) ? Number::good : Number::out_of_range;
+    if (error == std::errc::invalid_argument || end != text.data() + text.size()) return Check::malformed;
+    return error == std::errc() && std::isfinite(value) ? Check::good : Check::out_of_range;
 }
 
-Number boolean(std::string_view text, Packer &packer) {
+Check boolean(std::string_view text, Packer &packer) {
     packer.add(text == "1");
-    return text == "0" || text == "1" ? Number::good : Number::malformed;
+    return text == "0" || text == "1" ? Check::good : Check::malformed;
 }
 
-Number nothing(std::string_view text, Packer &packer) {
+Check nothing(std::string_view text, Packer &packer) {
     packer.add(Item::nil);
-    return is_blank(text) ? Number::good : Number::malformed;
+    return is_blank(text) ? Check::good : Check::malformed;
 }
 
-Number string(std::string_view text, Packer &packer) {
+Check string(std::string_view text, Packer &packer) {
     packer.add(text);
-    return Number::good;
+    return Check::good;
 }
 
-Number base64(std::string_view, Packer &packer) {
-    packer.give_up();
-    return Number::good;
+Check base64(std::string_view, Packer &packer) {
+    give_up(packer);
+    return Check::good;
 }
 
-/** CCYYMMDDThh:mm:ss and perhaps a fraction. */
-Number date(std::string_view text, Packer &packer) {
-    packer.give_up();
+/// CCYYMMDDThh:mm:ss and perhaps a fraction.
+Check date(std::string_view text, Packer &packer) {
+    give_up(packer);
     constexpr std::string_view pattern = "########T##:##:##";
     const auto matches = [](char c, char wanted) { return wanted == '#' ? c >= '0' && c <= '9' : c == wanted; };
     if (text.size() < pattern.size() || !std::equal(pattern.begin(), pattern.end(), text.begin(),
                                                     [&](char wanted, char c) { return matches(c, wanted); })) {
-        return Number::malformed;
+        return Check::malformed;
     }
     text.remove_prefix(pattern.size());
     const bool fraction = text.empty() || (text[0] == '.' && text.size() > 1 && text.size() < 8 &&
                                            text.find_first_not_of("0123456789", 1) == std::string_view::npos);
-    return fraction ? Number::good : Number::malformed;
+    return fraction ? Check::good : Check::malformed;
 }
 
 struct Scalar {
     std::string_view name;
-    /** Judges the text and packs its value. */
-    Number (*take)(std::string_view text, Packer &packer);
+    /// Judges the text and packs its value.
+    Check (*take)(std::string_view text, Packer &packer);
 };
 
 constexpr Scalar scalars[] = {
@@ -120,26 +126,28 @@ constexpr Scalar scalars[] = {
     {"dateTime.iso8601", date},
 };
 
-/** Whether text in it can only be blanks between elements. A value holds either. */
+/// Whether text in it can only be blanks between elements. A value holds either.
 constexpr bool holds_only_elements(Kind kind) {
     return kind != Kind::method_name && kind != Kind::value && kind != Kind::scalar && kind != Kind::name;
 }
 
-/** The part of a client's text that an answer repeats: short, and whole characters only. */
-std::string quoted(std::string_view text) {
+/// The part of a client's text that an answer repeats: short, and whole characters only.
+std::string shortened(std::string_view text) {
     constexpr std::size_t most = 40;
-    if (text.size() <= most) return "'" + std::string(text) + "'";
+    if (text.size() <= most) return std::string(text);
     std::size_t end = most;
     while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;
-    return "'" + std::string(text.substr(0, end)) + "...'";
+    return std::string(text.substr(0, end)) + "...";
 }
 
-/** Where the struct of an inner call is: call, params, param, value, array, data, value, struct (and the document). */
+std::string quoted(std::string_view text) { return "'" + shortened(text) + "'"; }
+
+/// Where the struct of an inner call is: call, params, param, value, array, data, value, struct (and the document).
 constexpr std::size_t inner_struct_depth = 9;
 
 }  // namespace
 
-/** The walks. No exception may pass through expat, so an exhausted memory is noted and told afterwards. */
+/// The walks. No exception may pass through expat, so an exhausted memory is noted and told afterwards.
 class Prepass::Walk {
   public:
     explicit Walk(const PrepassLimits &limits) : limits_(limits), parser_(XML_ParserCreate("UTF-8")) {
@@ -147,8 +155,11 @@ class Prepass::Walk {
         while (salt_ == 0) salt_ = std::random_device()();
     }
 
-    Verdict run(std::string_view document) {
+    Verdict run(std::string_view original) {
         start();
+        const Utf8 utf8(original);
+        const std::string_view document = utf8.text();
+        if (utf8.is_wrong()) refuse(Fault::malformed, "The call is declared as US-ASCII and holds something else.");
         // Expat takes lengths as int; the HTTP side lets nothing in that is near this.
         if (document.size() > INT_MAX) refuse(Fault::limit, "The call is too long.");
         const bool wide = document.find('\0') != std::string_view::npos || document.starts_with("\xFE\xFF") ||
@@ -158,12 +169,15 @@ class Prepass::Walk {
         if (!verdict_.fault &&
             XML_Parse(parser, document.data(), static_cast<int>(document.size()), XML_TRUE) != XML_STATUS_OK &&
             !verdict_.fault && !out_of_memory_) {
+            if (XML_GetErrorCode(parser) == XML_ERROR_NO_MEMORY) throw std::bad_alloc();
             const char *what = XML_ErrorString(XML_GetErrorCode(parser));
             refuse(Fault::malformed, "The call is not well-formed XML: " + std::string(what) + " in line " +
                                          std::to_string(XML_GetCurrentLineNumber(parser)) + ".");
         }
         if (out_of_memory_) throw std::bad_alloc();
         verdict_.packed = packer_.bytes();
+        verdict_.read = packer_.read();
+        if (verdict_.packed.empty() && utf8.is_changed()) verdict_.document = document;
         return std::move(verdict_);
     }
 
@@ -174,10 +188,10 @@ class Prepass::Walk {
 
     struct Element {
         Kind kind;
-        /** Elements in it so far. */
+        /// Elements in it so far.
         std::size_t children;
         const Scalar *scalar;
-        /** In a struct: whether the member that is open names the method of an inner call. */
+        /// In a struct: whether the member that is open names the method of an inner call.
         bool names_method = false;
     };
 
@@ -194,7 +208,7 @@ class Prepass::Walk {
         XML_SetStartDoctypeDeclHandler(
             parser, guarded<&Walk::doctype, const XML_Char *, const XML_Char *, const XML_Char *, int>);
         verdict_ = {};
-        packer_.give_up();
+        packer_.reset();
         stack_.assign(1, {Kind::document, 0, nullptr});
         for (std::string *text : {&text_, &scalar_text_}) {
             text->clear();
@@ -217,7 +231,7 @@ class Prepass::Walk {
         }
     }
 
-    /** Expat may go on to tell of what it has read already. */
+    /// Expat may go on with what it has read already.
     void end() {
         ended_ = true;
         XML_StopParser(parser_.get(), XML_FALSE);
@@ -230,7 +244,8 @@ class Prepass::Walk {
 
     void declaration(const XML_Char *, const XML_Char *encoding, int) {
         if (encoding == nullptr || strcasecmp(encoding, "UTF-8") == 0) return;
-        refuse(Fault::malformed, "The call is encoded in " + quoted(encoding) + "; only UTF-8 is accepted.");
+        refuse(Fault::malformed,
+               "The call is encoded in " + quoted(encoding) + "; UTF-8, US-ASCII and ISO-8859-1 are accepted.");
     }
 
     // A few entities that stand for each other make gigabytes.
@@ -238,9 +253,13 @@ class Prepass::Walk {
         refuse(Fault::malformed, "The call declares a document type; neither that nor entities are accepted.");
     }
 
-    void open(const XML_Char *tag, const XML_Char **) {
+    void open(const XML_Char *tag, const XML_Char **attributes) {
         Element &parent = stack_.back();
         const std::string_view name = tag;
+        // XML-RPC has none, and the library's parser looks for each among all others, which names can be made to slow.
+        if (attributes[0] != nullptr) {
+            return refuse(Fault::malformed, "The element <" + shortened(name) + "> has attributes.");
+        }
         const std::size_t before = parent.children++;
         if (!is_blank(text_)) return misplaced();
         text_.clear();
@@ -322,7 +341,8 @@ class Prepass::Walk {
                 verdict_.method = text_;
                 // The library's own methods are few and small, and system.multicall would meet its inner calls'
                 // parameters.
-                if (!text_.starts_with("system.")) packer_.begin(text_);
+                packer_.begin(text_);
+                if (text_.starts_with("system.")) packer_.give_up();
                 break;
             case Kind::name:
                 stack_[stack_.size() - 2].names_method =
@@ -359,10 +379,10 @@ class Prepass::Walk {
 
     void take(const Scalar &scalar) {
         switch (scalar.take(text_, packer_)) {
-            case Number::good: return;
-            case Number::malformed:
+            case Check::good: return;
+            case Check::malformed:
                 return refuse(Fault::malformed, quoted(text_) + " is not of type " + std::string(scalar.name) + ".");
-            case Number::out_of_range:
+            case Check::out_of_range:
                 return refuse(Fault::malformed,
                               quoted(text_) + " is out of the range of type " + std::string(scalar.name) + ".");
         }
@@ -379,7 +399,7 @@ class Prepass::Walk {
 
     void bad_method(std::string_view name) { refuse(Fault::malformed, quoted(name) + " is not the name of a method."); }
     void unexpected(std::string_view name) {
-        refuse(Fault::malformed, "The element <" + std::string(name.substr(0, 40)) + "> has no place where it stands.");
+        refuse(Fault::malformed, "The element <" + shortened(name) + "> has no place where it stands.");
     }
     void misplaced() { refuse(Fault::malformed, quoted(text_) + " stands beside an element, where no text can be."); }
 
@@ -387,14 +407,14 @@ class Prepass::Walk {
 
     PrepassLimits limits_;
     std::unique_ptr<XML_ParserStruct, Free> parser_;
-    /** What clients cannot guess, so that they cannot choose names that collide in expat's tables. Not 0. */
+    /// What clients cannot guess, so that they cannot choose names that collide in expat's tables. Not 0.
     unsigned long salt_ = 0;
     Verdict verdict_;
     Packer packer_;
     std::vector<Element> stack_;
-    /** The text since the last element opened or closed. */
+    /// The text since the last element opened or closed.
     std::string text_;
-    /** The text of the value's type that closed last. Empty after a struct or an array. */
+    /// The text of the value's type that closed last. Empty after a struct or an array.
     std::string scalar_text_;
     std::size_t depth_ = 0;
     std::size_t values_ = 0;

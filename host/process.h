@@ -1,6 +1,5 @@
-// What the system tells of a process.
-#ifndef LMQ_HOST_PROCESS_H
-#define LMQ_HOST_PROCESS_H
+// What the system knows of a process.
+#pragma once
 
 #include <sys/types.h>
 
@@ -8,15 +7,13 @@
 
 namespace lmq::host {
 
-/** The memory of a process that is resident, in bytes; 0 if there is no such process. */
+/// The memory of a process that is resident, in bytes; 0 if there is no such process.
 std::size_t resident_bytes(pid_t pid);
 
-/** The descriptors that a process has open; 0 if there is no such process. */
+/// The descriptors that a process has open; 0 if there is no such process.
 std::size_t open_descriptors(pid_t pid);
 
-/** Allows this process as many descriptors as it may have, and returns that number. */
+/// Allows this process as many descriptors as it may have, and returns that number.
 std::size_t raise_descriptor_limit();
 
 }  // namespace lmq::host
-
-#endif

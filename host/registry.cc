@@ -1,14 +1,17 @@
 // Ownership of the XML-RPC library's objects, and its fault carrier turned into exceptions.
 #include "registry.h"
 
+#include <cstdio>
+#include <cstdlib>
 #include <stdexcept>
 
 #include "packed_call.h"
+#include "xml_text.h"
 
 namespace lmq::host {
 namespace {
 
-/** A fault carrier of the XML-RPC library. */
+/// A fault carrier of the XML-RPC library.
 class Fault {
   public:
     Fault() { xmlrpc_env_init(&env_); }
@@ -18,7 +21,7 @@ class Fault {
 
     xmlrpc_env *env() { return &env_; }
 
-    /** Throws what the carrier holds, if it holds anything. */
+    /// Throws what the carrier holds, if it holds anything.
     void check() const {
         if (env_.fault_occurred) throw std::runtime_error(env_.fault_string);
     }
@@ -56,6 +59,30 @@ void Registry::fill(Init *init) {
     fault.check();
 }
 
+std::vector<std::string> Registry::methods() {
+    const std::string answer = call("<methodCall><methodName>system.listMethods</methodName></methodCall>");
+    Fault fault;
+    xmlrpc_value *list = nullptr;
+    int code = 0;
+    const char *text = nullptr;
+    xmlrpc_parse_response2(fault.env(), answer.data(), answer.size(), &list, &code, &text);
+    fault.check();
+    const std::unique_ptr<xmlrpc_value, void (*)(xmlrpc_value *)> owner(list, &xmlrpc_DECREF);
+    std::vector<std::string> names;
+    const int count = xmlrpc_array_size(fault.env(), list);
+    for (int at = 0; at < count; ++at) {
+        xmlrpc_value *item = nullptr;
+        xmlrpc_array_read_item(fault.env(), list, static_cast<unsigned>(at), &item);
+        const std::unique_ptr<xmlrpc_value, void (*)(xmlrpc_value *)> held(item, &xmlrpc_DECREF);
+        const char *name = nullptr;
+        xmlrpc_read_string(fault.env(), item, &name);
+        fault.check();
+        names.emplace_back(name);
+        std::free(const_cast<char *>(name));
+    }
+    return names;
+}
+
 std::string Registry::call(std::string_view call) {
     // The library asks for nothing but a name in XML; the hook adds the parameters to those it has read, which are
     // none.
@@ -73,7 +100,14 @@ std::string Registry::call(std::string_view call) {
     fault.check();
     const std::unique_ptr<xmlrpc_mem_block, void (*)(xmlrpc_mem_block *)> owner(
         answer, [](xmlrpc_mem_block *block) { XMLRPC_MEMBLOCK_FREE(char, block); });
-    return {XMLRPC_MEMBLOCK_CONTENTS(char, answer), XMLRPC_MEMBLOCK_SIZE(char, answer)};
+    const std::string_view text(XMLRPC_MEMBLOCK_CONTENTS(char, answer), XMLRPC_MEMBLOCK_SIZE(char, answer));
+    if (const auto at = not_xml(text); at != std::string_view::npos) {
+        char code[8];
+        std::snprintf(code, sizeof code, "0x%02X", static_cast<unsigned char>(text[at]));
+        throw std::runtime_error("A text in the result holds the byte " + std::string(code) +
+                                 ", which XML cannot carry there.");
+    }
+    return std::string(text);
 }
 
 }  // namespace lmq::host

@@ -1,7 +1,6 @@
 // The XML-RPC side of the host: a method registry that a plug-in fills, and that turns a call into the
 // document of its answer. Nothing here knows HTTP.
-#ifndef LMQ_HOST_REGISTRY_H
-#define LMQ_HOST_REGISTRY_H
+#pragma once
 
 #include <xmlrpc-c/base.h>
 #include <xmlrpc-c/server.h>
@@ -10,13 +9,14 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace lmq::host {
 
-/** The process-wide set-up of the XML-RPC library. */
+/// The process-wide set-up of the XML-RPC library.
 class XmlrpcLibrary {
   public:
-    /** @throws std::runtime_error if the library cannot be set up. */
+    /// @throws std::runtime_error if the library cannot be set up.
     XmlrpcLibrary();
     ~XmlrpcLibrary();
     XmlrpcLibrary(const XmlrpcLibrary &) = delete;
@@ -25,29 +25,28 @@ class XmlrpcLibrary {
 
 class Registry {
   public:
-    /** What a plug-in exports to register its methods. */
+    /// What a plug-in exports to register its methods.
     using Init = int(xmlrpc_registry *registry, xmlrpc_env *env);
 
-    /**
-     * An empty registry.
-     * @param document_limit The longest call document in bytes; a longer one is answered with a fault. The XML-RPC
-     *                       library keeps one limit for the whole process.
-     * @throws std::runtime_error if there is no memory for it.
-     */
+    /// An empty registry.
+    /// @param document_limit The longest call document in bytes; a longer one is answered with a fault. The XML-RPC
+    ///                       library keeps one limit for the whole process.
+    /// @throws std::runtime_error if there is no memory for it.
     explicit Registry(std::size_t document_limit);
 
-    /**
-     * Lets a plug-in register its methods.
-     * @throws std::runtime_error with the fault's text if a method was refused.
-     */
+    /// Lets a plug-in register its methods.
+    /// @throws std::runtime_error with the fault's text if a method was refused.
     void fill(Init *init);
 
-    /**
-     * Carries out a call. Handlers have no locks: one call at a time.
-     * @param call A document in UTF-8, or a packed call. Whatever is wrong with it comes back as a fault in the answer.
-     * @return The answer.
-     * @throws std::runtime_error if the result of the method cannot be written as XML.
-     */
+    /// The names of all methods, the XML-RPC library's own included.
+    /// @throws std::runtime_error if there is no memory for them.
+    std::vector<std::string> methods();
+
+    /// Carries out a call. Handlers have no locks: one call at a time.
+    /// @param call A document in UTF-8, or a packed call. Whatever is wrong with it comes back as a fault in the
+    /// answer.
+    /// @return The answer.
+    /// @throws std::runtime_error if the result of the method cannot be written as XML, or was written as what is none.
     std::string call(std::string_view call);
 
   private:
@@ -57,10 +56,8 @@ class Registry {
 
     XmlrpcLibrary library_;
     std::unique_ptr<xmlrpc_registry, Free> registry_;
-    /** The packed call that is carried out; empty if it is a document. */
+    /// The packed call that is carried out; empty if it is a document.
     std::string_view packed_;
 };
 
 }  // namespace lmq::host
-
-#endif

@@ -1,5 +1,6 @@
-// The event loop and the manners of HTTP. A request passes through four stages: the gate judges its head, its body is
-// gathered, the pre-pass and the filter judge the document, and, if nothing was wrong with any, it waits for its turn.
+// The event loop, and the stages of a request. A request passes through four stages: the gate judges its head, its body
+// is gathered, the pre-pass and the filter judge the document, and, if nothing was wrong with any, it waits for its
+// turn.
 #include "server.h"
 
 #include <arpa/inet.h>
@@ -14,6 +15,7 @@
 #include <climits>
 #include <cstdio>
 #include <exception>
+#include <new>
 #include <stdexcept>
 #include <system_error>
 #include <utility>
@@ -26,19 +28,30 @@ namespace {
 
 using std::chrono::milliseconds;
 
-/** A connection on which nothing moves for so many seconds is closed. */
+/// A connection on which nothing moves for so many seconds is closed.
 constexpr unsigned idle_timeout_s = 30;
 
-/**
- * Bytes of a connection's memory, which holds the head of a request and a piece of its body. The HTTP library fills it
- * with zeros for each request, so that more of it costs small calls time, and less costs large ones.
- */
+/// Bytes of a connection's memory, which holds the head of a request and a piece of its body. The HTTP library fills it
+/// with zeros for each request, so that more of it costs small calls time, and less costs large ones.
 constexpr std::size_t connection_memory = 16 * 1024;
 
-/** How long the end of the host waits for clients that are slow to take their answers. */
+/// For GnuTLS: what is older than TLS 1.2 has been broken.
+const std::string tls_versions = "NORMAL:-VERS-ALL:+VERS-TLS1.3:+VERS-TLS1.2";
+
+/// How long the end of the host waits for clients that are slow to take their answers.
 constexpr std::chrono::seconds drain_time(10);
 
-/** How often the connections are looked through for those that take too long. */
+/// Connections beyond the limit, for those who ask for health and metrics.
+constexpr unsigned reserved_connections = 8;
+
+/// For how long a client that has just come, or has just begun with something, is not hung up on for the sake of
+/// others.
+constexpr milliseconds newcomer_time(100);
+
+/// The least bytes a second that a client takes of an answer. It has the time of a request in addition.
+constexpr std::size_t slowest_reader = 256 * 1024;
+
+/// How often the connections are looked through for those that take too long.
 constexpr std::chrono::seconds sweep_interval(1);
 
 std::string address_text(const sockaddr *address) {
@@ -51,266 +64,238 @@ std::string address_text(const sockaddr *address) {
     return text;
 }
 
-MHD_Result send(MHD_Connection *connection, Reply reply, bool last, const std::string &origin) {
-    auto body = std::make_unique<std::string>(std::move(reply.body));
-    MHD_Response *response = MHD_create_response_from_buffer_with_free_callback_cls(
-        body->size(), body->data(), [](void *text) { delete static_cast<std::string *>(text); }, body.get());
-    if (response == nullptr) return MHD_NO;
-    static_cast<void>(body.release());  // the response owns it now
-    MHD_add_response_header(response, MHD_HTTP_HEADER_CONTENT_TYPE, reply.type.c_str());
-    if (reply.status == MHD_HTTP_METHOD_NOT_ALLOWED) {
-        MHD_add_response_header(response, MHD_HTTP_HEADER_ALLOW, MHD_HTTP_METHOD_POST);
-    }
-    if (reply.status == MHD_HTTP_UNAUTHORIZED) {
-        MHD_add_response_header(response, MHD_HTTP_HEADER_WWW_AUTHENTICATE,
-                                "Basic realm=\"lmq-host\", charset=\"UTF-8\"");
-    }
-    if (!origin.empty()) {
-        MHD_add_response_header(response, "Access-Control-Allow-Origin", origin.c_str());
-        MHD_add_response_header(response, "Access-Control-Allow-Headers", "Authorization, Content-Type");
-        MHD_add_response_header(response, "Access-Control-Allow-Credentials", "true");
-    }
-    if (last) MHD_add_response_header(response, MHD_HTTP_HEADER_CONNECTION, "close");
-    const MHD_Result result = MHD_queue_response(connection, reply.status, response);
-    MHD_destroy_response(response);
-    return result;
+Peer *peer_of(MHD_Connection *connection) {
+    return static_cast<Peer *>(MHD_get_connection_info(connection, MHD_CONNECTION_INFO_SOCKET_CONTEXT)->socket_context);
 }
-
-Reply xml(unsigned status, std::string text) { return {status, std::move(text), "text/xml; charset=utf-8"}; }
 
 }  // namespace
 
-/** One connection. */
-struct Server::Peer {
-    MHD_Connection *connection;
-    int socket;
-    std::string address;
-    std::string user;
-    /** What the client is expected to send; nothing while it has a call here or takes an answer. */
-    enum class Owes { head, body, nothing } owes = Owes::head;
-    /** Since when. */
-    Clock::time_point since;
-};
+// No exception may pass through the HTTP library. When there is no memory, the request is refused, or else its
+// connection closed.
 
-/** One request and its reply. */
-struct Server::Exchange {
-    MHD_Connection *connection;
-    Peer *peer;
-    std::string body;
-    /** How much has been read and thrown away since the request was refused. */
-    std::size_t discarded = 0;
-    std::optional<Reply> reply;
-    /** Whether the request counts in answers_due_. */
-    bool is_call = false;
-    std::string method;
-    Clock::time_point arrived;
-    int fault = 0;
-    std::optional<int> driver_status;
-};
+MHD_Result Server::request(MHD_Connection *connection, const Head &head_of_it, std::string_view data,
+                           Exchange *&exchange) try {
+    Peer *peer = peer_of(connection);
+    if (peer == nullptr) return MHD_NO;
+    if (exchange == nullptr) return head(*peer, head_of_it, exchange);
+    if (data.empty()) return end(*exchange);
+    return body(*exchange, data) ? MHD_YES : MHD_NO;
+} catch (const std::exception &) {
+    return MHD_queue_response(connection, MHD_HTTP_SERVICE_UNAVAILABLE, no_memory_.get());
+}
 
-/** What the HTTP library calls. No exception may pass through it. */
-struct Server::Callbacks {
-    static MHD_Result request(void *server, MHD_Connection *connection, const char *url, const char *method,
-                              const char *, const char *data, size_t *size, void **state) try {
-        auto &self = *static_cast<Server *>(server);
-        if (*state == nullptr) return head(self, connection, url, method, state);
-        auto &exchange = *static_cast<Exchange *>(*state);
-        if (*size == 0) return end(self, exchange);
-        const bool go_on = body(self, exchange, {data, *size});
-        *size = 0;
-        return go_on ? MHD_YES : MHD_NO;
-    } catch (const std::exception &) {
-        return MHD_NO;  // out of memory: the connection is closed
+MHD_Result Server::head(Peer &peer, const Head &head, Exchange *&state) {
+    auto exchange = std::make_unique<Exchange>(peer, bodies_);
+    exchange->request.append(head.method).append(":").append(head.path);
+    exchange->arrived = Clock::now();
+    exchange->reply = gate_.judge(head.path, head.method, head.version, *exchange);
+    if (!exchange->reply) exchange->reply = serve(head, peer);
+    const std::uint64_t announced = announced_length(peer.connection);
+    exchange->expected = static_cast<std::size_t>(announced == 0 ? options_.max_body : announced);
+    exchange->is_lease = head.path == lease_path;
+    exchange->lease_token = header(peer.connection, lease_header).value_or("");
+    exchange->turn(exchange->reply ? Peer::State::refused_body : Peer::State::body);
+    state = exchange.release();
+    const bool closes = state->reply && (state->reply->closes || announced > options_.max_body);
+    return closes ? reply(*state, true) : MHD_YES;
+}
+
+/// Answers what is no call, and refuses calls while there are too many connections.
+std::optional<Reply> Server::serve(const Head &head, const Peer &peer) {
+    if (head.path == health_path) return calls_.health();
+    if (head.path == interface_path) return interface_.reply(peer.connection);
+    if (is_console_path(head.path)) return console_.reply(peer.connection, head.path);
+    if (head.path == metrics_path) {
+        return Reply{
+            MHD_HTTP_OK,
+            monitor_.metrics(backend_.state(), {backend_.alive(), peers_.size(), calls_.waiting(), calls_.age()}),
+            "text/plain; version=0.0.4; charset=utf-8"};
     }
-
-    static Peer *peer(MHD_Connection *connection) {
-        return static_cast<Peer *>(
-            MHD_get_connection_info(connection, MHD_CONNECTION_INFO_SOCKET_CONTEXT)->socket_context);
+    if (head.path.starts_with(output_path)) return calls_.output(head.path.substr(output_path.size()));
+    if (head.path == lease_path && head.method != MHD_HTTP_METHOD_POST) {
+        return lease_.serve(head.method, "", header(peer.connection, lease_header).value_or(""));
     }
+    if (!peer.is_beyond_limit || !is_crowded()) return std::nullopt;
+    Reply refused = refusal(MHD_HTTP_SERVICE_UNAVAILABLE, "There are too many connections; try again later.");
+    refused.closes = true;
+    return refused;
+}
 
-    static MHD_Result head(Server &self, MHD_Connection *connection, std::string_view url, std::string_view method,
-                           void **state) {
-        auto exchange = std::make_unique<Exchange>();
-        exchange->connection = connection;
-        exchange->peer = peer(connection);
-        if (exchange->peer == nullptr) return MHD_NO;
-        exchange->arrived = Clock::now();
-        exchange->peer->owes = Peer::Owes::body;
-        exchange->peer->since = exchange->arrived;
-        exchange->reply = self.gate_.judge(connection, url, method, exchange->peer->user);
-        if (!exchange->reply && url == health_path) exchange->reply = self.health();
-        if (!exchange->reply && url == metrics_path) {
-            exchange->reply = Reply{
-                MHD_HTTP_OK, self.monitor_.metrics(self.backend_.state(), self.peers_.size(), self.waiting_.size()),
-                "text/plain; version=0.0.4; charset=utf-8"};
-        }
-        *state = exchange.get();
-        Exchange &kept = *exchange.release();
-        if (kept.reply && announced_length(connection) > self.options_.max_body) return reply(self, kept, true);
-        return MHD_YES;
+/// Gathers a body. A refused one is read to its end all the same, if that is not too far: a client that is hung up on
+/// while it sends may never see why, and the connection stays usable.
+/// @return Whether to go on.
+bool Server::body(Exchange &exchange, std::string_view data) {
+    if (!exchange.reply && data.size() > options_.max_body - exchange.body.text().size()) {
+        exchange.reply = too_long(options_.max_body);
     }
-
-    // A refused body is read to its end all the same, if that is not too far: a client that is hung up on while it
-    // sends may never see why, and the connection stays usable. Returns whether to go on.
-    static bool body(Server &self, Exchange &exchange, std::string_view data) {
-        if (!exchange.reply && data.size() > self.options_.max_body - exchange.body.size()) {
-            drop(self, exchange, too_long(self.options_.max_body));
-        }
-        if (!exchange.reply &&
-            data.size() > self.options_.max_bodies - std::min(self.options_.max_bodies, self.bodies_)) {
-            drop(self, exchange, refusal(MHD_HTTP_SERVICE_UNAVAILABLE, "Too many calls are waiting; try again later."));
-        }
-        if (!exchange.reply) {
-            exchange.body.append(data);
-            self.bodies_ += data.size();
-            return true;
-        }
-        exchange.discarded += data.size();
-        return exchange.discarded <= self.options_.max_body;
+    if (!exchange.reply && exchange.body.append(data, exchange.expected)) return true;
+    if (!exchange.reply) {
+        exchange.reply = refusal(MHD_HTTP_SERVICE_UNAVAILABLE, "Too many calls are waiting; try again later.");
     }
+    exchange.turn(Peer::State::refused_body);
+    exchange.body.clear();
+    exchange.discarded += data.size();
+    return exchange.discarded <= options_.max_body;
+}
 
-    static void drop(Server &self, Exchange &exchange, Reply why) {
-        exchange.reply = std::move(why);
-        self.bodies_ -= exchange.body.size();
-        exchange.body = std::string();
+MHD_Result Server::end(Exchange &exchange) {
+    if (!exchange.reply && exchange.is_lease) {
+        const std::string_view method = std::string_view(exchange.request).substr(0, exchange.request.find(':'));
+        exchange.reply = lease_.serve(method, exchange.body.text(), exchange.lease_token);
     }
-
-    static MHD_Result end(Server &self, Exchange &exchange) {
-        exchange.peer->owes = Peer::Owes::nothing;
-        if (!exchange.reply) {
-            exchange.arrived = Clock::now();
-            judge_document(self, exchange);
-        }
-        if (!exchange.reply && self.backend_.is_synchronous()) {
-            self.bodies_ -= exchange.body.size();
-            self.backend_.begin(std::exchange(exchange.body, {}), exchange.method);
-            settle(exchange, *self.backend_.step());
-        }
-        if (exchange.reply) return reply(self, exchange, self.stopping_);
-        self.waiting_.push_back(&exchange);
+    if (!exchange.reply) {
+        exchange.arrived = Clock::now();
+        judge_document(exchange);
+    }
+    if (!exchange.reply && !backend_.is_synchronous()) {
+        calls_.add(exchange);
+        exchange.turn(Peer::State::call);
         exchange.is_call = true;
-        ++self.answers_due_;
+        ++answers_due_;
+        // While it waits, the idle timeout does not count the time for which other calls hold the driver.
         MHD_suspend_connection(exchange.connection);
         return MHD_YES;
     }
-
-    static void judge_document(Server &self, Exchange &exchange) {
-        if (exchange.body.empty()) {
-            exchange.reply = refusal(MHD_HTTP_BAD_REQUEST, "The body is empty; it should hold an XML-RPC call.");
-            return;
-        }
-        if (self.stopping_) {
-            exchange.reply = refusal(MHD_HTTP_SERVICE_UNAVAILABLE, "The host is being stopped.");
-            return;
-        }
-        Verdict verdict = self.prepass_.examine(exchange.body);
-        if (!verdict.fault) verdict.fault = self.filter_.judge(verdict);
-        exchange.method = std::move(verdict.method);
-        if (!verdict.fault) {
-            if (verdict.packed.empty()) return;
-            self.bodies_ += verdict.packed.size() - exchange.body.size();
-            exchange.body.assign(verdict.packed);
-            return;
-        }
-        exchange.fault = verdict.fault->code;
-        drop(self, exchange, xml(MHD_HTTP_OK, document(*verdict.fault)));
+    if (!exchange.reply) {
+        calls_.carry_out(exchange);
+        exchange.is_call = true;
+        ++answers_due_;
     }
+    return reply(exchange, stopping_);
+}
 
-    /** Makes the reply of a call. */
-    static void settle(Exchange &exchange, Backend::Outcome outcome) {
-        switch (outcome.kind) {
-            case Backend::Outcome::Kind::answer: {
-                exchange.fault = fault_code(outcome.text);
-                int status = 0;
-                if (exchange.fault == 0 && driver_status(outcome.text, status)) exchange.driver_status = status;
-                exchange.reply = xml(MHD_HTTP_OK, std::move(outcome.text));
-                break;
-            }
-            case Backend::Outcome::Kind::unanswerable:
-                std::fprintf(stderr, "lmq-host: a call could not be answered: %s\n", outcome.text.c_str());
-                exchange.reply = refusal(MHD_HTTP_INTERNAL_SERVER_ERROR,
-                                         "The call was made, but cannot be answered: " + outcome.text);
-                break;
-            case Backend::Outcome::Kind::lost:
-                exchange.fault = Fault::internal;
-                exchange.reply = xml(MHD_HTTP_BAD_GATEWAY, document(Fault{Fault::internal, std::move(outcome.text)}));
-                break;
-        }
+void Server::judge_document(Exchange &exchange) {
+    if (exchange.body.text().empty()) {
+        exchange.reply = refusal(MHD_HTTP_BAD_REQUEST, "The body is empty; it should hold an XML-RPC call.");
+        return;
     }
+    if (stopping_) {
+        exchange.reply = refusal(MHD_HTTP_SERVICE_UNAVAILABLE, "The host is being stopped.");
+        return;
+    }
+    Verdict verdict = prepass_.examine(exchange.body.text());
+    if (!verdict.fault) verdict.fault = filters_.judge(verdict, exchange.user);
+    if (!verdict.fault) verdict.fault = guard_.judge(verdict.read, filters_.read_only(exchange.user));
+    if (!verdict.fault && !guard_.reads(verdict.read)) exchange.reply = lease_.judge(exchange.lease_token);
+    exchange.method = std::move(verdict.method);
+    exchange.inner = std::move(verdict.inner);
+    if (exchange.reply) return exchange.body.clear();
+    if (verdict.fault) {
+        exchange.result = {verdict.fault->code};
+        exchange.body.clear();
+        exchange.reply = xml(MHD_HTTP_OK, document(*verdict.fault));
+    } else if (!verdict.packed.empty()) {
+        exchange.body.replace(std::string(verdict.packed));
+    } else if (!verdict.document.empty()) {
+        exchange.body.replace(std::move(verdict.document));
+    }
+}
 
-    static MHD_Result reply(Server &self, Exchange &exchange, bool last) {
-        self.monitor_.served({exchange.peer->address, exchange.peer->user, exchange.method, exchange.reply->status,
-                              exchange.fault, exchange.driver_status.has_value(), exchange.driver_status.value_or(0),
-                              std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - exchange.arrived)});
-        return send(exchange.connection, *std::move(exchange.reply), last, self.gate_.origin());
+MHD_Result Server::reply(Exchange &exchange, bool last) {
+    if (exchange.is_logged) return send(exchange, last);
+    const Served served{exchange.peer->address,
+                        exchange.user,
+                        exchange.method,
+                        exchange.request,
+                        exchange.reply->status,
+                        exchange.result,
+                        std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - exchange.arrived)};
+    monitor_.served(served);
+    for (std::size_t at = 0; at < exchange.inner_results.size(); ++at) {
+        monitor_.served_inner(served, exchange.inner[at], exchange.inner_results[at]);
     }
+    return send(exchange, last);
+}
 
-    static void completed(void *server, MHD_Connection *, void **state, MHD_RequestTerminationCode) {
-        const std::unique_ptr<Exchange> exchange(static_cast<Exchange *>(*state));
-        *state = nullptr;
-        if (exchange == nullptr) return;
-        auto &self = *static_cast<Server *>(server);
-        self.bodies_ -= exchange->body.size();
-        if (exchange->is_call) --self.answers_due_;
-        exchange->peer->owes = Peer::Owes::head;
-        exchange->peer->since = Clock::now();
+/// Sends a reply, whose body counts in the budget until it has been taken.
+MHD_Result Server::send(Exchange &exchange, bool last) {
+    struct Answer {
+        std::shared_ptr<Account> account;
+        Charged body;
+    };
+    Peer &peer = *exchange.peer;
+    Reply reply = *std::move(exchange.reply);
+    make_room_for(reply.body.size(), *peer.account);
+    std::unique_ptr<Answer> answer(new Answer{peer.account, Charged(answers_, peer.account->answers)});
+    answer->body.replace(std::move(reply.body));
+    const std::string &text = answer->body.text();
+    const std::unique_ptr<MHD_Response, void (*)(MHD_Response *)> response(
+        MHD_create_response_from_buffer_with_free_callback_cls(
+            text.size(), const_cast<char *>(text.data()), [](void *kept) { delete static_cast<Answer *>(kept); },
+            answer.get()),
+        &MHD_destroy_response);
+    if (response == nullptr) return MHD_NO;
+    peer.answer = text.size();
+    static_cast<void>(answer.release());  // the response owns it now
+    exchange.turn(Peer::State::answer);
+    const auto add = [&](const char *name, const std::string &value) {
+        MHD_add_response_header(response.get(), name, value.c_str());
+    };
+    add(MHD_HTTP_HEADER_CONTENT_TYPE, reply.type);
+    for (const auto &[name, value] : reply.headers) add(name.c_str(), value);
+    if (!gate_.origin().empty()) {
+        add("Access-Control-Allow-Origin", gate_.origin());
+        add("Access-Control-Allow-Headers", "Authorization, Content-Type");
+        add("Access-Control-Allow-Credentials", "true");
     }
+    if (last) add(MHD_HTTP_HEADER_CONNECTION, "close");
+    return MHD_queue_response(exchange.connection, reply.status, response.get());
+}
 
-    static void connection(void *server, MHD_Connection *connection, void **context,
-                           MHD_ConnectionNotificationCode code) try {
-        auto &self = *static_cast<Server *>(server);
-        if (code == MHD_CONNECTION_NOTIFY_CLOSED) {
-            self.run_again_ = true;
-            const std::unique_ptr<Peer> peer(static_cast<Peer *>(*context));
-            *context = nullptr;
-            self.peers_.erase(peer.get());
-            return;
-        }
-        const auto *address = MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CLIENT_ADDRESS);
-        const auto *socket = MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CONNECTION_FD);
-        auto peer = std::make_unique<Peer>();
-        peer->connection = connection;
-        peer->socket = socket->connect_fd;
-        peer->address = address_text(address == nullptr ? nullptr : address->client_addr);
-        peer->since = Clock::now();
-        self.peers_.insert(peer.get());
-        *context = peer.release();
-        if (self.peers_.size() >= self.options_.connections) self.make_room();
-    } catch (const std::exception &) {
-        // Out of memory: without its context the connection is closed at its first request.
-    }
-};
+void Server::completed(Exchange *exchange) {
+    const std::unique_ptr<Exchange> ended(exchange);
+    if (ended == nullptr) return;
+    if (ended->is_call) --answers_due_;
+    ended->peer->answer = 0;
+    if (ended->peer->state != Peer::State::gone) ended->turn(Peer::State::head);
+}
+
+Peer *Server::connected(MHD_Connection *connection) try {
+    const auto *address = MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CLIENT_ADDRESS);
+    const auto *socket = MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CONNECTION_FD);
+    auto peer = std::make_unique<Peer>();
+    peer->connection = connection;
+    peer->socket = socket->connect_fd;
+    peer->address = address_text(address == nullptr ? nullptr : address->client_addr);
+    auto &account = accounts_[peer->address];
+    peer->account = account.lock();
+    if (peer->account == nullptr) account = peer->account = std::make_shared<Account>();
+    peer->since = Clock::now();
+    peers_.insert(peer.get());
+    peer->is_beyond_limit = is_crowded();
+    return peer.release();
+} catch (const std::exception &) {
+    return nullptr;  // without its peer the connection is closed at its first request
+}
+
+void Server::disconnected(Peer *peer) {
+    run_again_ = true;
+    const std::unique_ptr<Peer> ended(peer);
+    if (ended == nullptr) return;
+    peers_.erase(peer);
+    if (ended->state == Peer::State::gone) --leaving_;
+    if (ended->account.use_count() == 1) accounts_.erase(ended->address);
+}
 
 Server::Server(FileDescriptor listener, const Options &options, const Tls &tls, const Gate &gate, Prepass &prepass,
-               const MethodFilter &filter, Monitor &monitor, Backend &backend)
+               const Filters &filters, const Guard &guard, const InterfaceFile &interface, const Console &console,
+               Monitor &monitor, Backend &backend)
     : options_(options),
       gate_(gate),
       prepass_(prepass),
-      filter_(filter),
+      filters_(filters),
+      guard_(guard),
+      interface_(interface),
+      console_(console),
       monitor_(monitor),
       backend_(backend),
+      calls_(backend, monitor, options.slow),
       answer_spinner_(options.spin),
-      request_spinner_(options.spin) {
-    std::vector<MHD_OptionItem> more;
-    const auto add = [&more](MHD_OPTION option, const std::string &text) {
-        if (!text.empty()) more.push_back({option, 0, const_cast<char *>(text.c_str())});
-    };
-    add(MHD_OPTION_HTTPS_MEM_CERT, tls.certificate);
-    add(MHD_OPTION_HTTPS_MEM_KEY, tls.key);
-    add(MHD_OPTION_HTTPS_MEM_TRUST, tls.client_authority);
-    more.push_back({MHD_OPTION_END, 0, nullptr});
-    const unsigned tls_flag = tls.certificate.empty() ? 0U : static_cast<unsigned>(MHD_USE_TLS);
-    daemon_ = MHD_start_daemon(MHD_USE_EPOLL | MHD_ALLOW_SUSPEND_RESUME | tls_flag, 0, nullptr, nullptr,
-                               &Callbacks::request, this,                                            //
-                               MHD_OPTION_LISTEN_SOCKET, listener.get(),                             //
-                               MHD_OPTION_NOTIFY_COMPLETED, &Callbacks::completed, this,             //
-                               MHD_OPTION_NOTIFY_CONNECTION, &Callbacks::connection, this,           //
-                               MHD_OPTION_CONNECTION_TIMEOUT, idle_timeout_s,                        //
-                               MHD_OPTION_CONNECTION_MEMORY_LIMIT, connection_memory,                //
-                               MHD_OPTION_CONNECTION_LIMIT, options.connections,                     //
-                               MHD_OPTION_PER_IP_CONNECTION_LIMIT, options.connections_per_address,  //
-                               MHD_OPTION_ARRAY, more.data(),                                        //
-                               MHD_OPTION_END);
+      request_spinner_(options.spin),
+      bodies_(options.max_bodies),
+      answers_(options.max_answers),
+      no_memory_(MHD_create_response_from_buffer(0, nullptr, MHD_RESPMEM_PERSISTENT), &MHD_destroy_response),
+      daemon_(start(listener.get(), tls)) {
     if (daemon_ == nullptr) throw std::runtime_error("cannot set up the HTTP server");
     listener.release();
     epoll_ = MHD_get_daemon_info(daemon_, MHD_DAEMON_INFO_EPOLL_FD)->epoll_fd;
@@ -319,7 +304,58 @@ Server::Server(FileDescriptor listener, const Options &options, const Tls &tls, 
     next_watchdog_ = Clock::now();
 }
 
-Server::~Server() { MHD_stop_daemon(daemon_); }
+MHD_Daemon *Server::start(int listener, const Tls &tls) {
+    const MHD_AccessHandlerCallback on_request = [](void *server, MHD_Connection *connection, const char *path,
+                                                    const char *method, const char *version, const char *data,
+                                                    std::size_t *size, void **state) {
+        const std::string_view piece(data, std::exchange(*size, 0));
+        auto *exchange = static_cast<Exchange *>(*state);
+        const MHD_Result result =
+            static_cast<Server *>(server)->request(connection, {path, method, version}, piece, exchange);
+        *state = exchange;
+        return result;
+    };
+    const MHD_RequestCompletedCallback on_completed = [](void *server, MHD_Connection *, void **state,
+                                                         MHD_RequestTerminationCode) {
+        static_cast<Server *>(server)->completed(static_cast<Exchange *>(std::exchange(*state, nullptr)));
+    };
+    const MHD_NotifyConnectionCallback on_connection = [](void *server, MHD_Connection *connection, void **peer,
+                                                          MHD_ConnectionNotificationCode code) {
+        if (code == MHD_CONNECTION_NOTIFY_STARTED) {
+            *peer = static_cast<Server *>(server)->connected(connection);
+        } else {
+            static_cast<Server *>(server)->disconnected(static_cast<Peer *>(std::exchange(*peer, nullptr)));
+        }
+    };
+    std::vector<MHD_OptionItem> more;
+    const auto add = [&more](MHD_OPTION option, const std::string &text) {
+        if (!text.empty()) more.push_back({option, 0, const_cast<char *>(text.c_str())});
+    };
+    if (!tls.certificate.empty()) {
+        more.push_back({MHD_OPTION_HTTPS_CERT_CALLBACK, 0, reinterpret_cast<void *>(choose_certificate)});
+    }
+    add(MHD_OPTION_HTTPS_MEM_TRUST, tls.client_authority);
+    if (!tls.certificate.empty()) add(MHD_OPTION_HTTPS_PRIORITIES, tls_versions);
+    more.push_back({MHD_OPTION_END, 0, nullptr});
+    const unsigned tls_flag = tls.certificate.empty() ? 0U : static_cast<unsigned>(MHD_USE_TLS);
+    return MHD_start_daemon(MHD_USE_EPOLL | MHD_ALLOW_SUSPEND_RESUME | tls_flag, 0, nullptr, nullptr,  //
+                            on_request, this,                                                          //
+                            MHD_OPTION_LISTEN_SOCKET, listener,                                        //
+                            MHD_OPTION_NOTIFY_COMPLETED, on_completed, this,                           //
+                            MHD_OPTION_NOTIFY_CONNECTION, on_connection, this,                         //
+                            MHD_OPTION_CONNECTION_TIMEOUT, idle_timeout_s,                             //
+                            MHD_OPTION_CONNECTION_MEMORY_LIMIT, connection_memory,                     //
+                            MHD_OPTION_CONNECTION_LIMIT, options_.connections + reserved_connections,  //
+                            MHD_OPTION_PER_IP_CONNECTION_LIMIT, options_.connections_per_address,      //
+                            MHD_OPTION_ARRAY, more.data(),                                             //
+                            MHD_OPTION_END);
+}
+
+Server::~Server() {
+    // The HTTP library wants no connection to be suspended at its end.
+    resume(calls_.stop(true));
+    MHD_stop_daemon(daemon_);
+}
 
 void Server::feed_watchdog() {
     if (watchdog_.count() == 0 || Clock::now() < next_watchdog_) return;
@@ -327,19 +363,33 @@ void Server::feed_watchdog() {
     next_watchdog_ = Clock::now() + watchdog_;
 }
 
-void Server::run(const StopSignals &stop) {
-    while (!wait(stop.descriptor(), poll_timeout())) {
-        MHD_run(daemon_);
-        // An answer goes out at once, without a look at what else there is.
-        if (advance()) MHD_run(daemon_);
+void Server::run(const Signals &signals, const std::function<void()> &reload) {
+    for (bool stops = false; !stops;) {
+        if (wait(signals.descriptor(), poll_timeout())) {
+            const Signals::Wish wish = signals.next();
+            stops = wish == Signals::Wish::stop;
+            if (wish == Signals::Wish::reload) reload();
+        }
+        if (stops) break;
+        turn();
         if (Clock::now() >= next_sweep_) sweep();
-        feed_watchdog();
     }
     notify("STOPPING=1");
-    drain();
+    drain(signals);
 }
 
-/** How long the loop may sleep, in milliseconds as poll() takes them: -1 for ever. */
+/// One turn of the loop. A request for which there is no memory has been refused, or will be looked at again.
+void Server::turn() try {
+    MHD_run(daemon_);
+    // An answer goes out at once, without a look at what else there is.
+    if (advance()) MHD_run(daemon_);
+    make_room();
+    feed_watchdog();
+} catch (const std::bad_alloc &) {
+    run_again_ = false;
+}
+
+/// How long the loop may sleep, in milliseconds as poll() takes them: -1 for ever.
 int Server::poll_timeout() {
     if (std::exchange(run_again_, false)) return 0;
     long long least = INT_MAX;
@@ -351,20 +401,17 @@ int Server::poll_timeout() {
     if (MHD_get_timeout(daemon_, &timeout) == MHD_YES) {
         consider(static_cast<long long>(std::min<MHD_UNSIGNED_LONG_LONG>(timeout, INT_MAX)));
     }
-    if (backend_.timeout() >= 0) consider(backend_.timeout());
+    if (calls_.timeout() >= 0) consider(calls_.timeout());
     if (!peers_.empty()) until(next_sweep_);
     if (watchdog_.count() > 0) until(next_watchdog_);
-    if (current_ != nullptr && options_.slow.count() > 0 && !told_slow_) until(begun_ + options_.slow);
     return least == INT_MAX ? -1 : static_cast<int>(least);
 }
 
-/**
- * Waits until a connection, the backend or the other descriptor (-1 for none) has something to do.
- * @return Whether the other descriptor has.
- */
+/// Waits until a connection, the backend or the other descriptor (-1 for none) has something to do.
+/// @return Whether the other descriptor has.
 bool Server::wait(int other, int timeout) {
     const auto backend = backend_.waits();
-    pollfd descriptors[] = {{epoll_, POLLIN, 0}, {other, POLLIN, 0}, backend[0], backend[1]};
+    pollfd descriptors[] = {{epoll_, POLLIN, 0}, {other, POLLIN, 0}, backend[0], backend[1], backend[2], backend[3]};
     const auto look = [&](int ms) {
         const int count = poll(descriptors, std::size(descriptors), ms);
         if (count < 0 && errno != EINTR) {
@@ -375,102 +422,112 @@ bool Server::wait(int other, int timeout) {
     if (timeout == 0) {
         look(0);
     } else {
-        Spinner &spinner = current_ == nullptr ? request_spinner_ : answer_spinner_;
+        Spinner &spinner = calls_.has_call_in_hand() ? answer_spinner_ : request_spinner_;
         spinner.wait([&] { return look(0); }, [&] { look(timeout); });
     }
-    backend_moved_ = descriptors[2].revents != 0 || descriptors[3].revents != 0;
+    backend_moved_ = std::any_of(std::begin(descriptors) + 2, std::end(descriptors),
+                                 [](const pollfd &one) { return one.revents != 0; });
     return descriptors[1].revents != 0;
 }
 
-/**
- * Takes the outcome of the call in hand if there may be one, and starts the next call.
- * @return Whether there is an answer to be sent.
- */
+/// Goes on with the calls.
+/// @return Whether there is an answer to be sent.
 bool Server::advance() {
-    const auto take = [this] {
-        auto outcome = backend_.step();
-        if (!outcome || current_ == nullptr) return false;
-        finish(*std::move(outcome));
-        return true;
-    };
-    bool finished = (backend_moved_ || backend_.timeout() == 0) && take();
-    if (current_ == nullptr && !waiting_.empty() && backend_.ready()) {
-        begin_next();
-        if (backend_.timeout() == 0 && take()) finished = true;
-    }
-    if (current_ != nullptr && options_.slow.count() > 0 && !told_slow_ && Clock::now() >= begun_ + options_.slow) {
-        told_slow_ = true;
-        std::fprintf(stderr, "lmq-host: %s for %s has been in the driver for more than %lld ms\n",
-                     current_->method.c_str(), current_->peer->address.c_str(),
-                     static_cast<long long>(options_.slow.count()));
-    }
-    return finished;
+    const auto &replied = calls_.advance(backend_moved_);
+    resume(replied);
+    return !replied.empty();
 }
 
-/**
- * Hands the call that has waited longest to the backend. Its connection stays suspended: a call that lasts longer than
- * the idle timeout costs neither its own connection nor those that wait behind it.
- */
-void Server::begin_next() {
-    current_ = waiting_.front();
-    waiting_.pop_front();
-    begun_ = Clock::now();
-    told_slow_ = false;
-    bodies_ -= current_->body.size();
-    backend_.begin(std::exchange(current_->body, {}), current_->method);
+/// Has replies sent.
+void Server::resume(const std::vector<Exchange *> &replied) {
+    for (const Exchange *exchange : replied) MHD_resume_connection(exchange->connection);
 }
 
-void Server::finish(Backend::Outcome outcome) {
-    Exchange &exchange = *std::exchange(current_, nullptr);
-    Callbacks::settle(exchange, std::move(outcome));
-    MHD_resume_connection(exchange.connection);
+void Server::hang_up(Peer &peer) {
+    if (peer.state == Peer::State::gone) return;
+    peer.state = Peer::State::gone;
+    ++leaving_;
+    shutdown(peer.socket, SHUT_RDWR);
 }
 
-/** Hangs up on clients that take too long. The idle timeout does not see those that send a byte now and then. */
+/// Hangs up on clients that take too long, and forgets the calls of those that have gone. The idle timeout does not see
+/// those that send or take a byte now and then.
 void Server::sweep() {
     const auto now = Clock::now();
     next_sweep_ = now + sweep_interval;
     for (Peer *peer : peers_) {
-        if (peer->owes == Peer::Owes::nothing) continue;
-        const auto idle = std::chrono::seconds(peer->owes == Peer::Owes::head ? idle_timeout_s : 0U);
-        if (now - peer->since > options_.request_time + idle) shutdown(peer->socket, SHUT_RDWR);
+        if (peer->state == Peer::State::call || peer->state == Peer::State::gone) continue;
+        const std::size_t idle = peer->state == Peer::State::head ? idle_timeout_s : peer->answer / slowest_reader;
+        if (now - peer->since > options_.request_time + std::chrono::seconds(idle)) hang_up(*peer);
     }
+    resume(calls_.drop_gone());
+    run_again_ = true;
 }
 
-/** Hangs up on the client that has owed the head of a request for longest. */
+/// Hangs up on clients while there are too many: on those whose requests have been refused already, then on those that
+/// have been idle for longest, then on the slowest. Who has just come, or has a call here, stays.
 void Server::make_room() {
-    Peer *oldest = nullptr;
-    for (Peer *peer : peers_) {
-        if (peer->owes == Peer::Owes::head && (oldest == nullptr || peer->since < oldest->since)) oldest = peer;
+    const auto rank = [now = Clock::now()](const Peer &peer) {
+        const bool is_new = now - peer.since < newcomer_time;
+        switch (peer.state) {
+            case Peer::State::refused_body: return 0;
+            case Peer::State::head: return is_new ? 3 : 1;
+            case Peer::State::body:
+            case Peer::State::answer: return is_new ? 3 : 2;
+            default: return 3;
+        }
+    };
+    while (is_crowded()) {
+        const auto first = std::min_element(peers_.begin(), peers_.end(), [&](const Peer *one, const Peer *other) {
+            return rank(*one) != rank(*other) ? rank(*one) < rank(*other) : one->since < other->since;
+        });
+        if (rank(**first) == 3) break;
+        hang_up(**first);
     }
-    if (oldest != nullptr) shutdown(oldest->socket, SHUT_RDWR);
 }
 
-Reply Server::health() const {
-    if (!backend_.alive()) return refusal(MHD_HTTP_SERVICE_UNAVAILABLE, "no worker");
-    if (current_ == nullptr) return {MHD_HTTP_OK, "ok\n"};
-    const auto time = std::chrono::duration_cast<milliseconds>(Clock::now() - begun_).count();
-    return {MHD_HTTP_OK, "ok, in a call for " + std::to_string(time) + " ms\n"};
+/// Hangs up on the clients that have been reading for longest until there is room for an answer: first on those of the
+/// same address, if that has more than its share.
+void Server::make_room_for(std::size_t answer, const Account &account) {
+    std::size_t freed = 0, freed_of_account = 0;
+    const auto has_room = [&](bool all) {
+        const std::size_t more = answer - std::min(answer, all ? freed : freed_of_account);
+        return all ? answers_.has_room({}, more) : answers_.share_has_room(account.answers, more);
+    };
+    for (const bool all : {false, true}) {
+        while (!has_room(all)) {
+            Peer *oldest = nullptr;
+            for (Peer *peer : peers_) {
+                const bool counts = peer->state == Peer::State::answer && peer->answer > 0;
+                if (!counts || (!all && peer->account.get() != &account)) continue;
+                if (oldest == nullptr || peer->since < oldest->since) oldest = peer;
+            }
+            if (oldest == nullptr) break;
+            freed += oldest->answer;
+            if (oldest->account.get() == &account) freed_of_account += oldest->answer;
+            hang_up(*oldest);
+        }
+    }
 }
 
-/** Refuses the calls that have not begun and sends the answers that are due. */
-void Server::drain() {
+/// Refuses the calls that have not begun and sends the answers that are due.
+void Server::drain(const Signals &signals) {
     stopping_ = true;
     const FileDescriptor listener(MHD_quiesce_daemon(daemon_));
-    for (Exchange *exchange : waiting_) {
-        exchange->reply = refusal(MHD_HTTP_SERVICE_UNAVAILABLE, "The host is being stopped.");
-        MHD_resume_connection(exchange->connection);
-    }
-    waiting_.clear();
+    resume(calls_.stop(false));
     run_again_ = true;
+    const auto last = Clock::now() + options_.stop_time;
     auto deadline = Clock::now() + drain_time;
-    while (answers_due_ > 0 && Clock::now() < deadline) {
-        wait(-1, static_cast<int>(std::min(static_cast<unsigned>(poll_timeout()), 1000U)));
-        MHD_run(daemon_);
-        if (current_ != nullptr) deadline = Clock::now() + drain_time;
-        feed_watchdog();
-        if (advance()) MHD_run(daemon_);
+    while ((answers_due_ > 0 || calls_.has_call_in_hand()) && Clock::now() < deadline) {
+        const auto timeout = static_cast<int>(std::min(static_cast<unsigned>(poll_timeout()), 1000U));
+        if (wait(signals.descriptor(), timeout) && signals.next() == Signals::Wish::stop) break;
+        if (calls_.has_call_in_hand()) deadline = std::min(Clock::now() + drain_time, last);
+        turn();
     }
+    if (!calls_.has_call_in_hand()) return;
+    std::fprintf(stderr, "lmq-host: the call under way is given up\n");
+    resume(calls_.stop(true));
+    MHD_run(daemon_);
 }
 
 }  // namespace lmq::host

@@ -1,6 +1,5 @@
 // The service behind the calls: the driver, the plug-in, and the registry that it fills.
-#ifndef LMQ_HOST_SERVICE_H
-#define LMQ_HOST_SERVICE_H
+#pragma once
 
 #include <cstddef>
 #include <string>
@@ -9,17 +8,13 @@
 
 namespace lmq::host {
 
-/**
- * Loads the driver and the plug-in, and lets the plug-in register its methods.
- * @param driver   The driver's file; empty for the usual places.
- * @param plugin   The plug-in's file; empty for the usual places.
- * @param max_body The longest document in bytes.
- * @return What carries out a call, one at a time. After a call the blocks that a faulted one has left with the
- * plug-in's tracker are given back.
- * @throws std::runtime_error that names the culprit.
- */
-Call load_service(const std::string &driver, const std::string &plugin, std::size_t max_body);
+/// Loads the driver and the plug-in, and lets the plug-in register its methods.
+/// @param driver   The driver's file; empty for the usual places.
+/// @param plugin   The plug-in's file; empty for the usual places.
+/// @param max_body The longest document in bytes.
+/// @return What carries out a call, one at a time, and the methods. After a call the blocks that a faulted one has left
+///         with the plug-in's tracker are given back.
+/// @throws std::runtime_error that names the culprit.
+Service load_service(const std::string &driver, const std::string &plugin, std::size_t max_body);
 
 }  // namespace lmq::host
-
-#endif

@@ -1,30 +1,25 @@
 // Waiting by asking again and again before a process goes to sleep: between two processes that answer each other, the
 // two wake-ups cost more than a small call, and with a core that has been put to sleep a tenth of a large one.
-#ifndef LMQ_HOST_SPINNER_H
-#define LMQ_HOST_SPINNER_H
+#pragma once
 
 #include <algorithm>
 #include <chrono>
 
 namespace lmq::host {
 
-/**
- * Waits for one kind of event. A wait is expected to last as long as the one before it: spinning goes on for twice that
- * time, and there is none if that would be too long. So an idle process does not spin, and one whose events follow each
- * other does not sleep.
- */
+/// Waits for one kind of event. A wait is expected to last as long as the one before it: spinning goes on for twice
+/// that time, and there is none if that would be too long. So an idle process does not spin, and one whose events
+/// follow each other does not sleep.
 class Spinner {
   public:
     using Clock = std::chrono::steady_clock;
 
-    /** @param most The longest time to spin; 0 for never. */
+    /// @param most The longest time to spin; 0 for never.
     explicit Spinner(std::chrono::microseconds most) : most_(most) {}
 
-    /**
-     * Returns when the event is there or the sleep is over.
-     * @param ready Asks for the event without waiting: whether it is there.
-     * @param sleep Waits for it without asking.
-     */
+    /// Returns when the event is there or the sleep is over.
+    /// @param ready Asks for the event without waiting: whether it is there.
+    /// @param sleep Waits for it without asking.
     template <class Ready, class Sleep>
     void wait(Ready ready, Sleep sleep) {
         const auto start = Clock::now();
@@ -47,11 +42,11 @@ class Spinner {
     }
 
   private:
-    /** Small calls differ by more than a factor of two. */
+    /// Small calls differ by more than a factor of two.
     static constexpr std::chrono::microseconds least{100};
-    /** Asking takes a microsecond or two. */
+    /// Asking takes a microsecond or two.
     static constexpr std::chrono::microseconds pause{500};
-    /** How long nobody spins after the core was wanted by others. */
+    /// How long nobody spins after the core was wanted by others.
     static constexpr std::chrono::milliseconds crowded_time{100};
 
     std::chrono::microseconds most_;
@@ -60,5 +55,3 @@ class Spinner {
 };
 
 }  // namespace lmq::host
-
-#endif

@@ -1,12 +1,14 @@
 // The users of --auth: a file of names and salted hashes, and the check of a name and a password against it.
-#ifndef LMQ_HOST_USERS_H
-#define LMQ_HOST_USERS_H
+#pragma once
 
 #include <array>
-#include <chrono>
 #include <filesystem>
+#include <map>
 #include <string>
 #include <unordered_map>
+
+#include "filter.h"
+#include "wrong_passwords.h"
 
 namespace lmq::host {
 
@@ -14,24 +16,23 @@ class Users {
   public:
     enum class Answer { right, wrong, too_many_wrong };
 
-    /**
-     * Reads a file of lines "NAME:HASH", where the hash is one of crypt(5). Empty lines and lines that begin with '#'
-     * do not count.
-     * @throws std::runtime_error that names the file and the line.
-     */
+    /// Reads a file of lines "NAME:HASH" or "NAME:HASH:ROLE", where the hash is one of crypt(5), and the role is words:
+    /// "read-only", "allow=GLOB" and "deny=GLOB". Empty lines and lines that begin with '#' do not count.
+    /// @throws std::runtime_error that names the file and the line.
     explicit Users(const std::filesystem::path &file);
 
-    /**
-     * Checks a password. The time that this takes tells neither whether the user exists nor how much of the password
-     * is right. A right password is remembered in a hashed form, so that only the first check of it is slow; wrong ones
-     * are checked a few times a second and no more, as each costs milliseconds of the one thread.
-     */
-    Answer check(const std::string &name, const std::string &password);
+    /// Checks a password. The time that this takes tells neither whether the user exists nor how much of the password
+    /// is right. A right password is remembered in a hashed form, so that only the first check of it is slow. Wrong
+    /// ones are checked a few times a second and no more, as each costs milliseconds of the one thread; an address that
+    /// has sent wrong ones lately does not take the turn of one that has not.
+    /// @param address Where the request comes from.
+    Answer check(const std::string &name, const std::string &password, const std::string &address);
 
-    /**
-     * The line for a new user.
-     * @throws std::runtime_error if the name does not fit in the file, or the system has no salt.
-     */
+    /// What single users may call.
+    const std::map<std::string, Role> &roles() const { return roles_; }
+
+    /// The line for a new user.
+    /// @throws std::runtime_error if the name does not fit in the file, or the system has no salt.
     static std::string line(const std::string &name, const std::string &password);
 
   private:
@@ -40,22 +41,18 @@ class Users {
     Digest digest(const std::string &name, const std::string &password) const;
 
     std::unordered_map<std::string, std::string> hashes_;
+    std::map<std::string, Role> roles_;
     std::unordered_map<std::string, Digest> known_;
-    /** Of this process alone: without it the digests could be searched like the passwords themselves. */
+    /// Of this process alone: without it the digests could be searched like the passwords themselves.
     Digest key_{};
-    /** What the password of a user that does not exist is checked against. */
+    /// What the password of a user that does not exist is checked against.
     std::string nobody_;
-    std::chrono::steady_clock::time_point window_;
-    unsigned wrong_ = 0;
+    WrongPasswords wrong_;
 };
 
-/**
- * Asks for a password twice on the terminal, without an echo; or takes the first line of standard input if that is
- * none.
- * @throws std::runtime_error if the two differ, or there is none.
- */
+/// Asks for a password twice on the terminal, without an echo; or takes the first line of standard input if that is
+/// none.
+/// @throws std::runtime_error if the two differ, or there is none.
 std::string ask_password();
 
 }  // namespace lmq::host
-
-#endif

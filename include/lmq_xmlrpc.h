@@ -1,7 +1,7 @@
 /**
  * @file
- * @brief What the plug-in exports: its entry point for a host, the operations of the call memory tracker, and the builders
- *        of the records with which it describes itself.
+ * @brief What the plug-in exports: its entry point for a host, the operations of the call memory tracker, and the
+ * builders of the records with which it describes itself.
  */
 #ifndef LMQ_XMLRPC_H
 #define LMQ_XMLRPC_H
@@ -48,8 +48,8 @@ LMQ_EXPORT void __x_mm_free(void);
  * @name Description records
  *
  * Each builder makes an XML-RPC struct with the keys that its parameters name, in their order, and `doc` last. The text
- * "No help available" stands in `doc` wherever nothing is documented. Strings are zero-terminated and copied. None tests
- * the fault carrier: a failure of the XML-RPC library shows there.
+ * "No help available" stands in `doc` wherever nothing is documented. Strings are zero-terminated and copied. None
+ * tests the fault carrier: a failure of the XML-RPC library shows there.
  *
  * @param env The fault carrier.
  * @param doc Documentation text.

@@ -1,6 +1,5 @@
 // The UDT catalogue: lmq.listUDTs, lmq.UDTSignature and lmq.UDTMalloc, told from the rows that the coders read.
 #include <cstdlib>
-#include <cstring>
 
 #include "families/udts.h"
 #include "frame/method.h"
@@ -19,11 +18,14 @@ constexpr const Udt *udts[] = {
 #undef UDT_NAME
 };
 
-constexpr auto udts_by_name = sorted({
+constexpr const char *udt_names[] = {
 #define UDT_NAME(T) #T,
 #include "families/udts.def"
 #undef UDT_NAME
-});
+};
+static_assert(prefix_size + longest(udt_names) < name_room);
+
+constexpr auto udts_by_name = sorted(udt_names);
 
 const Udt *find_udt(const char *name) {
     const char *bare = bare_name(name);
@@ -38,16 +40,9 @@ const char *told_type(const Udt &udt, const Row &row) {
 }
 
 // A member's wire key, with the bound of an array behind it as the header spells it.
-struct ToldName {
-    char text[128];
-    ToldName(const char *key, const char *bound) {
-        strcpy(text, key);
-        if (!*bound) return;
-        strcat(text, "[");
-        strcat(text, bound);
-        strcat(text, "]");
-    }
-};
+JoinedName told_name(const char *key, const char *bound) {
+    return *bound ? JoinedName{key, "[", bound, "]"} : JoinedName{key};
+}
 
 // The members at the top level. The keys inside an inline struct are told by a prototype alone.
 xmlrpc_value *members(xmlrpc_env *env, const char *name) {
@@ -56,7 +51,7 @@ xmlrpc_value *members(xmlrpc_env *env, const char *name) {
     xmlrpc_value *list = xmlrpc_array_new(env);
     for (const Row *row = udt->rows; row != udt->end(); row = next(row))
         append_record(env, list,
-                      x_dvr_svar(env, told_type(*udt, *row), ToldName(udt->text(row->key), udt->text(row->bound)).text,
+                      x_dvr_svar(env, told_type(*udt, *row), told_name(udt->text(row->key), udt->text(row->bound)).text,
                                  no_help_text));
     return list;
 }
@@ -75,7 +70,8 @@ xmlrpc_value *prototype(xmlrpc_env *env, const char *name) {
 
 extern "C" xmlrpc_value *x_rpc_listUDTs(xmlrpc_env *env, xmlrpc_value *, void *, void *) {
     xmlrpc_value *list = xmlrpc_array_new(env);
-    for (const Udt *udt : udts) append_record(env, list, xmlrpc_string_new(env, FullName(udt->name).text));
+    for (const Udt *udt : udts)
+        append_record(env, list, xmlrpc_string_new(env, JoinedName{LMQ_PREFIX, udt->name}.text));
     return list;
 }
 

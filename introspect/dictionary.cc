@@ -63,6 +63,14 @@ constexpr size_t typedef_count = [] {
     return count;
 }();
 
+// A base type is told as a pointer too.
+static_assert(longest({
+#define TYPEDEF(name, base) base,
+#include "introspect/typedefs.def"
+#undef TYPEDEF
+              }) + sizeof " *" <=
+              name_room);
+
 constexpr const char *typedef_at(uint16_t offset) { return typedefs + offset; }
 
 // By offsets of their names.

@@ -3,7 +3,7 @@
 
 namespace lmq {
 
-// The type behind a name: follows the typedef chain until it ends. A name without a typedef is its own.
+/// The type behind a name: follows the typedef chain until it ends. A name without a typedef is its own.
 const char *behind_typedefs(const char *name);
 
 }  // namespace lmq

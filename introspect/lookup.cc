@@ -4,11 +4,11 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "frame/method.h"
+
 namespace lmq {
 
 namespace {
-
-constexpr size_t prefix_size = sizeof name_prefix - 1;
 
 xmlrpc_value *refuse(xmlrpc_env *env, const char *text) {
     xmlrpc_env_set_fault(env, XMLRPC_LIMIT_EXCEEDED_ERROR, text);
@@ -17,13 +17,8 @@ xmlrpc_value *refuse(xmlrpc_env *env, const char *text) {
 
 }  // namespace
 
-FullName::FullName(const char *name) {
-    memcpy(text, name_prefix, prefix_size);
-    strcpy(text + prefix_size, name);
-}
-
 const char *bare_name(const char *name) {
-    return strncmp(name, name_prefix, prefix_size) == 0 ? name + prefix_size : nullptr;
+    return strncmp(name, LMQ_PREFIX, prefix_size) == 0 ? name + prefix_size : nullptr;
 }
 
 void append_record(xmlrpc_env *env, xmlrpc_value *list, xmlrpc_value *record) {

@@ -1,4 +1,5 @@
-// The frame that the three methods share which answer a question about a name.
+// The names of the dictionary: how they are put together and found, and the frame that the three methods share which
+// answer a question about a name.
 #pragma once
 
 #include <xmlrpc-c/base.h>
@@ -7,36 +8,52 @@
 #include <array>
 #include <cstdint>
 #include <cstring>
+#include <initializer_list>
 #include <string_view>
+#include <utility>
+
+#include "marshal/row.h"
 
 namespace lmq {
 
-// The namespace of all names that clients are told: "lmq." before a method, a UDT.
-constexpr char name_prefix[] = "lmq.";
-
-// "lmq.NAME", for names of the interface.
-struct FullName {
-    char text[128];
-    explicit FullName(const char *name);
+/// A name made of parts. What makes the tables sees to it that each fits.
+struct JoinedName {
+    char text[name_room];
+    JoinedName(std::initializer_list<const char *> parts) {
+        char *end = text;
+        for (const char *part : parts) end = stpcpy(end, part);
+    }
 };
 
-// Answers what a table has for a name, or NULL if it has none.
+/// The length of the longest of some names.
+template <size_t N>
+constexpr size_t longest(const char *const (&names)[N]) {
+    size_t length = 0;
+    for (const char *name : names) length = std::max(length, std::string_view(name).size());
+    return length;
+}
+
+/// Answers what a table has for a name, or NULL if it has none.
 using Answer = xmlrpc_value *(xmlrpc_env *env, const char *name);
 
-// Takes the one parameter, a string, and answers it. Every fault has the code -509: for another number of parameters,
-// for another type, and `not_found` for a name that has no answer.
+/// Takes the one parameter, a string, and answers it. Every fault has the code -509: for another number of parameters,
+/// for another type, and `not_found` for a name that has no answer.
 xmlrpc_value *look_up(xmlrpc_env *env, xmlrpc_value *parameters, Answer *answer, const char *not_found);
 
-// What follows "lmq." in a full name, or NULL for another name.
+/// What follows the prefix in a full name, or NULL for another name.
 const char *bare_name(const char *name);
 
-// Entries of a table in the order of their names, made by the compiler: its numbers from 0 to N - 1, or what else finds
-// an entry. `name_of` tells the name of an entry.
+/// Entries of a table in the order of their names, made by the compiler: its numbers from 0 to N - 1, or what else
+/// finds an entry. `name_of` tells the name of an entry.
 template <size_t N, class NameOf>
-constexpr std::array<uint16_t, N> sorted(std::array<uint16_t, N> entries, NameOf name_of) {
-    std::sort(entries.begin(), entries.end(),
-              [&](uint16_t a, uint16_t b) { return std::string_view(name_of(a)) < std::string_view(name_of(b)); });
-    return entries;
+constexpr std::array<uint16_t, N> sorted(const std::array<uint16_t, N> &entries, NameOf name_of) {
+    // Lengths are counted once: a compiler limits the steps that it takes.
+    std::array<std::pair<std::string_view, uint16_t>, N> named{};
+    for (size_t i = 0; i < N; ++i) named[i] = {name_of(entries[i]), entries[i]};
+    std::sort(named.begin(), named.end(), [](const auto &a, const auto &b) { return a.first < b.first; });
+    std::array<uint16_t, N> in_order{};
+    for (size_t i = 0; i < N; ++i) in_order[i] = named[i].second;
+    return in_order;
 }
 
 template <size_t N>
@@ -46,7 +63,7 @@ constexpr std::array<uint16_t, N> sorted(const char *const (&names)[N]) {
     return sorted(entries, [&](uint16_t entry) { return names[entry]; });
 }
 
-// Finds a name among sorted entries. Returns NULL if none has it.
+/// Finds a name among sorted entries. Returns NULL if none has it.
 template <size_t N, class NameOf>
 const uint16_t *find(const std::array<uint16_t, N> &entries, const char *name, NameOf name_of) {
     size_t begin = 0, end = N;
@@ -62,7 +79,7 @@ const uint16_t *find(const std::array<uint16_t, N> &entries, const char *name, N
     return nullptr;
 }
 
-// Appends a record to a list, which takes it over.
+/// Appends a record to a list, which takes it over.
 void append_record(xmlrpc_env *env, xmlrpc_value *list, xmlrpc_value *record);
 
 }  // namespace lmq

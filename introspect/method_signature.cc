@@ -1,6 +1,4 @@
 // lmq.methodSignature: what a method returns and takes, and its help text, told from the rows that its handler reads.
-#include <cstring>
-
 #include "frame/method.h"
 #include "introspect/dictionary.h"
 #include "introspect/lookup.h"
@@ -27,14 +25,7 @@ const char *primitive_return_type(Returns returns) {
     __builtin_unreachable();
 }
 
-// "TYPE *".
-struct Pointer {
-    char text[128];
-    explicit Pointer(const char *type) {
-        strcpy(text, type);
-        strcat(text, " *");
-    }
-};
+JoinedName pointer_to(const char *type) { return {type, " *"}; }
 
 xmlrpc_value *parameter(xmlrpc_env *env, const Method &method, const Argument &argument) {
     const char *name = method.text(argument.name);
@@ -44,21 +35,22 @@ xmlrpc_value *parameter(xmlrpc_env *env, const Method &method, const Argument &a
         // A pointer to scalars is told by its resolved type in both places, unlike the prototype: so that a client sees
         // the width of what it sends.
         case ArgumentKind::element: {
-            const Pointer pointer(c_name(argument.scalar));
+            const JoinedName pointer = pointer_to(c_name(argument.scalar));
             return x_dvr_var(env, pointer.text, pointer.text, name, 0, no_help_text);
         }
         case ArgumentKind::udt:
-            return x_dvr_var(env, Pointer(type).text, Pointer(behind_typedefs(type)).text, name, 1, no_help_text);
-        case ArgumentKind::cookie: return x_dvr_var(env, Pointer(type).text, Pointer(type).text, name, 0, no_help_text);
+            return x_dvr_var(env, pointer_to(type).text, pointer_to(behind_typedefs(type)).text, name, 1, no_help_text);
+        case ArgumentKind::cookie:
+            return x_dvr_var(env, pointer_to(type).text, pointer_to(type).text, name, 0, no_help_text);
     }
     __builtin_unreachable();
 }
 
 xmlrpc_value *signature(xmlrpc_env *env, const Method &method) {
     xmlrpc_value *list = xmlrpc_array_new(env);
-    append_record(env, list,
-                  x_dvr_var(env, describe::return_type(method.returns), primitive_return_type(method.returns), nullptr,
-                            0, method.help()));
+    append_record(
+        env, list,
+        x_dvr_var(env, return_type(method.returns), primitive_return_type(method.returns), nullptr, 0, method.help()));
     for (unsigned i = 0; i < method.count; ++i) append_record(env, list, parameter(env, method, method.arguments()[i]));
     return list;
 }

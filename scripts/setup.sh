@@ -1,13 +1,8 @@
-# What ./run and ./test have in common: which Debian packages they need, and the steps up to a built tree.
+# What ./run and ./test have in common: the steps from a bare Debian to a built tree.
 # Sourced by bash with `root` set to the folder of the repository. A step says on standard error what it does and keeps
 # its output to itself unless it fails; the first failure ends the script with one line.
 
-packages_to_build=(g++ cmake ninja-build pkg-config libxmlrpc-core-c3-dev libmicrohttpd-dev libcli11-dev libexpat1-dev
-                   libgnutls28-dev libcrypt-dev libcurl4-openssl-dev nlohmann-json3-dev libmimalloc-dev
-                   libedit-dev)
-packages_to_test=(libgtest-dev libbenchmark-dev valgrind python3 openssl clang libclang-rt-14-dev zsh fish)
-# The target's libraries come from cmake/arm-sysroot.sh.
-packages_for_arm=(g++ g++-arm-linux-gnueabihf qemu-user cmake ninja-build pkg-config python3 openssl)
+source "$root/scripts/packages.sh"
 
 # Exit status of a script whose packages could not be fetched: nothing is wrong here, and later it may go well.
 unfetched=75
@@ -32,9 +27,11 @@ quietly() {
     return 1
 }
 
-# install_packages PACKAGE...: installs those that are missing. Never asks for anything, a password included.
+# install_packages LIST...: installs the packages of these lists that are missing. Never asks for anything, a password included.
 install_packages() {
     local package missing=() as_root=()
+    # shellcheck disable=SC2048,SC2086 # a list is words
+    set -- $*
     command -v apt-get dpkg-query >/dev/null || die "this is no Debian: install what CONTRIBUTING.md names, then use the presets"
     for package; do
         dpkg-query -W -f '${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed || missing+=("$package")

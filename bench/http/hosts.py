@@ -71,85 +71,108 @@ def rate(server, body, clients, seconds):
     return float(found[1])
 
 
-def main():
+def arguments():
     parse = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parse.add_argument("--build", type=Path, default=HERE.parent.parent / "build/release", help="the build folder")
     parse.add_argument("--rounds", type=int, default=5)
     parse.add_argument("--seconds", type=int, default=1, help="of each server in each round")
-    parse.add_argument("--idle", type=int, default=1000, help="idle connections to each server beside, in half of a round; 0 leaves it out")
+    parse.add_argument("--idle", type=int, default=1000,
+                       help="idle connections to each server beside, in half of a round; 0 leaves it out")
     parse.add_argument("--only", help="comma-separated: two,in-process,library,python")
     parse.add_argument("--host-options", default="", help="more options of lmq-host")
     parse.add_argument("--json", type=Path, metavar="FILE", help="where to write the numbers")
     options = parse.parse_args()
-
     if shutil.which("wrk") is None:
         sys.exit("hosts.py: there is no wrk (apt-get install wrk)")
     if not (options.build / "library-server").exists():
         sys.exit(f"hosts.py: {options.build} holds no library-server (cmake --build --preset release)")
-    # Each idle connection is a descriptor here, and one in its server.
-    most = resource.getrlimit(resource.RLIMIT_NOFILE)[1]
-    resource.setrlimit(resource.RLIMIT_NOFILE, (min(most, 5 * options.idle + 1000), most))
+    return options
+
+
+def commands(options):
+    """The name and the command of each server, by the word that --only knows it by."""
     build = options.build
     # The driver of the tests takes no time: what is measured is all that is around it.
     libraries = ["--plugin", build / "lmq_xmlrpc.so", "--driver", build / "probe/liblmq.so"]
     host = [build / "lmq-host", "--listen", "127.0.0.1:PORT", *libraries, *options.host_options.split()]
-    commands = {
+    return {
         "two": ("lmq-host", host),
         "in-process": ("lmq-host --in-process", [*host, "--in-process"]),
         "library": ("the library's server", [build / "library-server", "PORT", *libraries[1::2]]),
         "python": ("Python's server", [sys.executable, HERE / "python_server.py", "PORT"]),
     }
-    chosen = options.only.split(",") if options.only else list(commands)
-    folder = tempfile.TemporaryDirectory()
-    # The driver of the tests writes down what it is handed into this file.
-    os.environ["LMQ_PROBE"] = str(Path(folder.name) / "probe")
-    with open(os.environ["LMQ_PROBE"], "wb") as probe:
-        probe.truncate(64 << 20)
-    servers = {key: Server(*commands[key]) for key in chosen}
-    try:
-        _, whole = getattr(servers[chosen[0]].proxy(), ECHO)({})
-        bodies = {}
-        for method, arguments in ((SMALL, (0, 0)), (ECHO, (whole,))):
-            bodies[method] = Path(folder.name) / method
-            bodies[method].write_text(xmlrpc.client.dumps(arguments, method))
-        rates = {}
-        for _ in range(options.rounds):
-            for idle in [0] + ([options.idle] if options.idle else []):
-                sockets = [one for server in servers.values() for one in idle_connections(server.port, idle)]
-                # Python's server starts a thread for each, which the first to be measured would feel.
-                time.sleep(2 if idle else 0)
-                for title, method, clients in CASES:
-                    for key, server in servers.items():
-                        value = rate(server, bodies[method], clients, options.seconds)
-                        rates.setdefault((title, idle), {}).setdefault(key, []).append(value)
-                for one in sockets:
-                    one.close()
-    finally:
-        for server in servers.values():
-            server.stop()
 
-    def ratio(of, over):
-        return statistics.median(a / b for a, b in zip(of, over))
 
-    print("| | " + " | ".join(f"{commands[key][0]}" for key in chosen) + " |")
-    print("|---" * (len(chosen) + 1) + "|")
+def measure(servers, options, folder):
+    """The rates of each server in each case, round by round."""
+    _, whole = getattr(next(iter(servers.values())).proxy(), ECHO)({})
+    bodies = {}
+    for method, sent in ((SMALL, (0, 0)), (ECHO, (whole,))):
+        bodies[method] = folder / method
+        bodies[method].write_text(xmlrpc.client.dumps(sent, method))
+    rates = {}
+    for _ in range(options.rounds):
+        for idle in [0] + ([options.idle] if options.idle else []):
+            sockets = [one for server in servers.values() for one in idle_connections(server.port, idle)]
+            # Python's server starts a thread for each, which the first to be measured would feel.
+            time.sleep(2 if idle else 0)
+            for title, method, clients in CASES:
+                for key, server in servers.items():
+                    value = rate(server, bodies[method], clients, options.seconds)
+                    rates.setdefault((title, idle), {}).setdefault(key, []).append(value)
+            for one in sockets:
+                one.close()
+    return rates
+
+
+def ratio(of, over):
+    return statistics.median(a / b for a, b in zip(of, over))
+
+
+def report(rates, names):
+    """Prints the table. Returns the numbers for --json."""
+    print("| | " + " | ".join(names.values()) + " |")
+    print("|---" * (len(names) + 1) + "|")
     result = []
-    base = "library" if "library" in chosen else chosen[0]
+    base = "library" if "library" in names else next(iter(names))
     for (title, idle), measured in sorted(rates.items(), key=lambda item: item[0][1]):
         label = title + (f", {idle} idle connections" if idle else "")
         cells = []
-        for key in chosen:
+        for key, name in names.items():
             median = statistics.median(measured[key])
             if key == base:
                 cells.append(f"1 ({median:,.0f} calls/s)")
             else:
                 cell = f"{ratio(measured[key], measured[base]):.2f}"
-                if "python" in chosen and key != "python":
+                if "python" in names and key != "python":
                     cell += f" ({ratio(measured[key], measured['python']):.1f} of Python's)"
                 cells.append(cell)
-            result.append({"case": title, "idle": idle, "server": commands[key][0], "calls_per_second": median,
+            result.append({"case": title, "idle": idle, "server": name, "calls_per_second": median,
                            "ratio": ratio(measured[key], measured[base])})
         print(f"| {label} | " + " | ".join(cells) + " |")
+    return result
+
+
+def main():
+    options = arguments()
+    # Each idle connection is a descriptor here, and one in its server.
+    most = resource.getrlimit(resource.RLIMIT_NOFILE)[1]
+    resource.setrlimit(resource.RLIMIT_NOFILE, (min(most, 5 * options.idle + 1000), most))
+    known = commands(options)
+    chosen = {key: known[key] for key in (options.only.split(",") if options.only else known)}
+    with tempfile.TemporaryDirectory() as name:
+        folder = Path(name)
+        # The driver of the tests writes down what it is handed into this file.
+        os.environ["LMQ_PROBE"] = str(folder / "probe")
+        with open(os.environ["LMQ_PROBE"], "wb") as probe:
+            probe.truncate(64 << 20)
+        servers = {key: Server(*command) for key, command in chosen.items()}
+        try:
+            rates = measure(servers, options, folder)
+        finally:
+            for server in servers.values():
+                server.stop()
+    result = report(rates, {key: name for key, (name, _) in chosen.items()})
     if options.json:
         options.json.write_text(json.dumps(result, indent=1) + "\n")
 

@@ -1,4 +1,4 @@
-# Completes lmqctl in bash: commands, options, the names that the host tells, keys and enumerators.
+# Completes lmqctl in bash: commands, options, the names that the host knows, keys and enumerators.
 _lmqctl() {
     # Bash breaks words at = and : too. Those that have no blank between them are put together again.
     local rest=${COMP_LINE:0:COMP_POINT} words=() word blanks i

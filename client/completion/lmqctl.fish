@@ -1,4 +1,4 @@
-# Completes lmqctl in fish: commands, options, the names that the host tells, keys and enumerators.
+# Completes lmqctl in fish: commands, options, the names that the host knows, keys and enumerators.
 function __lmqctl_complete
     set -l words (commandline -opc)
     set -l current (commandline -ct | string replace -ra '[\'"]' '')

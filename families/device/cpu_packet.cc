@@ -1,6 +1,6 @@
 // Packets to and from the CPU: UDTs, inner ones first, then the methods with their help texts.
 #include "families/udts.h"
-#include "frame/method.h"
+#include "frame/describe.h"
 #include "lmq/cpu_packet.h"
 
 namespace lmq {
@@ -34,15 +34,11 @@ UDT(lmq_fe_spcl_pkt_ctrl_t,
     SCALAR(vx_boolean,               mirror_before_pe),
     MASK(valid, vx_uint32, pri, permit, fwd_op, lrn_enbl, lmt_fwd, cos, bypass_plcy, flow_enbl, mirror_enbl, rsvd))
 
-constexpr char returns_status[] = "VX_SUCCESS, or error code as defined in vx_status_e\n";
-
 // No method registers a trap, since none can pass a callback: the handles come from elsewhere.
 constexpr Help help_lmq_enable_cpu_pkt_trap{
     .title = "Enable CPU packet trap",
     .text = "This API enables the calling of the callback registered with the packet type.\n",
-    .inputs = "dev_id : device id\n"
-              "handle : handle given by the registration of the trap\n",
-    .returns = returns_status,
+    .inputs = "handle : handle given by the registration of the trap\n",
 };
 METHOD(lmq_enable_cpu_pkt_trap, help_lmq_enable_cpu_pkt_trap, VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint32, handle))
 
@@ -50,9 +46,7 @@ constexpr Help help_lmq_disable_cpu_pkt_trap{
     .title = "Disable CPU packet trap",
     .text = "This API disables the calling of the callback registered with the packet type.\n"
             "Disabling will not free the resources. Use lmq_deregister_cpu_pkt_trap for that.\n",
-    .inputs = "dev_id : device id\n"
-              "handle : handle given by the registration of the trap\n",
-    .returns = returns_status,
+    .inputs = "handle : handle given by the registration of the trap\n",
 };
 METHOD(lmq_disable_cpu_pkt_trap, help_lmq_disable_cpu_pkt_trap, VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint32, handle))
 
@@ -60,9 +54,7 @@ METHOD(lmq_disable_cpu_pkt_trap, help_lmq_disable_cpu_pkt_trap, VALUE(vx_dev_id_
 constexpr Help help_lmq_deregister_cpu_pkt_trap{
     .title = "Registers for trapping of CPU packet",
     .text = "This API deregisters a trap of CPU packets and frees its resources.\n",
-    .inputs = "dev_id : device id\n"
-              "handle : handle given by the registration of the trap\n",
-    .returns = returns_status,
+    .inputs = "handle : handle given by the registration of the trap\n",
 };
 METHOD(lmq_deregister_cpu_pkt_trap, help_lmq_deregister_cpu_pkt_trap,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint32, handle))
@@ -70,12 +62,10 @@ METHOD(lmq_deregister_cpu_pkt_trap, help_lmq_deregister_cpu_pkt_trap,
 constexpr Help help_lmq_add_port_to_cpu_pkt_trap{
     .title = "ADD PORT TO AN EXISTING PACKET TRAP",
     .text = "This API is used to add a port to an existing packet trap.\n",
-    .inputs = "dev_id      : device id\n"
-              "handle      : handle given by the registration of the trap\n"
+    .inputs = "handle      : handle given by the registration of the trap\n"
               "port_type   : port type\n"
               "port_num    : port number\n"
               "sub_port_id : sub-port number\n",
-    .returns = returns_status,
 };
 METHOD(lmq_add_port_to_cpu_pkt_trap, help_lmq_add_port_to_cpu_pkt_trap,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint32, handle), VALUE(vx_port_type_t, port_type),
@@ -85,12 +75,10 @@ METHOD(lmq_add_port_to_cpu_pkt_trap, help_lmq_add_port_to_cpu_pkt_trap,
 constexpr Help help_lmq_delete_port_from_cpu_pkt_trap{
     .title = "DELETE PORT FROM AN EXISTING PACKET TRAP",
     .text = "This API is used to add a port to an existing packet trap.\n",
-    .inputs = "dev_id      : device id\n"
-              "handle      : handle given by the registration of the trap\n"
+    .inputs = "handle      : handle given by the registration of the trap\n"
               "port_type   : port type\n"
               "port_num    : port number\n"
               "sub_port_id : sub-port number\n",
-    .returns = returns_status,
 };
 METHOD(lmq_delete_port_from_cpu_pkt_trap, help_lmq_delete_port_from_cpu_pkt_trap,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint32, handle), VALUE(vx_port_type_t, port_type),
@@ -100,14 +88,12 @@ constexpr Help help_lmq_get_cpu_pkt_trap_stats{
     .title = "GET CPU PACKET TRAP STATISTICS",
     .text = "This API retrieves the statistics of trapped packets per packet type and port, and\n"
             "clears them if required.\n",
-    .inputs = "dev_id    : device id\n"
-              "pkt_type  : packet type\n"
+    .inputs = "pkt_type  : packet type\n"
               "port_type : port type\n"
               "port_num  : port number\n"
               "p_stats   : where to put the statistics\n"
               "clear     : TRUE to clear the statistics\n",
     .outputs = "p_stats : number of trapped packets\n",
-    .returns = returns_status,
 };
 METHOD(lmq_get_cpu_pkt_trap_stats, help_lmq_get_cpu_pkt_trap_stats,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_l2_spcl_pkt_type_t, pkt_type), VALUE(vx_port_type_t, port_type),
@@ -142,10 +128,8 @@ constexpr Help help_lmq_add_pkt_type_filter{
     .text = "This API enables an ingress filter on a UNI or SNI physical port. Filters are of\n"
             "negative nature: matching packets are dropped. The bitmap of packet types is\n"
             "accumulative.\n",
-    .inputs = "dev_id          : device id\n"
-              "port_id         : port id\n"
+    .inputs = "port_id         : port id\n"
               "pkt_type_bitmap : packet types to filter\n",
-    .returns = returns_status,
 };
 METHOD(lmq_add_pkt_type_filter, help_lmq_add_pkt_type_filter,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_l2_spcl_pkt_type_bitmap_t, pkt_type_bitmap))
@@ -153,10 +137,8 @@ METHOD(lmq_add_pkt_type_filter, help_lmq_add_pkt_type_filter,
 constexpr Help help_lmq_delete_pkt_type_filter{
     .title = "DELETE THE PACKET FILTER",
     .text = "This API removes the specified packet types from the current filter.\n",
-    .inputs = "dev_id          : device id\n"
-              "port_id         : port id\n"
+    .inputs = "port_id         : port id\n"
               "pkt_type_bitmap : packet types to remove\n",
-    .returns = returns_status,
 };
 METHOD(lmq_delete_pkt_type_filter, help_lmq_delete_pkt_type_filter,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_l2_spcl_pkt_type_bitmap_t, pkt_type_bitmap))
@@ -164,11 +146,9 @@ METHOD(lmq_delete_pkt_type_filter, help_lmq_delete_pkt_type_filter,
 constexpr Help help_lmq_get_pkt_type_filter{
     .title = "RETRIEVE CURRENT PACKET FILTER",
     .text = "This API retrieves all packet types in the current filter.\n",
-    .inputs = "dev_id            : device id\n"
-              "port_id           : port id\n"
+    .inputs = "port_id           : port id\n"
               "p_pkt_type_bitmap : where to put the packet types\n",
     .outputs = "p_pkt_type_bitmap : packet types in the filter\n",
-    .returns = returns_status,
 };
 METHOD(lmq_get_pkt_type_filter, help_lmq_get_pkt_type_filter,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id),
@@ -186,11 +166,9 @@ constexpr Help help_vx_cpu_packet_tx{
             "Send a packet\n"
             "\n"
             "This API sends a frame to the indicated port.\n",
-    .inputs = "dev_id     : device id\n"
-              "pkt_len    : length of the packet\n"
+    .inputs = "pkt_len    : length of the packet\n"
               "p_pkt_buff : the packet\n"
               "p_cfg      : port and manner of sending\n",
-    .returns = returns_status,
 };
 // pkt_len goes to the driver as it is, however many bytes the client has sent.
 METHOD(vx_cpu_packet_tx, help_vx_cpu_packet_tx,

@@ -1,7 +1,7 @@
 // Events: the UDTs of their data, one for each kind, then those of status, holdover and throttling, then the methods
 // with their help texts.
 #include "families/udts.h"
-#include "frame/method.h"
+#include "frame/describe.h"
 #include "lmq/event.h"
 
 namespace lmq {
@@ -122,23 +122,19 @@ UDT(lmq_dbg_event_cfg_s,
     SCALAR(vx_uint16,           port_num),
     SCALAR(vx_uint16,           gem_port_id))
 
-constexpr char returns_status[] = "VX_SUCCESS, or error code as defined in vx_status_e\n";
-
 constexpr Help help_vx_event_status_poll{
     .title = "Poll event status",
     .text = "This API reports the hardware status of an event regardless of whether the event is\n"
             "registered. It applies only to latched events such as link status.\n"
             "With it an application can do polling based event handling instead of interrupt\n"
             "based handling, or combine the two.\n",
-    .inputs = "dev_id     : device id\n"
-              "event_type : event type\n"
+    .inputs = "event_type : event type\n"
               "port_num   : port number, for events of a port\n"
               "sub_port   : logical port within a physical port, such as the llid_port. Whether it\n"
               "             is used depends on the event type. Only events specific to a sub-port\n"
               "             require it. It is ignored for events of a device or physical port.\n"
               "p_status   : where to put the status\n",
     .outputs = "p_status : status and data of the event\n",
-    .returns = returns_status,
 };
 METHOD(vx_event_status_poll, help_vx_event_status_poll,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_event_type_e, event_type), VALUE(vx_uint16, port_num),
@@ -148,15 +144,13 @@ constexpr Help help_vx_pending_events_get{
     .title = "Get pending event status.",
     .text = "This API asks for events that have not been delivered because of throttling or\n"
             "holdover. It reports only the last pending event.\n",
-    .inputs = "dev_id     : device id\n"
-              "event_type : event type\n"
+    .inputs = "event_type : event type\n"
               "port_num   : port number, for events of a port\n"
               "sub_port   : logical port within a physical port, such as the llid_port. Whether it\n"
               "             is used depends on the event type. Only events specific to a sub-port\n"
               "             require it. It is ignored for events of a device or physical port.\n"
               "p_status   : where to put the status\n",
     .outputs = "p_status : status and data of the event\n",
-    .returns = returns_status,
 };
 METHOD(vx_pending_events_get, help_vx_pending_events_get,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_event_type_e, event_type), VALUE(vx_uint16, port_num),
@@ -168,15 +162,13 @@ constexpr Help help_vx_event_status_clear{
     .text = "This API removes a pending event from the event queue, so it isn't sent until a new\n"
             "event is detected. It also clears the hardware status where the hardware condition\n"
             "can be cleared.\n",
-    .inputs = "dev_id     : device id\n"
-              "event_type : event type\n"
+    .inputs = "event_type : event type\n"
               "port_num   : port number, for events of a port\n"
               "sub_port   : logical port within a physical port, such as the llid_port. Whether it\n"
               "             is used depends on the event type. Only events specific to a sub-port\n"
               "             require it. It is ignored for events of a device or physical port.\n"
               "p_status   : Reserved for future use\n",
     .outputs = "p_status : Reserved for future use\n",
-    .returns = returns_status,
 };
 METHOD(vx_event_status_clear, help_vx_event_status_clear,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_event_type_e, event_type), VALUE(vx_uint16, port_num),
@@ -186,8 +178,7 @@ constexpr Help help_vx_event_count_get{
     .title = "Get event count",
     .text = "This API retrieves the count of real occurrences of an event as detected by\n"
             "hardware.\n",
-    .inputs = "dev_id          : device id\n"
-              "event_type      : event type\n"
+    .inputs = "event_type      : event type\n"
               "port_num        : port number, for events of a port\n"
               "sub_port        : logical port within a physical port, such as the llid_port. Whether\n"
               "                  it is used depends on the event type. Only events specific to a\n"
@@ -196,7 +187,6 @@ constexpr Help help_vx_event_count_get{
               "p_count         : where to put the count\n"
               "clear_after_get : TRUE to clear the counter after reading\n",
     .outputs = "p_count : number of occurrences\n",
-    .returns = returns_status,
 };
 METHOD(vx_event_count_get, help_vx_event_count_get,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_event_type_e, event_type), VALUE(vx_uint16, port_num),
@@ -205,13 +195,11 @@ METHOD(vx_event_count_get, help_vx_event_count_get,
 constexpr Help help_vx_event_count_clear{
     .title = "Clear event count",
     .text = "This API clears the counter of an event.\n",
-    .inputs = "dev_id     : device id\n"
-              "event_type : event type\n"
+    .inputs = "event_type : event type\n"
               "port_num   : port number, for events of a port\n"
               "sub_port   : logical port within a physical port, such as the llid_port. Whether it\n"
               "             is used depends on the event type. Only events specific to a sub-port\n"
               "             require it. It is ignored for events of a device or physical port.\n",
-    .returns = returns_status,
 };
 METHOD(vx_event_count_clear, help_vx_event_count_clear,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_event_type_e, event_type), VALUE(vx_uint16, port_num),
@@ -221,8 +209,6 @@ METHOD(vx_event_count_clear, help_vx_event_count_clear,
 constexpr Help help_vx_event_count_clear_all{
     .title = "Clear event count",
     .text = "This API clears the counters of all events.\n",
-    .inputs = "dev_id : device id\n",
-    .returns = returns_status,
 };
 METHOD(vx_event_count_clear_all, help_vx_event_count_clear_all, VALUE(vx_dev_id_t, dev_id))
 
@@ -234,10 +220,8 @@ constexpr Help help_vx_event_holdover_set{
             "wasn't reported, the application is notified.\n"
             "If port_num is the SNI port and the sub-port is VX_INVALID_PORT_ID, the same\n"
             "configuration is set for all sub-ports.\n",
-    .inputs = "dev_id     : device id\n"
-              "event_type : event type\n"
+    .inputs = "event_type : event type\n"
               "p_cfg      : holdover configuration\n",
-    .returns = returns_status,
 };
 METHOD(vx_event_holdover_set, help_vx_event_holdover_set,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_event_type_e, event_type), UDT_PTR(vx_event_holdover_cfg_s, p_cfg))
@@ -245,15 +229,13 @@ METHOD(vx_event_holdover_set, help_vx_event_holdover_set,
 constexpr Help help_vx_event_holdover_get{
     .title = "Get event report holdover configurations",
     .text = "This API retrieves the holdover of an event.\n",
-    .inputs = "dev_id     : device id\n"
-              "event_type : event type\n"
+    .inputs = "event_type : event type\n"
               "port_num   : port number, for events of a port\n"
               "sub_port   : logical port within a physical port, such as the llid_port. Whether it\n"
               "             is used depends on the event type. Only events specific to a sub-port\n"
               "             require it. It is ignored for events of a device or physical port.\n"
               "p_cfg      : where to put the holdover configuration\n",
     .outputs = "p_cfg : holdover configuration\n",
-    .returns = returns_status,
 };
 METHOD(vx_event_holdover_get, help_vx_event_holdover_get,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_event_type_e, event_type), VALUE(vx_uint16, port_num),
@@ -266,9 +248,7 @@ constexpr Help help_vx_event_global_throttle_set{
             "threshold, all interrupts are disabled globally for the rest of the current\n"
             "interval. At the end of the interval the counter is reset and interrupts are\n"
             "enabled. Timer interrupts are excluded.\n",
-    .inputs = "dev_id : device id\n"
-              "p_cfg  : throttle configuration\n",
-    .returns = returns_status,
+    .inputs = "p_cfg  : throttle configuration\n",
 };
 METHOD(vx_event_global_throttle_set, help_vx_event_global_throttle_set,
        VALUE(vx_dev_id_t, dev_id), UDT_PTR(vx_event_throttle_cfg_s, p_cfg))
@@ -276,10 +256,8 @@ METHOD(vx_event_global_throttle_set, help_vx_event_global_throttle_set,
 constexpr Help help_vx_event_global_throttle_get{
     .title = "Get global event throttle configuration",
     .text = "This API retrieves the throttle over all events.\n",
-    .inputs = "dev_id : device id\n"
-              "p_cfg  : where to put the throttle configuration\n",
+    .inputs = "p_cfg  : where to put the throttle configuration\n",
     .outputs = "p_cfg : throttle configuration\n",
-    .returns = returns_status,
 };
 METHOD(vx_event_global_throttle_get, help_vx_event_global_throttle_get,
        VALUE(vx_dev_id_t, dev_id), UDT_PTR(vx_event_throttle_cfg_s, p_cfg))
@@ -289,10 +267,8 @@ constexpr Help help_vx_event_throttle_set{
     .text = "This API sets the throttle of one event type. It works the same way as global\n"
             "throttling, with the count kept per event type. Global throttling, when enabled,\n"
             "takes precedence over per-event throttling. Timer interrupts are excluded.\n",
-    .inputs = "dev_id     : device id\n"
-              "event_type : event type\n"
+    .inputs = "event_type : event type\n"
               "p_cfg      : throttle configuration\n",
-    .returns = returns_status,
 };
 METHOD(vx_event_throttle_set, help_vx_event_throttle_set,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_event_type_e, event_type), UDT_PTR(vx_intr_throttle_cfg_s, p_cfg))
@@ -300,11 +276,9 @@ METHOD(vx_event_throttle_set, help_vx_event_throttle_set,
 constexpr Help help_vx_event_throttle_get{
     .title = "Get event throttle configuration",
     .text = "This API retrieves the throttle of one event type.\n",
-    .inputs = "dev_id     : device id\n"
-              "event_type : event type\n"
+    .inputs = "event_type : event type\n"
               "p_cfg      : where to put the throttle configuration\n",
     .outputs = "p_cfg : throttle configuration\n",
-    .returns = returns_status,
 };
 METHOD(vx_event_throttle_get, help_vx_event_throttle_get,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_event_type_e, event_type), UDT_PTR(vx_intr_throttle_cfg_s, p_cfg))
@@ -312,20 +286,16 @@ METHOD(vx_event_throttle_get, help_vx_event_throttle_get,
 constexpr Help help_lmq_ctrl_interrupts{
     .title = "Control interrupts",
     .text = "This API enables or disables all interrupts in the chip.\n",
-    .inputs = "dev_id : device id\n"
-              "enable : TRUE to enable, FALSE to disable\n",
-    .returns = returns_status,
+    .inputs = "enable : TRUE to enable, FALSE to disable\n",
 };
 METHOD(lmq_ctrl_interrupts, help_lmq_ctrl_interrupts, VALUE(vx_dev_id_t, dev_id), VALUE(vx_boolean, enable))
 
 constexpr Help help_lmq_register_debug_event{
     .title = "Register a debug event",
     .text = "This API registers a debug event handler.\n",
-    .inputs = "dev_id     : device id\n"
-              "event_type : event type\n"
+    .inputs = "event_type : event type\n"
               "in_kernel  : TRUE if the registration happens in kernel space, FALSE if in user space\n"
               "p_cfg      : configuration of the handler\n",
-    .returns = returns_status,
 };
 METHOD(lmq_register_debug_event, help_lmq_register_debug_event,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_event_type_e, event_type), VALUE(vx_boolean, in_kernel),
@@ -334,11 +304,9 @@ METHOD(lmq_register_debug_event, help_lmq_register_debug_event,
 constexpr Help help_lmq_deregister_debug_event{
     .title = "Deregister a debug event",
     .text = "This API deregisters a debug event handler.\n",
-    .inputs = "dev_id     : device id\n"
-              "event_type : event type\n"
+    .inputs = "event_type : event type\n"
               "in_kernel  : TRUE if the registration happened in kernel space, FALSE if in user space\n"
               "p_cfg      : configuration of the handler\n",
-    .returns = returns_status,
 };
 METHOD(lmq_deregister_debug_event, help_lmq_deregister_debug_event,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_event_type_e, event_type), VALUE(vx_boolean, in_kernel),
@@ -350,11 +318,9 @@ constexpr Help help_lmq_dbg_generate_event{
     .title = "Register a debug event",
     .text = "This API generates a debug event if mapping information is present in the driver's\n"
             "database. It is for debugging only.\n",
-    .inputs = "dev_id   : device id\n"
-              "evt_type : event type\n"
+    .inputs = "evt_type : event type\n"
               "port_num : port number\n"
               "sub_port : sub-port number\n",
-    .returns = returns_status,
 };
 METHOD(lmq_dbg_generate_event, help_lmq_dbg_generate_event,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint32, evt_type), VALUE(vx_uint16, port_num), VALUE(vx_uint16, sub_port))
@@ -362,9 +328,7 @@ METHOD(lmq_dbg_generate_event, help_lmq_dbg_generate_event,
 constexpr Help help_lmq_dump_event_db{
     .title = "Dumps LMQ event data base",
     .text = "This API prints the data base entry of an event on the console.\n",
-    .inputs = "dev_id     : device id\n"
-              "event_type : event type\n",
-    .returns = returns_status,
+    .inputs = "event_type : event type\n",
 };
 METHOD(lmq_dump_event_db, help_lmq_dump_event_db, VALUE(vx_dev_id_t, dev_id), VALUE(vx_event_type_e, event_type))
 

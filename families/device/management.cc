@@ -1,7 +1,7 @@
 // The device on the network: local management interface, device addresses, IP hosts, layer 3 interfaces and NAT. UDTs
 // stand first, inner ones before outer ones, then the methods with their help texts.
 #include "families/udts.h"
-#include "frame/method.h"
+#include "frame/describe.h"
 #include "lmq/management.h"
 
 namespace lmq {
@@ -62,9 +62,6 @@ UDT(vx_nat_entry_t,
     SCALAR(  vx_int8,       tag_num_out),
     SCALAR(  vx_uint32,     type))
 
-// Every status of this family is told in the same words.
-constexpr char returns_status[] = "VX_SUCCESS, or error code as defined in vx_status_e\n";
-
 // The text carries three blocks of other operations before its own, and its title is that of the first.
 constexpr Help help_lmq_enable_local_mgmt_if{
     .title = "Configure Watchdog",
@@ -82,8 +79,6 @@ constexpr Help help_lmq_enable_local_mgmt_if{
             "\n"
             "This API enables the local management interface. The interface is enabled by\n"
             "default.\n",
-    .inputs = "dev_id : device id\n",
-    .returns = returns_status,
 };
 METHOD(lmq_enable_local_mgmt_if, help_lmq_enable_local_mgmt_if, VALUE(vx_dev_id_t, dev_id))
 
@@ -91,8 +86,6 @@ constexpr Help help_lmq_disable_local_mgmt_if{
     .title = "Disable local management interface",
     .text = "This API disables the local management interface. The interface is enabled by\n"
             "default.\n",
-    .inputs = "dev_id : device id\n",
-    .returns = returns_status,
 };
 METHOD(lmq_disable_local_mgmt_if, help_lmq_disable_local_mgmt_if, VALUE(vx_dev_id_t, dev_id))
 
@@ -101,10 +94,8 @@ constexpr Help help_lmq_get_local_mgmt_if_stat{
     .title = "Local management interface statistics",
     .text = "This API retrieves the statistics of the local management interface.\n"
             "Refer to vx_eth_port_stats_t for the counters.\n",
-    .inputs = "dev_id : device id\n"
-              "stat   : where to put the statistics\n",
+    .inputs = "stat   : where to put the statistics\n",
     .outputs = "stat : statistics of the interface\n",
-    .returns = returns_status,
 };
 METHOD(lmq_get_local_mgmt_if_stat, help_lmq_get_local_mgmt_if_stat,
        VALUE(vx_dev_id_t, dev_id), UDT_PTR(lmq_local_mgmt_if_stat_s, stat))
@@ -112,8 +103,6 @@ METHOD(lmq_get_local_mgmt_if_stat, help_lmq_get_local_mgmt_if_stat,
 constexpr Help help_lmq_clear_local_mgmt_if_stat{
     .title = "Clear local management interface statistics",
     .text = "This API clears the statistics of the local management interface.\n",
-    .inputs = "dev_id : device id\n",
-    .returns = returns_status,
 };
 METHOD(lmq_clear_local_mgmt_if_stat, help_lmq_clear_local_mgmt_if_stat, VALUE(vx_dev_id_t, dev_id))
 
@@ -122,9 +111,7 @@ constexpr Help help_lmq_add_dev_ip_addr{
     .text = "This API adds an ip address to the local management interface.\n"
             "An interface can have at most one IPv4 address and one or more IPv6 addresses.\n"
             "Adding more than one IPv4 address will override the existing IPv4 address.\n",
-    .inputs = "dev_id : device id\n"
-              "p_cfg  : address, mask and prefix\n",
-    .returns = returns_status,
+    .inputs = "p_cfg  : address, mask and prefix\n",
 };
 METHOD(lmq_add_dev_ip_addr, help_lmq_add_dev_ip_addr,
        VALUE(vx_dev_id_t, dev_id), UDT_PTR(lmq_dev_ip_addr_cfg_s, p_cfg))
@@ -133,9 +120,7 @@ METHOD(lmq_add_dev_ip_addr, help_lmq_add_dev_ip_addr,
 constexpr Help help_lmq_delete_dev_ip_addr{
     .title = "Delete Device IP configuration",
     .text = "This API deletes an ip address added via lmq_add_dev_ip_addr\n",
-    .inputs = "dev_id    : device id\n"
-              "p_ip_addr : address to delete\n",
-    .returns = returns_status,
+    .inputs = "p_ip_addr : address to delete\n",
 };
 METHOD(lmq_delete_dev_ip_addr, help_lmq_delete_dev_ip_addr,
        VALUE(vx_dev_id_t, dev_id), UDT_PTR(vx_ip_addr_t, p_ip_addr))
@@ -143,9 +128,7 @@ METHOD(lmq_delete_dev_ip_addr, help_lmq_delete_dev_ip_addr,
 constexpr Help help_lmq_add_dev_ip_gateway{
     .title = "Add Device Gateway configuration",
     .text = "This API is used to add the gateway ip address\n",
-    .inputs = "dev_id : device id\n"
-              "p_cfg  : gateway\n",
-    .returns = returns_status,
+    .inputs = "p_cfg  : gateway\n",
 };
 METHOD(lmq_add_dev_ip_gateway, help_lmq_add_dev_ip_gateway,
        VALUE(vx_dev_id_t, dev_id), UDT_PTR(lmq_dev_gateway_cfg_s, p_cfg))
@@ -154,9 +137,7 @@ METHOD(lmq_add_dev_ip_gateway, help_lmq_add_dev_ip_gateway,
 constexpr Help help_lmq_delete_dev_ip_gateway{
     .title = "Add Device Gateway configuration",
     .text = "This API is used to delete the gateway ip address\n",
-    .inputs = "dev_id : device id\n"
-              "p_cfg  : gateway\n",
-    .returns = returns_status,
+    .inputs = "p_cfg  : gateway\n",
 };
 METHOD(lmq_delete_dev_ip_gateway, help_lmq_delete_dev_ip_gateway,
        VALUE(vx_dev_id_t, dev_id), UDT_PTR(lmq_dev_gateway_cfg_s, p_cfg))
@@ -164,10 +145,8 @@ METHOD(lmq_delete_dev_ip_gateway, help_lmq_delete_dev_ip_gateway,
 constexpr Help help_lmq_get_dev_ip_config{
     .title = "Get Device IP configuration",
     .text = "This API retrieves the IP addresses and the gateway of the local management I/F.\n",
-    .inputs = "dev_id : device id\n"
-              "p_cfg  : where to put the configuration\n",
+    .inputs = "p_cfg  : where to put the configuration\n",
     .outputs = "p_cfg : addresses and gateways, each with their number\n",
-    .returns = returns_status,
 };
 METHOD(lmq_get_dev_ip_config, help_lmq_get_dev_ip_config, VALUE(vx_dev_id_t, dev_id), UDT_PTR(lmq_dev_ip_cfg_s, p_cfg))
 
@@ -175,8 +154,6 @@ METHOD(lmq_get_dev_ip_config, help_lmq_get_dev_ip_config, VALUE(vx_dev_id_t, dev
 constexpr Help help_lmq_print_dev_ip_config{
     .title = "Get Device IP configuration",
     .text = "This API retrieves and prints the IP address of the local management I/F.\n",
-    .inputs = "dev_id : device id\n",
-    .returns = returns_status,
 };
 METHOD(lmq_print_dev_ip_config, help_lmq_print_dev_ip_config, VALUE(vx_dev_id_t, dev_id))
 
@@ -185,15 +162,13 @@ constexpr Help help_lmq_set_dev_ip_config_apish{
     .title = "Set Device IP configuration (Debug)",
     .text = "This API sets the IP configuration of the local management I/F from plain numbers.\n"
             "The parameters can be changed dynamically.\n",
-    .inputs = "dev_id  : device id\n"
-              "is_ipv4 : 1 for IPv4, 0 for IPv6\n"
+    .inputs = "is_ipv4 : 1 for IPv4, 0 for IPv6\n"
               "type    : 1-if addr, 2. if gw\n"
               "op      : 1-if add, 2. del\n"
               "addr1   : IPv4 address, or first word of the IPv6 address\n"
               "addr2   : second word of the IPv6 address\n"
               "addr3   : third word of the IPv6 address\n"
               "addr4   : fourth word of the IPv6 address\n",
-    .returns = returns_status,
 };
 METHOD(lmq_set_dev_ip_config_apish, help_lmq_set_dev_ip_config_apish,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint8, is_ipv4), VALUE(vx_uint8, type), VALUE(vx_uint8, op),
@@ -204,12 +179,10 @@ constexpr Help help_lmq_create_ip_host_interface{
     .text = "This API creates an IP host channel on the indicated port. The port can be an SNI\n"
             "or UNI port. The SNI port can be AE, EPON, or GPON while the uni port must be an\n"
             "Ethernet port.\n",
-    .inputs = "dev_id   : device id\n"
-              "port_num : port number\n"
+    .inputs = "port_num : port number\n"
               "p_cfg    : parameters of the IP host channel\n"
               "p_handle : where to put the handle\n",
     .outputs = "p_handle : handle of the IP host channel\n",
-    .returns = returns_status,
 };
 METHOD(lmq_create_ip_host_interface, help_lmq_create_ip_host_interface,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_num), UDT_PTR(vx_ip_host_if_cfg_t, p_cfg),
@@ -219,9 +192,7 @@ constexpr Help help_lmq_delete_ip_host_interface{
     .title = "Delete an IP host",
     .text = "This API deletes an IP host channel. All system resources of the channel are\n"
             "freed.\n",
-    .inputs = "dev_id : device id\n"
-              "handle : handle of the IP host channel\n",
-    .returns = returns_status,
+    .inputs = "handle : handle of the IP host channel\n",
 };
 METHOD(lmq_delete_ip_host_interface, help_lmq_delete_ip_host_interface,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint32, handle))
@@ -229,10 +200,8 @@ METHOD(lmq_delete_ip_host_interface, help_lmq_delete_ip_host_interface,
 constexpr Help help_lmq_set_ip_host_interface_config{
     .title = "Set the parameters of an IP host interface",
     .text = "This API sets the parameters of an IP host channel.\n",
-    .inputs = "dev_id : device id\n"
-              "handle : handle of the IP host channel\n"
+    .inputs = "handle : handle of the IP host channel\n"
               "p_cfg  : parameters of the IP host channel\n",
-    .returns = returns_status,
 };
 METHOD(lmq_set_ip_host_interface_config, help_lmq_set_ip_host_interface_config,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint32, handle), UDT_PTR(vx_ip_host_if_cfg_t, p_cfg))
@@ -240,11 +209,9 @@ METHOD(lmq_set_ip_host_interface_config, help_lmq_set_ip_host_interface_config,
 constexpr Help help_lmq_get_ip_host_interface_config{
     .title = "Get the parameters of an IP host channel",
     .text = "This API retrieves the parameters of an IP host channel.\n",
-    .inputs = "dev_id : device id\n"
-              "handle : handle of the IP host channel\n"
+    .inputs = "handle : handle of the IP host channel\n"
               "p_cfg  : where to put the parameters\n",
     .outputs = "p_cfg : parameters of the IP host channel\n",
-    .returns = returns_status,
 };
 METHOD(lmq_get_ip_host_interface_config, help_lmq_get_ip_host_interface_config,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint32, handle), UDT_PTR(vx_ip_host_if_cfg_t, p_cfg))
@@ -252,9 +219,7 @@ METHOD(lmq_get_ip_host_interface_config, help_lmq_get_ip_host_interface_config,
 constexpr Help help_lmq_print_ip_host_interface_config{
     .title = "Print the parameters of an IP host channel",
     .text = "This API retrieves and prints the parameters of an IP host channel.\n",
-    .inputs = "dev_id : device id\n"
-              "handle : handle of the IP host channel\n",
-    .returns = returns_status,
+    .inputs = "handle : handle of the IP host channel\n",
 };
 METHOD(lmq_print_ip_host_interface_config, help_lmq_print_ip_host_interface_config,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint32, handle))
@@ -263,9 +228,7 @@ constexpr Help help_lmq_enable_ip_host_interface{
     .title = "Enable an IP host channel",
     .text = "This API enables an IP host channel (admin up). The channel is enabled by default\n"
             "upon creation.\n",
-    .inputs = "dev_id : device id\n"
-              "handle : handle of the IP host channel\n",
-    .returns = returns_status,
+    .inputs = "handle : handle of the IP host channel\n",
 };
 METHOD(lmq_enable_ip_host_interface, help_lmq_enable_ip_host_interface,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint32, handle))
@@ -273,9 +236,7 @@ METHOD(lmq_enable_ip_host_interface, help_lmq_enable_ip_host_interface,
 constexpr Help help_lmq_disable_ip_host_interface{
     .title = "Disable an IP host interface",
     .text = "This API disables an IP host channel (admin down) without affecting configuration.\n",
-    .inputs = "dev_id : device id\n"
-              "handle : handle of the IP host channel\n",
-    .returns = returns_status,
+    .inputs = "handle : handle of the IP host channel\n",
 };
 METHOD(lmq_disable_ip_host_interface, help_lmq_disable_ip_host_interface,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint32, handle))
@@ -284,11 +245,9 @@ METHOD(lmq_disable_ip_host_interface, help_lmq_disable_ip_host_interface,
 constexpr Help help_lmq_get_ip_host_interface_status{
     .title = "Get the statistics of an IP host channel",
     .text = "This API retrieves the status and the statistics of an IP host channel.\n",
-    .inputs = "dev_id   : device id\n"
-              "handle   : handle of the IP host channel\n"
+    .inputs = "handle   : handle of the IP host channel\n"
               "p_status : where to put the status\n",
     .outputs = "p_status : status and statistics of the IP host channel\n",
-    .returns = returns_status,
 };
 METHOD(lmq_get_ip_host_interface_status, help_lmq_get_ip_host_interface_status,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint32, handle), UDT_PTR(lmq_ip_host_if_status_s, p_stat))
@@ -296,9 +255,7 @@ METHOD(lmq_get_ip_host_interface_status, help_lmq_get_ip_host_interface_status,
 constexpr Help help_lmq_clear_ip_host_interface_stats{
     .title = "Clear the statistics of an IP host channel",
     .text = "This API clears the statistics of an IP host channel.\n",
-    .inputs = "dev_id : device id\n"
-              "handle : handle of the IP host channel\n",
-    .returns = returns_status,
+    .inputs = "handle : handle of the IP host channel\n",
 };
 METHOD(lmq_clear_ip_host_interface_stats, help_lmq_clear_ip_host_interface_stats,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint32, handle))

@@ -1,6 +1,6 @@
 // Low-speed peripherals (GPIO, I2C, SPI, MDIO, timers, LEDs): UDTs, then the methods with their help texts.
 #include "families/udts.h"
-#include "frame/method.h"
+#include "frame/describe.h"
 #include "lmq/peripheral.h"
 
 namespace lmq {
@@ -58,11 +58,9 @@ METHOD(vx_gpio_intr_enable, no_help, VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint8,
 constexpr Help help_lmq_get_gpio_intr_active_status{
     .title = "Gets Active state of GPIO Interrupts",
     .text = "This API gets the state of the GPIO interrupts that are active now.\n",
-    .inputs = "dev_id        : device id\n"
-              "gpio_id       : id of the GPIO group, starting with 0\n"
+    .inputs = "gpio_id       : id of the GPIO group, starting with 0\n"
               "p_intr_status : pointer to the interrupt status\n",
     .outputs = "p_intr_status : status bits: 0 - inactive, 1 - active\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(lmq_get_gpio_intr_active_status, help_lmq_get_gpio_intr_active_status,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint8, gpio_id), ELEMENT_PTR(vx_uint32, p_intr_status))
@@ -70,11 +68,9 @@ METHOD(lmq_get_gpio_intr_active_status, help_lmq_get_gpio_intr_active_status,
 constexpr Help help_lmq_get_gpio_intr_latched_status{
     .title = "Gets latched state of GPIO Interrupts",
     .text = "This API gets the state of the GPIO interrupts as it was latched.\n",
-    .inputs = "dev_id        : device id\n"
-              "gpio_id       : id of the GPIO group, starting with 0\n"
+    .inputs = "gpio_id       : id of the GPIO group, starting with 0\n"
               "p_intr_status : pointer to the interrupt status\n",
     .outputs = "p_intr_status : status bits: 0 - inactive, 1 - active\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(lmq_get_gpio_intr_latched_status, help_lmq_get_gpio_intr_latched_status,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint8, gpio_id), ELEMENT_PTR(vx_uint32, p_intr_status))
@@ -83,10 +79,8 @@ constexpr Help help_lmq_clear_gpio_intr{
     .title = "Clear GPIO Interrupt",
     .text = "This API clears latched GPIO interrupts.\n"
             "This API disables interrupt on the specified pins.\n",
-    .inputs = "dev_id    : device id\n"
-              "gpio_id   : id of the GPIO group, starting with 0\n"
+    .inputs = "gpio_id   : id of the GPIO group, starting with 0\n"
               "intr_bits : pins, a bit each: 0 - no operation, 1 - clear\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(lmq_clear_gpio_intr, help_lmq_clear_gpio_intr,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint8, gpio_id), VALUE(vx_uint32, intr_bits))
@@ -96,10 +90,8 @@ METHOD(lmq_dump_gpio_db, no_help, VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint8, gp
 constexpr Help help_vx_i2c_enable_set{
     .title = "Enable I2C",
     .text = "This API enables or disables the I2C interface and sets its speed.\n",
-    .inputs = "dev_id : device id\n"
-              "enable : TRUE to enable, FALSE to disable\n"
+    .inputs = "enable : TRUE to enable, FALSE to disable\n"
               "speed  : speed of the bus, in kHz\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_i2c_enable_set, help_vx_i2c_enable_set,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_boolean, enable), VALUE(vx_uint16, speed))
@@ -114,10 +106,8 @@ METHOD(vx_i2c_read, no_help,
 constexpr Help help_vx_spi_enable_set{
     .title = "Enable SPI Interface",
     .text = "This API enables or disables the SPI interface.\n",
-    .inputs = "dev_id : device id\n"
-              "enable : TRUE to enable, FALSE to disable\n"
+    .inputs = "enable : TRUE to enable, FALSE to disable\n"
               "int_en : TRUE to enable the interrupt of the interface\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_spi_enable_set, help_vx_spi_enable_set,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_boolean, enable), VALUE(vx_boolean, int_en))
@@ -125,21 +115,17 @@ METHOD(vx_spi_enable_set, help_vx_spi_enable_set,
 constexpr Help help_vx_spi_set{
     .title = "Configure SPI",
     .text = "This API configures an SPI line.\n",
-    .inputs = "dev_id  : device id\n"
-              "line_id : id of the SPI line, which determines the chip select (0-2)\n"
+    .inputs = "line_id : id of the SPI line, which determines the chip select (0-2)\n"
               "p_cfg   : pointer to the SPI configuration\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_spi_set, help_vx_spi_set, VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint8, line_id), UDT_PTR(vx_spi_cfg_t, p_cfg))
 
 constexpr Help help_vx_spi_get{
     .title = "Get SPI Configure",
     .text = "This API gets the configuration of an SPI line.\n",
-    .inputs = "dev_id  : device id\n"
-              "line_id : id of the SPI line, which determines the chip select (0-2)\n"
+    .inputs = "line_id : id of the SPI line, which determines the chip select (0-2)\n"
               "p_cfg   : pointer to the SPI configuration\n",
     .outputs = "p_cfg : SPI configuration\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_spi_get, help_vx_spi_get, VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint8, line_id), UDT_PTR(vx_spi_cfg_t, p_cfg))
 
@@ -147,10 +133,8 @@ constexpr Help help_vx_spi_write{
     .title = "Transmit SPI data",
     .text = "This API transmits the command followed by data. The number of command\n"
             "and data bits comes from vx_spi_set.\n",
-    .inputs = "dev_id       : device id\n"
-              "line_id      : id of the SPI line, which determines the chip select (0-2)\n"
+    .inputs = "line_id      : id of the SPI line, which determines the chip select (0-2)\n"
               "p_write_data : pointer to the command and the data\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_spi_write, help_vx_spi_write,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint8, line_id), UDT_PTR(vx_spi_data_t, p_write_data))
@@ -159,11 +143,9 @@ constexpr Help help_vx_spi_read{
     .title = "Receive SPI data",
     .text = "This API fetches command and data. The number of command and data bits\n"
             "comes from vx_spi_set. The command to be written goes in p_read_data.\n",
-    .inputs = "dev_id      : device id\n"
-              "line_id     : id of the SPI line, which determines the chip select (0-2)\n"
+    .inputs = "line_id     : id of the SPI line, which determines the chip select (0-2)\n"
               "p_read_data : pointer to the command\n",
     .outputs = "p_read_data : data read\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_spi_read, help_vx_spi_read,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint8, line_id), UDT_PTR(vx_spi_data_t, p_read_data))
@@ -172,10 +154,8 @@ METHOD(vx_spi_read, help_vx_spi_read,
 constexpr Help help_vx_spi_byte_write{
     .title = "Receive SPI data",
     .text = "This API receives one byte of data.\n",
-    .inputs = "dev_id  : device id\n"
-              "line_id : id of the SPI line, which determines the chip select (0-2)\n"
+    .inputs = "line_id : id of the SPI line, which determines the chip select (0-2)\n"
               "byte    : where to put the byte read\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_spi_byte_write, help_vx_spi_byte_write,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint8, line_id), VALUE(vx_uint8, byte))
@@ -183,11 +163,9 @@ METHOD(vx_spi_byte_write, help_vx_spi_byte_write,
 constexpr Help help_vx_spi_byte_read{
     .title = "Receive SPI data",
     .text = "This API receives one byte of data.\n",
-    .inputs = "dev_id  : device id\n"
-              "line_id : id of the SPI line, which determines the chip select (0-2)\n"
+    .inputs = "line_id : id of the SPI line, which determines the chip select (0-2)\n"
               "p_byte  : where to put the byte read\n",
     .outputs = "p_byte : byte read\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_spi_byte_read, help_vx_spi_byte_read,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint8, line_id), ELEMENT_PTR(vx_uint8, p_byte))
@@ -210,10 +188,8 @@ constexpr Help help_vx_timer_set{
     .title = "Read MDIO",
     .text = "This API reads registers of an MDIO slave.\n"
             "Application needs to allocate memory for read_data.\n",
-    .inputs = "dev_id   : device id\n"
-              "timer_id : timer id, starting with 0\n"
+    .inputs = "timer_id : timer id, starting with 0\n"
               "p_cfg    : pointer to the timer configuration\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_timer_set, help_vx_timer_set,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, timer_id), UDT_PTR(vx_timer_cfg_t, p_cfg))
@@ -222,11 +198,9 @@ METHOD(vx_timer_set, help_vx_timer_set,
 constexpr Help help_vx_timer_get{
     .title = "timer stat",
     .text = "This API gets the status of a timer.\n",
-    .inputs = "dev_id   : device id\n"
-              "timer_id : timer id, starting with 0\n"
+    .inputs = "timer_id : timer id, starting with 0\n"
               "p_stat   : pointer to the timer status\n",
     .outputs = "p_stat : timer status\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_timer_get, help_vx_timer_get,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, timer_id), UDT_PTR(vx_timer_status_t, p_stat))
@@ -234,10 +208,8 @@ METHOD(vx_timer_get, help_vx_timer_get,
 constexpr Help help_vx_timer_start{
     .title = "Start timer",
     .text = "This API starts a timer with the time left when the timer was stopped.\n",
-    .inputs = "dev_id   : device id\n"
-              "timer_id : timer id, starting with 0\n"
+    .inputs = "timer_id : timer id, starting with 0\n"
               "reload   : TRUE to start with the full time instead\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_timer_start, help_vx_timer_start,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, timer_id), VALUE(vx_boolean, reload))
@@ -245,9 +217,7 @@ METHOD(vx_timer_start, help_vx_timer_start,
 constexpr Help help_vx_timer_stop{
     .title = "Stop timer",
     .text = "This API stops the timer so that the event is no longer generated.\n",
-    .inputs = "dev_id   : device id\n"
-              "timer_id : timer id, starting with 0\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+    .inputs = "timer_id : timer id, starting with 0\n",
 };
 METHOD(vx_timer_stop, help_vx_timer_stop, VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, timer_id))
 

@@ -1,6 +1,6 @@
 // Time distribution (PTP, 1PPS and time of day): UDTs, inner ones first, then the methods with their help texts.
 #include "families/udts.h"
-#include "frame/method.h"
+#include "frame/describe.h"
 #include "lmq/time.h"
 
 namespace lmq {
@@ -51,19 +51,15 @@ constexpr Help help_vx_ptp_config_set{
     .title = "Set device level PTP configuration",
     .text = "This API sets the device level PTP configuration. Only the members that are\n"
             "flagged in the valid mask are set.\n",
-    .inputs = "dev_id : device id\n"
-              "p_cfg  : pointer to the PTP configuration\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+    .inputs = "p_cfg  : pointer to the PTP configuration\n",
 };
 METHOD(vx_ptp_config_set, help_vx_ptp_config_set, VALUE(vx_dev_id_t, dev_id), UDT_PTR(vx_ptp_cfg_t, p_cfg))
 
 constexpr Help help_vx_ptp_config_get{
     .title = "Get device level PTP configuration",
     .text = "This API gets the device level PTP configuration.\n",
-    .inputs = "dev_id : device id\n"
-              "p_cfg  : pointer to the PTP configuration\n",
+    .inputs = "p_cfg  : pointer to the PTP configuration\n",
     .outputs = "p_cfg : PTP configuration\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_ptp_config_get, help_vx_ptp_config_get, VALUE(vx_dev_id_t, dev_id), UDT_PTR(vx_ptp_cfg_t, p_cfg))
 
@@ -71,10 +67,8 @@ constexpr Help help_vx_ptp_port_config_set{
     .title = "Set port level PTP configuration",
     .text = "This API sets the port level PTP configuration. Only the members that are\n"
             "flagged in the valid mask are set.\n",
-    .inputs = "dev_id  : device id\n"
-              "port_id : port id\n"
+    .inputs = "port_id : port id\n"
               "p_cfg   : pointer to the PTP configuration of the port\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_ptp_port_config_set, help_vx_ptp_port_config_set,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_ptp_port_cfg_t, p_cfg))
@@ -82,11 +76,9 @@ METHOD(vx_ptp_port_config_set, help_vx_ptp_port_config_set,
 constexpr Help help_vx_ptp_port_config_get{
     .title = "Get port level PTP configuration",
     .text = "This API gets the port level PTP configuration.\n",
-    .inputs = "dev_id  : device id\n"
-              "port_id : port id\n"
+    .inputs = "port_id : port id\n"
               "p_cfg   : pointer to the PTP configuration of the port\n",
     .outputs = "p_cfg : PTP configuration of the port\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_ptp_port_config_get, help_vx_ptp_port_config_get,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_ptp_port_cfg_t, p_cfg))
@@ -94,9 +86,7 @@ METHOD(vx_ptp_port_config_get, help_vx_ptp_port_config_get,
 constexpr Help help_vx_ptp_master_time_set{
     .title = "Set PTP master time",
     .text = "This API updates the local PTP counter with the master time.\n",
-    .inputs = "dev_id : device id\n"
-              "p_time : pointer to the master time\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+    .inputs = "p_time : pointer to the master time\n",
 };
 METHOD(vx_ptp_master_time_set, help_vx_ptp_master_time_set,
        VALUE(vx_dev_id_t, dev_id), UDT_PTR(vx_ptp_master_time_t, p_time))
@@ -106,37 +96,29 @@ constexpr Help help_vx_1pps_tod_set{
     .title = "Set device level PTP configuration",
     .text = "This API sets the device level configuration of the 1PPS and ToD outputs. Only\n"
             "the members that are flagged in the valid mask are set.\n",
-    .inputs = "dev_id : device id\n"
-              "p_cfg  : pointer to the 1PPS and ToD configuration\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+    .inputs = "p_cfg  : pointer to the 1PPS and ToD configuration\n",
 };
 METHOD(vx_1pps_tod_set, help_vx_1pps_tod_set, VALUE(vx_dev_id_t, dev_id), UDT_PTR(vx_1pps_tod_cfg_t, p_cfg))
 
 constexpr Help help_vx_1pps_tod_get{
     .title = "Get device level 1PPS configuration",
     .text = "This API gets the device level configuration of the 1PPS and ToD outputs.\n",
-    .inputs = "dev_id : device id\n"
-              "p_cfg  : pointer to the 1PPS and ToD configuration\n",
+    .inputs = "p_cfg  : pointer to the 1PPS and ToD configuration\n",
     .outputs = "p_cfg : 1PPS and ToD configuration\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_1pps_tod_get, help_vx_1pps_tod_get, VALUE(vx_dev_id_t, dev_id), UDT_PTR(vx_1pps_tod_cfg_t, p_cfg))
 
 constexpr Help help_vx_1pps_send{
     .title = "Send 1PPS",
     .text = "This API sends 1PPS output.\n",
-    .inputs = "dev_id : device id\n"
-              "p_cfg  : pointer to the 1PPS send configuration\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+    .inputs = "p_cfg  : pointer to the 1PPS send configuration\n",
 };
 METHOD(vx_1pps_send, help_vx_1pps_send, VALUE(vx_dev_id_t, dev_id), UDT_PTR(vx_1pps_send_cfg_t, p_cfg))
 
 constexpr Help help_vx_tod_send{
     .title = "Send ToD",
     .text = "This API sends ToD output.\n",
-    .inputs = "dev_id : device id\n"
-              "p_cfg  : pointer to the ToD send configuration\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+    .inputs = "p_cfg  : pointer to the ToD send configuration\n",
 };
 METHOD(vx_tod_send, help_vx_tod_send, VALUE(vx_dev_id_t, dev_id), UDT_PTR(vx_tod_send_cfg_t, p_cfg))
 
@@ -144,9 +126,7 @@ METHOD(vx_tod_send, help_vx_tod_send, VALUE(vx_dev_id_t, dev_id), UDT_PTR(vx_tod
 constexpr Help help_vx_tod_string_update{
     .title = "Send ToD",
     .text = "This API sends ToD output.\n",
-    .inputs = "dev_id : device id\n"
-              "p_tod  : pointer to a structure with the ToD string and its length\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+    .inputs = "p_tod  : pointer to a structure with the ToD string and its length\n",
 };
 METHOD(vx_tod_string_update, help_vx_tod_string_update, VALUE(vx_dev_id_t, dev_id), UDT_PTR(vx_tod_string_t, p_tod))
 

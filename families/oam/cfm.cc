@@ -1,6 +1,6 @@
 // Connectivity fault management (IEEE 802.1ag): UDTs, then the methods with their help texts.
 #include "families/udts.h"
-#include "frame/method.h"
+#include "frame/describe.h"
 #include "lmq/cfm.h"
 
 namespace lmq {
@@ -45,19 +45,15 @@ constexpr Help help_vx_1ag_lbm_config_set{
     .title = "Sets Loopback Message configuration",
     .text = "This API configures the processing of loopback messages (LBM) and the sending\n"
             "of the reply (LBR). Only the members that are flagged in the valid mask are set.\n",
-    .inputs = "dev_id : device id\n"
-              "p_cfg  : pointer to a structure containing 802.1ag LBM configuration\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+    .inputs = "p_cfg  : pointer to a structure containing 802.1ag LBM configuration\n",
 };
 METHOD(vx_1ag_lbm_config_set, help_vx_1ag_lbm_config_set, VALUE(vx_dev_id_t, dev_id), UDT_PTR(vx_1ag_lbm_cfg_t, p_cfg))
 
 constexpr Help help_vx_1ag_lbm_config_get{
     .title = "Gets Loopback Message configuration",
     .text = "This API gets the configuration of loopback message processing.\n",
-    .inputs = "dev_id : device id\n"
-              "p_cfg  : pointer to a structure containing 802.1ag LBM configuration\n",
+    .inputs = "p_cfg  : pointer to a structure containing 802.1ag LBM configuration\n",
     .outputs = "p_cfg : 802.1ag LBM configuration\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_1ag_lbm_config_get, help_vx_1ag_lbm_config_get, VALUE(vx_dev_id_t, dev_id), UDT_PTR(vx_1ag_lbm_cfg_t, p_cfg))
 
@@ -65,19 +61,15 @@ constexpr Help help_vx_1ag_ccm_config_set{
     .title = "Sets CCM Message configuration",
     .text = "This API configures the parameters of CCM packet generation. Only the members\n"
             "that are flagged in the valid mask are set.\n",
-    .inputs = "dev_id : device id\n"
-              "p_cfg  : pointer to a structure containing 802.1ag CCM configuration\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+    .inputs = "p_cfg  : pointer to a structure containing 802.1ag CCM configuration\n",
 };
 METHOD(vx_1ag_ccm_config_set, help_vx_1ag_ccm_config_set, VALUE(vx_dev_id_t, dev_id), UDT_PTR(vx_1ag_ccm_cfg_t, p_cfg))
 
 constexpr Help help_vx_1ag_ccm_config_get{
     .title = "Gets CCM Message configuration",
     .text = "This API gets the parameters of CCM packet generation.\n",
-    .inputs = "dev_id : device id\n"
-              "p_cfg  : pointer to a structure containing 802.1ag CCM configuration\n",
+    .inputs = "p_cfg  : pointer to a structure containing 802.1ag CCM configuration\n",
     .outputs = "p_cfg : 802.1ag CCM configuration\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_1ag_ccm_config_get, help_vx_1ag_ccm_config_get, VALUE(vx_dev_id_t, dev_id), UDT_PTR(vx_1ag_ccm_cfg_t, p_cfg))
 
@@ -85,9 +77,7 @@ constexpr Help help_vx_1ag_ccm_pkt_buf_set{
     .title = "Sets CCM Packet Buffer configuration",
     .text = "This API configures the CCM message buffer that the hardware uses when it\n"
             "transmits a CCM packet.\n",
-    .inputs = "dev_id : device id\n"
-              "p_cfg  : pointer to a structure containing 802.1ag CCM PDU\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+    .inputs = "p_cfg  : pointer to a structure containing 802.1ag CCM PDU\n",
 };
 METHOD(vx_1ag_ccm_pkt_buf_set, help_vx_1ag_ccm_pkt_buf_set,
        VALUE(vx_dev_id_t, dev_id), UDT_PTR(vx_1ag_ccm_pkt_buf_cfg_t, p_cfg))
@@ -96,10 +86,8 @@ constexpr Help help_vx_1ag_ccm_pkt_buf_get{
     .title = "Gets CCM Packet Buffer configuration",
     .text = "This API dumps the CCM message buffer that the hardware uses when it transmits\n"
             "a CCM packet.\n",
-    .inputs = "dev_id : device id\n"
-              "p_cfg  : pointer to a structure containing 802.1ag CCM PDU\n",
+    .inputs = "p_cfg  : pointer to a structure containing 802.1ag CCM PDU\n",
     .outputs = "p_cfg : 802.1ag CCM PDU\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_1ag_ccm_pkt_buf_get, help_vx_1ag_ccm_pkt_buf_get,
        VALUE(vx_dev_id_t, dev_id), UDT_PTR(vx_1ag_ccm_pkt_buf_cfg_t, p_cfg))
@@ -113,10 +101,8 @@ constexpr Help help_vx_1ag_dm_config_set{
             "the CPU as if they were normal CPU bound packets. When rx is enabled, the rx\n"
             "callback must be configured through vx_1ag_dm_rx_callback_register. Without that\n"
             "callback all trapped messages are discarded.\n",
-    .inputs = "dev_id  : device id\n"
-              "port_id : port id\n"
+    .inputs = "port_id : port id\n"
               "p_cfg   : pointer to a structure containing 802.1ag CCM PDU\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_1ag_dm_config_set, help_vx_1ag_dm_config_set,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_1ag_dm_cfg_t, p_cfg))
@@ -124,11 +110,9 @@ METHOD(vx_1ag_dm_config_set, help_vx_1ag_dm_config_set,
 constexpr Help help_vx_1ag_dm_config_get{
     .title = "Gets Delay Measurement configuration",
     .text = "This API gets the configuration of hardware processing of DM messages.\n",
-    .inputs = "dev_id  : device id\n"
-              "port_id : port id\n"
+    .inputs = "port_id : port id\n"
               "p_cfg   : pointer to a structure containing 802.1ag DM configuration\n",
     .outputs = "p_cfg : 802.1ag DM configuration\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_1ag_dm_config_get, help_vx_1ag_dm_config_get,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_1ag_dm_cfg_t, p_cfg))
@@ -137,11 +121,9 @@ METHOD(vx_1ag_dm_config_get, help_vx_1ag_dm_config_get,
 constexpr Help help_vx_1ag_stats_get{
     .title = "Send DM packet",
     .text = "This API retrieves 802.1ag packet counters.\n",
-    .inputs = "dev_id  : device id\n"
-              "p_stats : pointer to the packet counters\n"
+    .inputs = "p_stats : pointer to the packet counters\n"
               "clear   : TRUE to clear the counters after reading\n",
     .outputs = "p_stats : packet counters\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_1ag_stats_get, help_vx_1ag_stats_get,
        VALUE(vx_dev_id_t, dev_id), UDT_PTR(vx_1ag_stats_t, p_stats), VALUE(vx_boolean, clear))

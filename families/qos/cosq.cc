@@ -1,6 +1,6 @@
 // Class of service: maps, queues, schedulers and shapers, inner UDTs first, then the methods, none of which has a text.
 #include "families/udts.h"
-#include "frame/method.h"
+#include "frame/describe.h"
 #include "lmq/cosq.h"
 
 namespace lmq {

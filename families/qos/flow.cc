@@ -1,6 +1,6 @@
 // Flows: the keys, actions and records of both directions, inner UDTs first, then the methods with their help texts.
 #include "families/udts.h"
-#include "frame/method.h"
+#include "frame/describe.h"
 #include "lmq/flow.h"
 
 namespace lmq {
@@ -115,20 +115,16 @@ METHOD(vx_flow_us_add, no_help,
 constexpr Help help_vx_flow_us_delete{
     .title = "Delete an upstream flow",
     .text = "This API deletes an upstream flow and frees all system resources allocated to this flow.\n",
-    .inputs = "dev_id  : device id\n"
-              "flow_id : flow id\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+    .inputs = "flow_id : flow id\n",
 };
 METHOD(vx_flow_us_delete, help_vx_flow_us_delete, VALUE(vx_dev_id_t, dev_id), VALUE(vx_flow_id_t, flow_id))
 
 constexpr Help help_vx_flow_us_modify{
     .title = "Configure an upstream flow",
     .text = "This API sets the action of the upstream flow.\n",
-    .inputs = "dev_id   : device id\n"
-              "flow_id  : flow id\n"
+    .inputs = "flow_id  : flow id\n"
               "p_key    : packet classification rule which is used to identify a packet flow\n"
               "p_action : action on the packets of the flow\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_flow_us_modify, help_vx_flow_us_modify,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_flow_id_t, flow_id), UDT_PTR(vx_flow_us_key_t, p_key),
@@ -152,11 +148,9 @@ constexpr Help help_vx_flow_us_map{
             "For example, a flow is mapped to queue0 in the action, and queue0 is mapped to LLID0.\n"
             "When this API is called with LLID1, the flow is moved to LLID1. When it is called with\n"
             "LLID0, no action is taken and the flow stays on the fixed queue 0.\n",
-    .inputs = "dev_id       : device id\n"
-              "flow_id      : flow id\n"
+    .inputs = "flow_id      : flow id\n"
               "port_num     : SNI or CPU port number\n"
               "sni_sub_port : either GEM port for GPON or LLID for EPON\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_flow_us_map, help_vx_flow_us_map,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_flow_id_t, flow_id), VALUE(vx_uint16, sni_port_num),

@@ -1,7 +1,7 @@
 // Rate limits and policers, their counters, and the buffer manager: inner UDTs first, then the methods with their help
 // texts.
 #include "families/udts.h"
-#include "frame/method.h"
+#include "frame/describe.h"
 #include "lmq/policer.h"
 
 namespace lmq {
@@ -212,11 +212,9 @@ METHOD(vx_lmq_rate_shape_stats_get, no_help,
 constexpr Help help_vx_bm_pkt_stats_get{
     .title = "Retrives BM packet statistics",
     .text = "This LMQ API retrieves the packet counters of the buffer manager.\n",
-    .inputs = "dev_id  : device id\n"
-              "p_stats : where to put the counters\n"
+    .inputs = "p_stats : where to put the counters\n"
               "clear   : a flag indicating that counters are cleared after reading\n",
     .outputs = "p_stats : BM packet counters\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_bm_pkt_stats_get, help_vx_bm_pkt_stats_get,
        VALUE(vx_dev_id_t, dev_id), UDT_PTR(lmq_bm_pkt_stats_s, p_stats), VALUE(vx_boolean, clear))
@@ -224,8 +222,6 @@ METHOD(vx_bm_pkt_stats_get, help_vx_bm_pkt_stats_get,
 constexpr Help help_vx_bm_pkt_stats_clear{
     .title = "Clears BM packet statistics",
     .text = "This LMQ API clears the packet counters of the buffer manager.\n",
-    .inputs = "dev_id : device id\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_bm_pkt_stats_clear, help_vx_bm_pkt_stats_clear, VALUE(vx_dev_id_t, dev_id))
 
@@ -253,7 +249,6 @@ constexpr Help help_vx_bm_queue_status_get{
               "port_num  : port number\n"
               "p_status  : where to put the status\n",
     .outputs = "p_status : status of the queues\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_bm_queue_status_get, help_vx_bm_queue_status_get,
        VALUE(vx_dev_id_t, device_id), VALUE(vx_uint16, port_num), UDT_PTR(lmq_bm_queue_status_s, p_status))
@@ -261,11 +256,9 @@ METHOD(vx_bm_queue_status_get, help_vx_bm_queue_status_get,
 constexpr Help help_vx_rate_cpu_stat_get{
     .title = "Retrives CPU policer statistics",
     .text = "This LMQ API retrieves CPU policer counters.\n",
-    .inputs = "dev_id : device id\n"
-              "stats  : where to put the counters\n"
+    .inputs = "stats  : where to put the counters\n"
               "clear  : a flag indicating that counters are cleared after reading\n",
     .outputs = "(2) CPU policer counters\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_rate_cpu_stat_get, help_vx_rate_cpu_stat_get,
        VALUE(vx_dev_id_t, dev_id), UDT_PTR(vx_pol_cpu_stats_t, stats), VALUE(vx_boolean, clear))
@@ -273,8 +266,6 @@ METHOD(vx_rate_cpu_stat_get, help_vx_rate_cpu_stat_get,
 constexpr Help help_vx_rate_cpu_stat_clear{
     .title = "Clears CPU policer statistics",
     .text = "This LMQ API clears CPU policer counters.\n",
-    .inputs = "dev_id : device id\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_rate_cpu_stat_clear, help_vx_rate_cpu_stat_clear, VALUE(vx_dev_id_t, dev_id))
 
@@ -282,12 +273,10 @@ METHOD(vx_rate_cpu_stat_clear, help_vx_rate_cpu_stat_clear, VALUE(vx_dev_id_t, d
 constexpr Help help_vx_rate_src_port_stat_get{
     .title = "Retrives source port policer statistics",
     .text = "This LMQ API retrieves source port policer counters.\n",
-    .inputs = "dev_id   : device id\n"
-              "port_num : port number\n"
+    .inputs = "port_num : port number\n"
               "stats    : where to put the counters\n"
               "clear    : a flag indicating that counters are cleared after reading\n",
     .outputs = "(2) source port policer counters\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_rate_src_port_stat_get, help_vx_rate_src_port_stat_get,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_num), UDT_PTR(vx_pol_src_port_stat_t, stats),
@@ -296,9 +285,7 @@ METHOD(vx_rate_src_port_stat_get, help_vx_rate_src_port_stat_get,
 constexpr Help help_vx_rate_src_port_stat_clear{
     .title = "Clears source port policer statistics",
     .text = "This LMQ API clears source port policer counters.\n",
-    .inputs = "dev_id   : device id\n"
-              "port_num : port number\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+    .inputs = "port_num : port number\n",
 };
 METHOD(vx_rate_src_port_stat_clear, help_vx_rate_src_port_stat_clear,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_num))
@@ -306,12 +293,10 @@ METHOD(vx_rate_src_port_stat_clear, help_vx_rate_src_port_stat_clear,
 constexpr Help help_vx_rate_policer_stat_get{
     .title = "Retrives flow policer statistics",
     .text = "This LMQ API retrieves flow policer counters.\n",
-    .inputs = "dev_id      : device id\n"
-              "flow_pol_id : Flow policer id\n"
+    .inputs = "flow_pol_id : Flow policer id\n"
               "stats       : where to put the counters\n"
               "clear       : a flag indicating that counters are cleared after reading\n",
     .outputs = "(2) flow policer counters\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_rate_policer_stat_get, help_vx_rate_policer_stat_get,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_pol_id_t, flow_pol_id), UDT_PTR(vx_pol_flow_stat_t, stats),
@@ -320,9 +305,7 @@ METHOD(vx_rate_policer_stat_get, help_vx_rate_policer_stat_get,
 constexpr Help help_vx_rate_policer_stat_clear{
     .title = "Clears flow policer statistics",
     .text = "This LMQ API clears flow policer counters\n",
-    .inputs = "dev_id      : device id\n"
-              "flow_pol_id : Flow policer id\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+    .inputs = "flow_pol_id : Flow policer id\n",
 };
 METHOD(vx_rate_policer_stat_clear, help_vx_rate_policer_stat_clear,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_pol_id_t, flow_pol_id))
@@ -330,12 +313,10 @@ METHOD(vx_rate_policer_stat_clear, help_vx_rate_policer_stat_clear,
 constexpr Help help_vx_rate_group_policer_stat_get{
     .title = "Retrives group policer statistics",
     .text = "This LMQ API retrieves group policer counters.\n",
-    .inputs = "dev_id     : device id\n"
-              "grp_pol_id : Group policer id\n"
+    .inputs = "grp_pol_id : Group policer id\n"
               "stats      : where to put the counters\n"
               "clear      : a flag indicating that counters are cleared after reading\n",
     .outputs = "(2) group policer counters\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_rate_group_policer_stat_get, help_vx_rate_group_policer_stat_get,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_pol_id_t, grp_pol_id), UDT_PTR(vx_pol_group_stats_t, stats),
@@ -345,9 +326,7 @@ METHOD(vx_rate_group_policer_stat_get, help_vx_rate_group_policer_stat_get,
 constexpr Help help_vx_rate_group_policer_stat_clear{
     .title = "Clears flow policer statistics",
     .text = "This LMQ API clears flow policer counters\n",
-    .inputs = "dev_id     : device id\n"
-              "grp_pol_id : Group policer id\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+    .inputs = "grp_pol_id : Group policer id\n",
 };
 METHOD(vx_rate_group_policer_stat_clear, help_vx_rate_group_policer_stat_clear,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_pol_id_t, grp_pol_id))

@@ -1,6 +1,6 @@
 // Access control lists: UDTs, inner ones first, then the methods with their help texts.
 #include "families/udts.h"
-#include "frame/method.h"
+#include "frame/describe.h"
 #include "lmq/acl.h"
 
 namespace lmq {
@@ -37,10 +37,8 @@ constexpr Help help_vx_acl_custom_field_parser_config_set{
     .title = "CONFIGURE CUSTOM FIELD PARSER",
     .text = "This API configures the parser that extracts custom fields from the packets of a\n"
             "port.\n",
-    .inputs = "dev_id  : device id\n"
-              "port_id : port id\n"
+    .inputs = "port_id : port id\n"
               "p_cfg   : custom field parser configuration\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_acl_custom_field_parser_config_set, help_vx_acl_custom_field_parser_config_set,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_acl_custom_field_parser_cfg_t, p_cfg))
@@ -48,11 +46,9 @@ METHOD(vx_acl_custom_field_parser_config_set, help_vx_acl_custom_field_parser_co
 constexpr Help help_vx_acl_custom_field_parser_config_get{
     .title = "RETRIEVE CUSTOM FIELD PARSER CONFIG",
     .text = "This API retrieves the configuration of the custom field parser of a port.\n",
-    .inputs = "dev_id  : device id\n"
-              "port_id : port id\n"
+    .inputs = "port_id : port id\n"
               "p_cfg   : where to put the configuration\n",
     .outputs = "p_cfg : custom field parser configuration\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_acl_custom_field_parser_config_get, help_vx_acl_custom_field_parser_config_get,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_acl_custom_field_parser_cfg_t, p_cfg))
@@ -60,12 +56,10 @@ METHOD(vx_acl_custom_field_parser_config_get, help_vx_acl_custom_field_parser_co
 constexpr Help help_vx_acl_custom_pkt_field_table_set{
     .title = "CONFIGURE CUSTOM PACKET FIELD ENTRY",
     .text = "This API adds, deletes or modifies an entry of the custom packet field table.\n",
-    .inputs = "dev_id   : device id\n"
-              "port_id  : port id\n"
+    .inputs = "port_id  : port id\n"
               "tbl_indx : table index, valid range 0-7\n"
               "op_mode  : add, delete or modify\n"
               "p_entry  : custom packet field entry\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_acl_custom_pkt_field_table_set, help_vx_acl_custom_pkt_field_table_set,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint16, tbl_indx),
@@ -74,11 +68,9 @@ METHOD(vx_acl_custom_pkt_field_table_set, help_vx_acl_custom_pkt_field_table_set
 constexpr Help help_vx_acl_custom_pkt_field_table_get{
     .title = "RETRIEVE CUSTOM PACKET FIELD ENTRY",
     .text = "This API retrieves custom packet field entries.\n",
-    .inputs = "dev_id  : device id\n"
-              "port_id : port id\n"
+    .inputs = "port_id : port id\n"
               "p_entry : where to put the entries\n",
     .outputs = "p_entry : custom packet field entries\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_acl_custom_pkt_field_table_get, help_vx_acl_custom_pkt_field_table_get,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_acl_custom_pkt_field_tbl_entry_t, p_entry))
@@ -91,10 +83,8 @@ constexpr Help help_vx_acl_custom_pkt_filter_add{
             "traffic is dropped. Other traffic is forwarded or dropped by the other rules.\n"
             "LMQ_FILTER_DISABLE: the filter is deleted with its software record, the same as\n"
             "vx_acl_custom_pkt_filter_delete.\n",
-    .inputs = "dev_id  : device id\n"
-              "port_id : port id\n"
+    .inputs = "port_id : port id\n"
               "p_entry : custom packet filter\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_acl_custom_pkt_filter_add, help_vx_acl_custom_pkt_filter_add,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_acl_custom_pkt_filter_t, p_entry))
@@ -102,10 +92,8 @@ METHOD(vx_acl_custom_pkt_filter_add, help_vx_acl_custom_pkt_filter_add,
 constexpr Help help_vx_acl_custom_pkt_filter_delete{
     .title = "Delete a Custom Packet Filter",
     .text = "This API deletes a custom packet filter from a port.\n",
-    .inputs = "dev_id  : device id\n"
-              "port_id : port id\n"
+    .inputs = "port_id : port id\n"
               "p_entry : custom packet filter\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_acl_custom_pkt_filter_delete, help_vx_acl_custom_pkt_filter_delete,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_acl_custom_pkt_filter_t, p_entry))
@@ -113,14 +101,12 @@ METHOD(vx_acl_custom_pkt_filter_delete, help_vx_acl_custom_pkt_filter_delete,
 constexpr Help help_vx_acl_custom_pkt_filter_get{
     .title = "Get the Configured Custom Packet Filters",
     .text = "This API gets the custom packet filters of a port.\n",
-    .inputs = "dev_id      : device id\n"
-              "port_id     : port id\n"
+    .inputs = "port_id     : port id\n"
               "req_cnt     : number of filters requested\n"
               "p_entry     : where to put the filters\n"
               "p_valid_cnt : where to put the number of filters\n",
     .outputs = "p_entry     : custom packet filters\n"
                "p_valid_cnt : number of filters retrieved\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_acl_custom_pkt_filter_get, help_vx_acl_custom_pkt_filter_get,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint16, req_cnt),

@@ -1,6 +1,7 @@
 // The classifier: UDTs, inner ones first, then the methods with their help texts.
+#include "families/help.h"
 #include "families/udts.h"
-#include "frame/method.h"
+#include "frame/describe.h"
 #include "lmq/classifier.h"
 
 namespace lmq {
@@ -262,12 +263,11 @@ METHOD(lmq_get_fe_cl_entry_status, no_help,
 constexpr Help help_lmq_get_fe_pkt_stats{
     .title = "Retrives FE packet statistics",
     .text = "This API retrieves the packet statistics of a forwarding engine, and can clear them.\n",
-    .inputs = "dev_id  : device id\n"
-              "fe_id   : forwarding engine\n"
+    .inputs = "fe_id   : forwarding engine\n"
               "p_stats : where to put the statistics\n"
               "clear   : a flag indicating that counters are cleared after reading\n",
     .outputs = "p_stats : packet statistics\n",
-    .returns = "VX_SUCCESS, or as defined in \n",
+    .returns = returns_unfinished,
 };
 METHOD(lmq_get_fe_pkt_stats, help_lmq_get_fe_pkt_stats,
        VALUE(vx_dev_id_t, dev_id), VALUE(lmq_fe_id_e, fe_id), UDT_PTR(lmq_fe_pkt_stats_s, p_stats),
@@ -276,9 +276,8 @@ METHOD(lmq_get_fe_pkt_stats, help_lmq_get_fe_pkt_stats,
 constexpr Help help_lmq_clear_fe_pkt_stats{
     .title = "Clears FE packet statistics",
     .text = "This API clears the packet statistics of a forwarding engine.\n",
-    .inputs = "dev_id : device id\n"
-              "fe_id  : forwarding engine\n",
-    .returns = "VX_SUCCESS, or as defined in \n",
+    .inputs = "fe_id  : forwarding engine\n",
+    .returns = returns_unfinished,
 };
 METHOD(lmq_clear_fe_pkt_stats, help_lmq_clear_fe_pkt_stats, VALUE(vx_dev_id_t, dev_id), VALUE(lmq_fe_id_e, fe_id))
 
@@ -289,8 +288,7 @@ METHOD(lmq_dump_cls_key_list, no_help, VALUE(vx_dev_id_t, dev_id), VALUE(vx_port
 constexpr Help help_lmq_dump_pkt_flow{
     .title = "PRINT PACKET FLOW INFO (DEBUG API)",
     .text = "Dump the packet flow\n",
-    .inputs = "dev_id  : device id\n"
-              "flow_id : flow id assigned by application.\n",
+    .inputs = "flow_id : flow id assigned by application.\n",
     .returns = "LMQ_OK, or error code as defined in lmq_ext_error.h\n",
 };
 METHOD(lmq_dump_pkt_flow, help_lmq_dump_pkt_flow, VALUE(vx_dev_id_t, dev_id), VALUE(vx_flow_id_t, flow_id))
@@ -298,8 +296,7 @@ METHOD(lmq_dump_pkt_flow, help_lmq_dump_pkt_flow, VALUE(vx_dev_id_t, dev_id), VA
 constexpr Help help_lmq_dump_pkt_flow_all{
     .title = "PRINT PACKET FLOW(S) INFO (DEBUG API)",
     .text = "Dump the packet flow\n",
-    .inputs = "dev_id  : device id\n"
-              "flow_id : flow id assigned by application.\n",
+    .inputs = "flow_id : flow id assigned by application.\n",
     .returns = "LMQ_OK, or error code as defined in lmq_ext_error.h\n",
 };
 METHOD(lmq_dump_pkt_flow_all, help_lmq_dump_pkt_flow_all, VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, cnt))

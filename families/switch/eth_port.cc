@@ -1,6 +1,7 @@
 // The Ethernet ports: their UDTs, then their methods with the help texts. Two methods alone have a text.
+#include "families/help.h"
 #include "families/udts.h"
-#include "frame/method.h"
+#include "frame/describe.h"
 #include "lmq/eth_port.h"
 
 namespace lmq {
@@ -168,12 +169,11 @@ constexpr Help help_vx_eth_port_stats_get{
     .title = "Retrives ETH port statistics",
     .text = "This API retrieves ethernet port statistics. When clear is TRUE, the counters are\n"
             "cleared after they are read.\n",
-    .inputs = "dev_id  : device id\n"
-              "port_id : port id\n"
+    .inputs = "port_id : port id\n"
               "p_stats : where to put the counters\n"
               "clear   : TRUE to clear the counters after reading\n",
     .outputs = "p_stats : ethernet port statistics\n",
-    .returns = "VX_SUCCESS, or as defined in \n",
+    .returns = returns_unfinished,
 };
 METHOD(vx_eth_port_stats_get, help_vx_eth_port_stats_get,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_eth_port_stats_t, p_stats),
@@ -183,11 +183,10 @@ METHOD(vx_eth_port_stats_get, help_vx_eth_port_stats_get,
 constexpr Help help_vx_eth_port_stats_clear{
     .title = "Retrives ETH port statistics",
     .text = "This API clears ethernet port statistics\n",
-    .inputs = "dev_id  : device id\n"
-              "port_id : port id\n"
+    .inputs = "port_id : port id\n"
               ": o Pointer to a structure containing fe port configuration.\n",
     .outputs = "none\n",
-    .returns = "VX_SUCCESS, or as defined in \n",
+    .returns = returns_unfinished,
 };
 METHOD(vx_eth_port_stats_clear, help_vx_eth_port_stats_clear, VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id))
 

@@ -1,6 +1,7 @@
 // Layer 2 forwarding: its UDTs, then its methods with the help texts.
+#include "families/help.h"
 #include "families/udts.h"
-#include "frame/method.h"
+#include "frame/describe.h"
 #include "lmq/l2.h"
 
 namespace lmq {
@@ -156,10 +157,9 @@ constexpr Help help_vx_l2_mac_addr_filter_config_set{
     .title = "SET MAC ADDRESS FILTER CONFIG",
     .text = "This API sets the mode of the host MAC address filter of a port. A positive filter\n"
             "passes the addresses in the list only, a negative filter drops them.\n",
-    .inputs = "dev_id  : device id\n"
-              "port_id : port id\n"
+    .inputs = "port_id : port id\n"
               "p_cfg   : filter mode\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_statue_e\n",
+    .returns = returns_statue,
 };
 METHOD(vx_l2_mac_addr_filter_config_set, help_vx_l2_mac_addr_filter_config_set,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_l2_mac_addr_filter_cfg_t, p_cfg))
@@ -167,11 +167,10 @@ METHOD(vx_l2_mac_addr_filter_config_set, help_vx_l2_mac_addr_filter_config_set,
 constexpr Help help_vx_l2_mac_addr_filter_config_get{
     .title = "GET MAC ADDRESS FILTER CONFIG",
     .text = "This API retrieves the mode of the host MAC address filter of a port.\n",
-    .inputs = "dev_id  : device id\n"
-              "port_id : port id\n"
+    .inputs = "port_id : port id\n"
               "p_cfg   : where to put the filter mode\n",
     .outputs = "p_cfg : filter mode\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_statue_e\n",
+    .returns = returns_statue,
 };
 METHOD(vx_l2_mac_addr_filter_config_get, help_vx_l2_mac_addr_filter_config_get,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), UDT_PTR(vx_l2_mac_addr_filter_cfg_t, p_cfg))
@@ -179,11 +178,10 @@ METHOD(vx_l2_mac_addr_filter_config_get, help_vx_l2_mac_addr_filter_config_get,
 constexpr Help help_vx_l2_mac_addr_filter_add{
     .title = "ADD MAC ADDRESSES TO THE FILTER LIST",
     .text = "This API adds MAC addresses to the host MAC address filter list of a port.\n",
-    .inputs = "dev_id          : device id\n"
-              "port_id         : port id\n"
+    .inputs = "port_id         : port id\n"
               "num_mac_addr    : number of MAC addresses in the list\n"
               "p_mac_addr_list : MAC addresses to add\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_statue_e\n",
+    .returns = returns_statue,
 };
 METHOD(vx_l2_mac_addr_filter_add, help_vx_l2_mac_addr_filter_add,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint8, num_mac_addr),
@@ -192,12 +190,11 @@ METHOD(vx_l2_mac_addr_filter_add, help_vx_l2_mac_addr_filter_add,
 constexpr Help help_vx_l2_mac_addr_filter_delete{
     .title = "DELETE MAC ADDRESSES FROM THE FILTER LIST",
     .text = "This API deletes MAC addresses from the host MAC address filter list of a port.\n",
-    .inputs = "dev_id          : device id\n"
-              "port_id         : port id\n"
+    .inputs = "port_id         : port id\n"
               "delete_all      : delete all MAC addresses. When TRUE, below two params are ignored\n"
               "num_mac_addr    : number of MAC addresses in the list\n"
               "p_mac_addr_list : MAC addresses to delete\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_statue_e\n",
+    .returns = returns_statue,
 };
 METHOD(vx_l2_mac_addr_filter_delete, help_vx_l2_mac_addr_filter_delete,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_boolean, delete_all),
@@ -206,14 +203,13 @@ METHOD(vx_l2_mac_addr_filter_delete, help_vx_l2_mac_addr_filter_delete,
 constexpr Help help_vx_l2_mac_addr_filter_get{
     .title = "GET MAC ADDRESSES FROM THE FILTER LIST",
     .text = "This API retrieves MAC addresses from the host MAC address filter list of a port.\n",
-    .inputs = "dev_id          : device id\n"
-              "port_id         : port id\n"
+    .inputs = "port_id         : port id\n"
               "get_cnt         : number of MAC addresses to retrieve\n"
               "p_mac_addr_list : where to put the MAC addresses\n"
               "p_valid_cnt     : where to put the number of MAC addresses retrieved\n",
     .outputs = "p_mac_addr_list : MAC addresses\n"
                "p_valid_cnt     : number of MAC addresses retrieved\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_statue_e\n",
+    .returns = returns_statue,
 };
 METHOD(vx_l2_mac_addr_filter_get, help_vx_l2_mac_addr_filter_get,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint8, get_cnt),
@@ -234,10 +230,8 @@ METHOD(vx_l2_port_tpid_get, no_help,
 constexpr Help help_vx_l2_port_config_set{
     .title = "Sets FE port config i",
     .text = "This API sets the default VLAN, priority and class of service parameters of an FE port.\n",
-    .inputs = "dev_id   : device id\n"
-              "port_num : FE port number\n"
+    .inputs = "port_num : FE port number\n"
               "p_cfg    : FE port configuration\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_l2_port_config_set, help_vx_l2_port_config_set,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_num), UDT_PTR(vx_l2_port_cfg_t, p_cfg))
@@ -246,11 +240,9 @@ constexpr Help help_vx_l2_port_config_get{
     .title = "Retrieves FE port config",
     .text = "This API retrieves the default VLAN, priority and class of service parameters of an\n"
             "FE port.\n",
-    .inputs = "dev_id   : device id\n"
-              "port_num : FE port number\n"
+    .inputs = "port_num : FE port number\n"
               "p_cfg    : where to put the FE port configuration\n",
     .outputs = "p_cfg : FE port configuration\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_l2_port_config_get, help_vx_l2_port_config_get,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_num), UDT_PTR(vx_l2_port_cfg_t, p_cfg))
@@ -267,10 +259,8 @@ constexpr Help help_vx_l2_port_oam_lpbk_set{
     .title = "Sets FE port OAM loopback parameters",
     .text = "This API enables or disables OAM loopback on an FE port, and the swap of destination\n"
             "and source MAC address of the looped packets.\n",
-    .inputs = "dev_id   : device id\n"
-              "port_num : FE port number\n"
+    .inputs = "port_num : FE port number\n"
               "p_cfg    : OAM loopback parameters\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_l2_port_oam_lpbk_set, help_vx_l2_port_oam_lpbk_set,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_num), UDT_PTR(vx_l2_port_oam_lpbk_t, p_cfg))
@@ -278,11 +268,9 @@ METHOD(vx_l2_port_oam_lpbk_set, help_vx_l2_port_oam_lpbk_set,
 constexpr Help help_vx_l2_port_oam_lpbk_get{
     .title = "Retrieves FE port OAM loopback parameters",
     .text = "This API retrieves the OAM loopback parameters of an FE port.\n",
-    .inputs = "dev_id   : device id\n"
-              "port_num : FE port number\n"
+    .inputs = "port_num : FE port number\n"
               "p_cfg    : where to put the OAM loopback parameters\n",
     .outputs = "p_cfg : OAM loopback parameters\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_l2_port_oam_lpbk_get, help_vx_l2_port_oam_lpbk_get,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, port_num), UDT_PTR(vx_l2_port_oam_lpbk_t, p_cfg))
@@ -291,10 +279,8 @@ constexpr Help help_vx_l2_port_static_pkt_fwd_config_set{
     .title = "Configures static mapping of bc/mc/uuc packets.",
     .text = "This API maps broadcast, multicast and unknown unicast packets that are received on\n"
             "a source port to a destination port.\n",
-    .inputs = "dev_id       : device id\n"
-              "src_port_num : source port number\n"
+    .inputs = "src_port_num : source port number\n"
               "p_cfg        : static packet forwarding configuration\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_l2_port_static_pkt_fwd_config_set, help_vx_l2_port_static_pkt_fwd_config_set,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, src_port_num), UDT_PTR(vx_l2_static_pkt_fwd_cfg_t, p_cfg))
@@ -303,11 +289,9 @@ constexpr Help help_vx_l2_port_static_pkt_fwd_config_get{
     .title = "Retrieves static mapping of bc/mc/uuc packets.",
     .text = "This API retrieves the mapping of broadcast, multicast and unknown unicast packets\n"
             "that are received on a source port.\n",
-    .inputs = "dev_id       : device id\n"
-              "src_port_num : source port number\n"
+    .inputs = "src_port_num : source port number\n"
               "p_cfg        : where to put the static packet forwarding configuration\n",
     .outputs = "p_cfg : static packet forwarding configuration\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_l2_port_static_pkt_fwd_config_get, help_vx_l2_port_static_pkt_fwd_config_get,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, src_port_num), UDT_PTR(vx_l2_static_pkt_fwd_cfg_t, p_cfg))

@@ -1,6 +1,6 @@
 // Multicast: UDTs, inner ones first, then the methods. The four list methods take the count before the list.
 #include "families/udts.h"
-#include "frame/method.h"
+#include "frame/describe.h"
 #include "lmq/mcast.h"
 
 namespace lmq {

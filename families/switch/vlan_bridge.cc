@@ -1,6 +1,7 @@
 // VLANs and bridges: their UDTs, then their methods with the help texts.
+#include "families/help.h"
 #include "families/udts.h"
-#include "frame/method.h"
+#include "frame/describe.h"
 #include "lmq/vlan_bridge.h"
 
 namespace lmq {
@@ -112,11 +113,10 @@ constexpr Help help_vx_vlan_tag_policy_set{
             "When admit is TRUE, the tag types with bit 1 in the bitmap are admitted and the types\n"
             "with bit 0 are filtered out. When admit is FALSE, the types with bit 1 are dropped and\n"
             "those with bit 0 admitted.\n",
-    .inputs = "dev_id           : device id\n"
-              "port_id          : port id\n"
+    .inputs = "port_id          : port id\n"
               "vtag_type_bitmap : bitmap of VLAN tag types\n"
               "admit            : TRUE to admit, FALSE to drop\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_statue_e\n",
+    .returns = returns_statue,
 };
 METHOD(vx_vlan_tag_policy_set, help_vx_vlan_tag_policy_set,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_acl_vlan_tag_type_t, vlan_tag_type_bitmap),
@@ -125,13 +125,12 @@ METHOD(vx_vlan_tag_policy_set, help_vx_vlan_tag_policy_set,
 constexpr Help help_vx_vlan_tag_policy_get{
     .title = "RETRIEVE ADMISSION POLICY FOR VLAN TAG TYPES ON A PORT",
     .text = "This API retrieves which VLAN tag types are admitted on a port.\n",
-    .inputs = "dev_id                 : device id\n"
-              "port_id                : port id\n"
+    .inputs = "port_id                : port id\n"
               "p_vlan_tag_type_bitmap : where to put the bitmap of VLAN tag types\n"
               "p_admit                : where to put the admission\n",
     .outputs = "p_vlan_tag_type_bitmap : bitmap of VLAN tag types\n"
                "p_admit                : TRUE to admit, FALSE to drop\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_statue_e\n",
+    .returns = returns_statue,
 };
 METHOD(vx_vlan_tag_policy_get, help_vx_vlan_tag_policy_get,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id),
@@ -145,11 +144,10 @@ constexpr Help help_vx_vlan_member_check_get{
     .title = "RETRIEVE CONFIGURED STATUS OF VLAN MEMBERSHIP CHECK",
     .text = "This API retrieves the directions in which the VLAN membership check is enabled on a\n"
             "port.\n",
-    .inputs = "dev_id  : device id\n"
-              "port_id : port id\n"
+    .inputs = "port_id : port id\n"
               "p_ena   : where to put the directions\n",
     .outputs = "p_ena : directions in which the check is enabled\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_statue_e\n",
+    .returns = returns_statue,
 };
 METHOD(vx_vlan_member_check_get, help_vx_vlan_member_check_get,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), ELEMENT_PTR(vx_acl_vlan_filter_dir_t, p_ena))
@@ -158,11 +156,10 @@ constexpr Help help_vx_vlan_member_check_default_set{
     .title = "lmq_set_default_vlan_member check",
     .text = "This API sets the default of the VLAN membership check. When permit is TRUE, packets\n"
             "that match no entry pass. When it is FALSE, they are discarded in their direction.\n",
-    .inputs = "dev_id  : device id\n"
-              "port_id : port id\n"
+    .inputs = "port_id : port id\n"
               "fil_dir : direction\n"
               "permit  : TRUE to pass, FALSE to discard\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_statue_e\n",
+    .returns = returns_statue,
 };
 METHOD(vx_vlan_member_check_default_set, help_vx_vlan_member_check_default_set,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_acl_vlan_filter_dir_t, fil_dir),
@@ -172,11 +169,10 @@ constexpr Help help_vx_vlan_member_check_default_get{
     .title = "lmq_get_default_vlan_member check",
     .text = "This API retrieves the directions in which packets that match no entry of the VLAN\n"
             "membership table pass.\n",
-    .inputs = "dev_id  : device id\n"
-              "port_id : port id\n"
+    .inputs = "port_id : port id\n"
               "fil_dir : where to put the directions\n",
     .outputs = "fil_dir : directions in which packets pass by default\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_statue_e\n",
+    .returns = returns_statue,
 };
 METHOD(vx_vlan_member_check_default_get, help_vx_vlan_member_check_default_get,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), ELEMENT_PTR(vx_acl_vlan_filter_dir_t, fil_dir))
@@ -190,12 +186,11 @@ constexpr Help help_vx_vlan_member_table_set{
             "among the member ports. On the egress side the scan is repeated with egrs_valid, the\n"
             "top VID after packet modification and the egress port. The scan stops at the first\n"
             "matching entry.\n",
-    .inputs = "dev_id   : device id\n"
-              "port_id  : port id\n"
+    .inputs = "port_id  : port id\n"
               "tbl_indx : table index, valid range 0-31\n"
               "op_mode  : add, delete or modify\n"
               "p_entry  : table entry\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_statue_e\n",
+    .returns = returns_statue,
 };
 METHOD(vx_vlan_member_table_set, help_vx_vlan_member_table_set,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint16, tbl_indx),
@@ -204,12 +199,11 @@ METHOD(vx_vlan_member_table_set, help_vx_vlan_member_table_set,
 constexpr Help help_vx_vlan_member_table_get{
     .title = "RETRIEVE VLAN MEMBERSHIP TABLE CONFIGURATION",
     .text = "This API retrieves an entry of the VLAN membership table.\n",
-    .inputs = "dev_id   : device id\n"
-              "port_id  : port id\n"
+    .inputs = "port_id  : port id\n"
               "tbl_indx : table index, valid range 0-31\n"
               "p_entry  : where to put the table entry\n",
     .outputs = "p_entry : table entry\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_statue_e\n",
+    .returns = returns_statue,
 };
 METHOD(vx_vlan_member_table_get, help_vx_vlan_member_table_get,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint16, tbl_indx),
@@ -223,12 +217,11 @@ constexpr Help help_vx_vlan_mapping_table_set{
             "When entries conflict, the higher index takes precedence.\n"
             "On ingress the mapped VID serves for classification. On egress an outer VID equal to\n"
             "vid_from becomes vid_to.\n",
-    .inputs = "dev_id   : device id\n"
-              "port_id  : port id\n"
+    .inputs = "port_id  : port id\n"
               "tbl_indx : table index, valid range 0-31\n"
               "op_mode  : add, delete or modify\n"
               "p_entry  : table entry\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_statue_e\n",
+    .returns = returns_statue,
 };
 METHOD(vx_vlan_mapping_table_set, help_vx_vlan_mapping_table_set,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint16, tbl_indx),
@@ -237,12 +230,11 @@ METHOD(vx_vlan_mapping_table_set, help_vx_vlan_mapping_table_set,
 constexpr Help help_vx_vlan_mapping_table_get{
     .title = "RETRIEVE VLAN MAPPING TABLE CONFIGURATION",
     .text = "This API retrieves an entry of the VLAN mapping table.\n",
-    .inputs = "dev_id   : device id\n"
-              "port_id  : port id\n"
+    .inputs = "port_id  : port id\n"
               "tbl_indx : table index, valid range 0-31\n"
               "p_entry  : where to put the table entry\n",
     .outputs = "p_entry : table entry\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_statue_e\n",
+    .returns = returns_statue,
 };
 METHOD(vx_vlan_mapping_table_get, help_vx_vlan_mapping_table_get,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_port_id_t, port_id), VALUE(vx_uint16, tbl_indx),
@@ -280,11 +272,9 @@ constexpr Help help_vx_gpon_onu_gem_port_add_to_bridge{
             "Create and configure a bridge domain\n"
             "\n"
             "This API adds a GEM port to a bridge. It serves MC, BC and N_1 bridges alike.\n",
-    .inputs = "dev_id      : device id\n"
-              "pon_id      : PON id\n"
+    .inputs = "pon_id      : PON id\n"
               "gem_port_id : GEM port id\n"
               "brg_id      : bridge id\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_gpon_onu_gem_port_add_to_bridge, help_vx_gpon_onu_gem_port_add_to_bridge,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, pon_id), VALUE(vx_uint16, gem_port_id), VALUE(lmq_brg_id_t, brg_id))
@@ -294,11 +284,9 @@ constexpr Help help_vx_gpon_onu_gem_port_delete_from_bridge{
     .title = "Create and configure a bridge domain",
     .text = "This API removes a GEM port from a bridge. It returns VX_OK even if the GEM port is\n"
             "not a member of the bridge.\n",
-    .inputs = "dev_id      : device id\n"
-              "pon_id      : PON id\n"
+    .inputs = "pon_id      : PON id\n"
               "gem_port_id : GEM port id\n"
               "brg_id      : bridge id\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(vx_gpon_onu_gem_port_delete_from_bridge, help_vx_gpon_onu_gem_port_delete_from_bridge,
        VALUE(vx_dev_id_t, dev_id), VALUE(vx_uint16, pon_id), VALUE(vx_uint16, gem_port_id), VALUE(lmq_brg_id_t, brg_id))
@@ -306,18 +294,14 @@ METHOD(vx_gpon_onu_gem_port_delete_from_bridge, help_vx_gpon_onu_gem_port_delete
 constexpr Help help_lmq_dump_bridge{
     .title = "PRINT BRIDGE INFO (DEBUG API)",
     .text = "This API prints a bridge on the console. It is for debugging only.\n",
-    .inputs = "dev_id : device id\n"
-              "brg_id : bridge id\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+    .inputs = "brg_id : bridge id\n",
 };
 METHOD(lmq_dump_bridge, help_lmq_dump_bridge, VALUE(vx_dev_id_t, dev_id), VALUE(lmq_brg_id_t, brg_id))
 
 constexpr Help help_lmq_dump_bridge_port{
     .title = "PRINT DETAILS OF A BRIDGE PORT (DEBUG API)",
     .text = "This API prints a bridge port on the console. It is for debugging only.\n",
-    .inputs = "dev_id      : device id\n"
-              "brg_port_id : bridge port id\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
+    .inputs = "brg_port_id : bridge port id\n",
 };
 METHOD(lmq_dump_bridge_port, help_lmq_dump_bridge_port,
        VALUE(vx_dev_id_t, dev_id), VALUE(lmq_brg_port_id_t, brg_port_id))
@@ -326,8 +310,6 @@ constexpr Help help_lmq_dump_bridge_cvlan_svlan_list{
     .title = "PRINT CVLAN-SVLAN LIST (DEBUG API)",
     .text = "This API prints the CVLAN-SVLAN list of the bridges on the console. It is for debugging\n"
             "only.\n",
-    .inputs = "dev_id : device id\n",
-    .returns = "VX_SUCCESS, or error code as defined in vx_status_e\n",
 };
 METHOD(lmq_dump_bridge_cvlan_svlan_list, help_lmq_dump_bridge_cvlan_svlan_list, VALUE(vx_dev_id_t, dev_id))
 

@@ -30,45 +30,45 @@ extern "C" {
 
 /** @brief Types of PON protection that a device has: bits. */
 typedef enum lmq_pon_protection_type_mask_t LMQ_ENUM_INT {
-    LMQ_PON_FIBER_ONLY_PROTECTION_MASK = 1,
-    LMQ_PON_1_1_PROTECTION_MASK = 2,
-    LMQ_PON_1_PLUS_1_PROTECTION_MASK = 4,
+    LMQ_PON_FIBER_ONLY_PROTECTION_MASK = 1, /**< The fibre alone is doubled. */
+    LMQ_PON_1_1_PROTECTION_MASK = 2,        /**< One more PON stands by (1:1, ITU-T G.984.1). */
+    LMQ_PON_1_PLUS_1_PROTECTION_MASK = 4,   /**< Two PONs carry the same traffic (1+1). */
 } lmq_pon_protection_type_mask_t;
 
-/** @brief Direction of a GEM port: upstream (US), downstream (DS) or both. */
+/** @brief Direction of a GEM port: bits. */
 typedef enum lmq_dir_e LMQ_ENUM_INT {
-    LMQ_DIR_NONE = 0,
-    LMQ_DIR_US = 1,
-    LMQ_DIR_DS = 2,
-    LMQ_DIR_BOTH = 3,
+    LMQ_DIR_NONE = 0, /**< Neither. */
+    LMQ_DIR_US = 1,   /**< Upstream, towards the OLT. */
+    LMQ_DIR_DS = 2,   /**< Downstream, from the OLT. */
+    LMQ_DIR_BOTH = 3, /**< Upstream and downstream. */
 } lmq_dir_e;
 
-/** @brief When the laser shines. Burst operation is what the PON needs; the others are for tests. */
+/** @brief When the laser shines. */
 typedef enum vx_pon_laser_ctrl_mode_t LMQ_ENUM_INT {
-    VX_PON_LASER_ALWAYS_OFF = 0,
-    VX_PON_LASER_BURST_OPERATION = 1,
-    VX_PON_LASER_ALWAYS_ON = 2,
+    VX_PON_LASER_ALWAYS_OFF = 0,      /**< Never: the ONU cannot be heard. */
+    VX_PON_LASER_BURST_OPERATION = 1, /**< In the time that the OLT grants, as the PON needs it. */
+    VX_PON_LASER_ALWAYS_ON = 2,       /**< All the time, for tests; it disturbs the other ONUs. */
 } vx_pon_laser_ctrl_mode_t;
 
-/** @brief Length of a block in an upstream bandwidth report (DBRu, ITU-T G.984.3), in bytes. */
+/** @brief Length of a block in an upstream bandwidth report (DBRu, ITU-T G.984.3). */
 typedef enum vx_gpon_dba_blk_len_t LMQ_ENUM_INT {
-    VX_GPON_DBA_BLK_LEN_32 = 0,
-    VX_GPON_DBA_BLK_LEN_48 = 1,
-    VX_GPON_DBA_BLK_LEN_64 = 2,
-    VX_GPON_DBA_BLK_LEN_128 = 3,
+    VX_GPON_DBA_BLK_LEN_32 = 0,  /**< 32 bytes. */
+    VX_GPON_DBA_BLK_LEN_48 = 1,  /**< 48 bytes. */
+    VX_GPON_DBA_BLK_LEN_64 = 2,  /**< 64 bytes. */
+    VX_GPON_DBA_BLK_LEN_128 = 3, /**< 128 bytes. */
 } vx_gpon_dba_blk_len_t;
 
-/** @brief A bit error rate: 10 to the power of minus the number in the name. */
+/** @brief A bit error rate, as a threshold. */
 typedef enum vx_gpon_signal_thres_val_t LMQ_ENUM_INT {
-    VX_GPON_SIG_THRES_10_EXP_3 = 0,
-    VX_GPON_SIG_THRES_10_EXP_4 = 1,
-    VX_GPON_SIG_THRES_10_EXP_5 = 2,
-    VX_GPON_SIG_THRES_10_EXP_6 = 3,
-    VX_GPON_SIG_THRES_10_EXP_7 = 4,
-    VX_GPON_SIG_THRES_10_EXP_8 = 5,
-    VX_GPON_SIG_THRES_10_EXP_9 = 6,
-    VX_GPON_SIG_THRES_10_EXP_10 = 7,
-    VX_GPON_SIG_THRES_10_EXP_11 = 8,
+    VX_GPON_SIG_THRES_10_EXP_3 = 0,  /**< 10 to the power of -3. */
+    VX_GPON_SIG_THRES_10_EXP_4 = 1,  /**< 10 to the power of -4. */
+    VX_GPON_SIG_THRES_10_EXP_5 = 2,  /**< 10 to the power of -5. */
+    VX_GPON_SIG_THRES_10_EXP_6 = 3,  /**< 10 to the power of -6. */
+    VX_GPON_SIG_THRES_10_EXP_7 = 4,  /**< 10 to the power of -7. */
+    VX_GPON_SIG_THRES_10_EXP_8 = 5,  /**< 10 to the power of -8. */
+    VX_GPON_SIG_THRES_10_EXP_9 = 6,  /**< 10 to the power of -9. */
+    VX_GPON_SIG_THRES_10_EXP_10 = 7, /**< 10 to the power of -10. */
+    VX_GPON_SIG_THRES_10_EXP_11 = 8, /**< 10 to the power of -11. */
 } vx_gpon_signal_thres_val_t;
 
 /**
@@ -77,20 +77,20 @@ typedef enum vx_gpon_signal_thres_val_t LMQ_ENUM_INT {
  * A set takes the members that `valid` flags. The five members without a flag are reports: a get fills them.
  */
 typedef struct {
-    vx_uint8 vendor_id[4]; /**< First part of the serial number: four letters. */
-    vx_uint32 serial_num;  /**< Its second part, specific to the vendor. */
-    vx_uint8 passwd[10];   /**< Password of the ranging protocol. */
-    vx_gpon_dba_blk_len_t dbru_blk_len;
-    vx_int16 laser_on_time;                        /**< In bit times; may be negative. */
-    vx_uint16 laser_prebias_time;                  /**< In bit times. */
-    vx_boolean fec_bypass_enbl;                    /**< No forward error correction upstream. */
-    vx_boolean aes_enbl;                           /**< Downstream may be encrypted. */
-    vx_gpon_signal_thres_val_t sf_threshold;       /**< Signal fail is raised at this rate. */
-    vx_gpon_signal_thres_val_t sf_clear_threshold; /**< Signal fail is cleared at this rate. */
-    vx_gpon_signal_thres_val_t sd_threshold;       /**< Signal degrade is raised at this rate. */
-    vx_gpon_signal_thres_val_t sd_clear_threshold; /**< Signal degrade is cleared at this rate. */
-    vx_uint8 onu_id;                               /**< Given by the OLT; 255 for none. */
-    vx_gpon_onu_state_t onu_state;
+    vx_uint8 vendor_id[4];                   /**< {text} First part of the serial number: four letters. */
+    vx_uint32 serial_num;                    /**< Second part of the serial number, specific to the vendor. */
+    vx_uint8 passwd[10];                     /**< Password that the OLT may ask for (ITU-T G.984.3). */
+    vx_gpon_dba_blk_len_t dbru_blk_len;      /**< In what blocks upstream traffic that waits is reported. */
+    vx_int16 laser_on_time;                  /**< {bit times} How early the laser is switched on; may be negative. */
+    vx_uint16 laser_prebias_time;            /**< {bit times} How early the laser gets its bias. */
+    vx_boolean fec_bypass_enbl;              /**< TRUE: no forward error correction upstream. */
+    vx_boolean aes_enbl;                     /**< TRUE: downstream traffic may be encrypted. */
+    vx_gpon_signal_thres_val_t sf_threshold; /**< Error rate at which signal fail is raised. */
+    vx_gpon_signal_thres_val_t sf_clear_threshold; /**< Error rate at which signal fail is cleared. */
+    vx_gpon_signal_thres_val_t sd_threshold;       /**< Error rate at which signal degrade is raised. */
+    vx_gpon_signal_thres_val_t sd_clear_threshold; /**< Error rate at which signal degrade is cleared. */
+    vx_uint8 onu_id;                               /**< Number of the ONU, given by the OLT; 255 for none. */
+    vx_gpon_onu_state_t onu_state;                 /**< State of activation, O1 to O7. */
     vx_int16 omci_port;  /**< GEM port of the management channel, given by the OLT; -1 for none. */
     vx_uint16 num_tcont; /**< T-CONTs that are enabled. */
     vx_uint16 num_gem;   /**< GEM ports that were added. */
@@ -112,90 +112,97 @@ typedef struct {
 
 /** @brief What a T-CONT is enabled with. */
 typedef struct {
-    vx_uint16 alloc_id; /**< Given by the OLT. */
+    vx_uint16 alloc_id; /**< {0..4095} The OLT's number of the T-CONT, which no other has (12 bits). */
 } vx_tcont_cfg_t;
 
 /** @brief A T-CONT and its Alloc-Id. */
 typedef struct {
-    vx_uint16 tcont_id;         /**< The driver's number. */
-    vx_uint16 alloc_id;         /**< The OLT's number. */
+    vx_uint16 tcont_id;         /**< {id tcont} The driver's number. */
+    vx_uint16 alloc_id;         /**< {0..4095} The OLT's number (12 bits). */
     vx_uint16 tcont_subport_id; /**< Its number among the ports of the PON, from LMQ_PORT_TCONT_BASE. */
 } vx_tcont_alloc_id_t;
 
 /** @brief A T-CONT, with the GEM ports that are mapped to it. */
 typedef struct {
-    vx_boolean enbl_status;
-    vx_uint16 alloc_id;
-    vx_uint16 tcont_subport_id; /**< Its number among the ports of the PON, from LMQ_PORT_TCONT_BASE. */
-    vx_uint16 num_gem_ports;    /**< Elements of gem_ports that count. */
-    vx_uint16 gem_ports[VX_MAX_GEM_PORTS];
+    vx_boolean enbl_status;                /**< TRUE: the T-CONT is enabled. */
+    vx_uint16 alloc_id;                    /**< {0..4095} The OLT's number (12 bits). */
+    vx_uint16 tcont_subport_id;            /**< Its number among the ports of the PON, from LMQ_PORT_TCONT_BASE. */
+    vx_uint16 num_gem_ports;               /**< {0..VX_MAX_GEM_PORTS} Elements of gem_ports that count. */
+    vx_uint16 gem_ports[VX_MAX_GEM_PORTS]; /**< {id gem-port} GEM ports that it carries upstream. */
 } vx_tcont_info_t;
 
 /** @brief What a GEM port is added with. */
 typedef struct {
-    lmq_dir_e direction;
-    vx_uint16 tcont_id;    /**< T-CONT that carries it upstream; not read in direction LMQ_DIR_DS. */
-    vx_boolean aes_enable; /**< It is encrypted; vx_gem_port_info_t calls the same aes. */
-    vx_boolean multicast;
+    lmq_dir_e direction;   /**< {1..3} Where the port carries packets to. */
+    vx_uint16 tcont_id;    /**< {id tcont} T-CONT that carries it upstream; not looked at with LMQ_DIR_DS. */
+    vx_boolean aes_enable; /**< TRUE: the port is encrypted; vx_gem_port_info_t calls the same aes. */
+    vx_boolean multicast;  /**< TRUE: it carries multicast packets. */
 } vx_gem_port_cfg_t;
 
 /** @brief A GEM port. */
 typedef struct {
-    vx_uint16 gem_port_id; /**< The OLT's number, 12 bits. */
-    vx_boolean gem_status; /**< The port was added. */
-    lmq_dir_e direction;
-    vx_uint16 tcont_id;       /**< T-CONT that carries it upstream. */
-    vx_uint16 alloc_id;       /**< Of that T-CONT; LMQ_INVALID_ID16 when nothing carries it upstream. */
+    vx_uint16 gem_port_id;    /**< {id gem-port} The OLT's number. */
+    vx_boolean gem_status;    /**< TRUE: the port was added. */
+    lmq_dir_e direction;      /**< Where the port carries packets to. */
+    vx_uint16 tcont_id;       /**< {id tcont} T-CONT that carries it upstream. */
+    vx_uint16 alloc_id;       /**< The OLT's number of that T-CONT; LMQ_INVALID_ID16 if nothing carries it upstream. */
     vx_uint16 gem_subport_id; /**< Its number among the ports of the PON, from LMQ_PORT_GEM_BASE. */
-    vx_boolean aes;
-    vx_boolean multicast;
+    vx_boolean aes;           /**< TRUE: the port is encrypted. */
+    vx_boolean multicast;     /**< TRUE: it carries multicast packets. */
 } vx_gem_port_info_t;
 
 /** @name Port */
 /** @{ */
 
 /**
- * @brief Sets the members of the GPON port that `valid` flags.
- * @param dev_id  The device.
- * @param port_id The PON port.
- * @param p_cfg   The configuration.
+ * @brief Sets the members of the GPON port that valid flags.
+ * @par Effect: changes
+ * @param[in] dev_id  The device.
+ * @param[in] port_id {id pon-port} The PON port.
+ * @param[in] p_cfg   The configuration.
  * @return VX_SUCCESS or a status.
  */
 vx_status_e vx_gpon_onu_port_config_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_gpon_port_cfg_t *p_cfg);
 
 /**
- * @brief Reads the GPON port.
- * @param dev_id  The device.
- * @param port_id The PON port.
- * @param p_cfg   Where to write it; `valid` reports the members filled.
+ * @brief Reads what the GPON port is set to, and what it has come to.
+ * @par Effect: reads
+ * @param[in]  dev_id  The device.
+ * @param[in]  port_id {id pon-port} The PON port.
+ * @param[out] p_cfg   The port; valid flags every member that a set can take.
  * @return VX_SUCCESS or a status.
  */
 vx_status_e vx_gpon_onu_port_config_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_gpon_port_cfg_t *p_cfg);
 
 /**
- * @brief Activates the GPON port for ranging.
- * @param dev_id  The device.
- * @param port_id The PON port.
- * @param enable  TRUE to activate, FALSE to leave the PON.
+ * @brief Activates the GPON port for ranging, or leaves the PON.
+ * @par Effect: changes
+ * @param[in] dev_id  The device.
+ * @param[in] port_id {id pon-port} The PON port.
+ * @param[in] enable  TRUE to activate, which changes nothing in an active port; FALSE to leave.
  * @return VX_SUCCESS or a status.
  */
 vx_status_e vx_gpon_onu_port_enable_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_boolean enable);
 
 /**
  * @brief Forces a state of the ONU.
- * @param dev_id    The device.
- * @param port_id   The PON port.
- * @param onu_state The state.
+ *
+ * The ONU stays in it until another is forced, or the port is activated or left.
+ * @par Effect: changes
+ * @param[in] dev_id    The device.
+ * @param[in] port_id   {id pon-port} The PON port.
+ * @param[in] onu_state {VX_GPON_STATE_INITIAL..VX_GPON_STATE_ESTOP} The state.
  * @return VX_SUCCESS or a status.
  */
 vx_status_e vx_gpon_onu_state_set(vx_dev_id_t dev_id, vx_uint16 port_id, vx_gpon_onu_state_t onu_state);
 
 /**
  * @brief Sets when the laser shines.
- * @param dev_id  The device.
- * @param port_id The PON port.
- * @param mode    When.
- * @param dir     A number of 8 bits, whose meaning is the chip's.
+ * @par Effect: changes
+ * @param[in] dev_id  The device.
+ * @param[in] port_id {id pon-port} The PON port.
+ * @param[in] mode    When.
+ * @param[in] dir     A number whose meaning is the chip's.
  * @return VX_SUCCESS or a status.
  */
 vx_status_e vx_gpon_onu_laser_mode_set(vx_dev_id_t dev_id, vx_uint16 port_id, vx_pon_laser_ctrl_mode_t mode,
@@ -203,9 +210,10 @@ vx_status_e vx_gpon_onu_laser_mode_set(vx_dev_id_t dev_id, vx_uint16 port_id, vx
 
 /**
  * @brief Reads whether there is a signal.
- * @param dev_id   The device.
- * @param port_id  The PON port.
- * @param p_active Where to write it: TRUE or FALSE.
+ * @par Effect: reads
+ * @param[in]  dev_id   The device.
+ * @param[in]  port_id  {id pon-port} The PON port.
+ * @param[out] p_active TRUE: there is a signal from the OLT.
  * @return VX_SUCCESS or a status.
  */
 vx_status_e vx_gpon_signal_status_get(vx_dev_id_t dev_id, vx_uint16 port_id, vx_boolean *p_active);
@@ -216,23 +224,27 @@ vx_status_e vx_gpon_signal_status_get(vx_dev_id_t dev_id, vx_uint16 port_id, vx_
 /** @{ */
 
 /**
- * @brief Enables a T-CONT that is not the default one, and gives it its Alloc-Id.
- * @param dev_id   The device.
- * @param port_id  The PON port.
- * @param tcont_id The T-CONT, below VX_GPON_MAX_TCONTS.
- * @param enable   TRUE to enable.
- * @param p_cfg    Its Alloc-Id; not read when it is disabled.
+ * @brief Enables a T-CONT that is not the default one and gives it its Alloc-Id, or disables it.
+ *
+ * A T-CONT that carries GEM ports cannot be disabled. Enabling one again gives it another Alloc-Id.
+ * @par Effect: changes
+ * @param[in] dev_id   The device.
+ * @param[in] port_id  {id pon-port} The PON port.
+ * @param[in] tcont_id {id tcont} The T-CONT.
+ * @param[in] enable   TRUE to enable, FALSE to disable.
+ * @param[in] p_cfg    Its Alloc-Id; not read, and may be NULL, when it is disabled.
  * @return VX_SUCCESS or a status.
  */
 vx_status_e vx_gpon_onu_tcont_enable_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 tcont_id,
                                          vx_boolean enable, vx_tcont_cfg_t *p_cfg);
 
 /**
- * @brief Reads a T-CONT and the GEM ports that are mapped to it.
- * @param dev_id   The device.
- * @param port_id  The PON port.
- * @param tcont_id The T-CONT, below VX_GPON_MAX_TCONTS.
- * @param p_info   Where to write it.
+ * @brief Reads a T-CONT that is enabled, and the GEM ports that are mapped to it.
+ * @par Effect: reads
+ * @param[in]  dev_id   The device.
+ * @param[in]  port_id  {id pon-port} The PON port.
+ * @param[in]  tcont_id {id tcont} The T-CONT.
+ * @param[out] p_info   The T-CONT.
  * @return VX_SUCCESS or a status.
  */
 vx_status_e vx_gpon_onu_tcont_info_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 tcont_id,
@@ -240,10 +252,11 @@ vx_status_e vx_gpon_onu_tcont_info_get(vx_dev_id_t dev_id, vx_port_id_t port_id,
 
 /**
  * @brief Reads all T-CONTs that are enabled.
- * @param dev_id       The device.
- * @param port_id      The PON port.
- * @param p_tcont_id   Where to write them: an array; VX_GPON_MAX_TCONTS is enough.
- * @param p_num_tconts How long the array is; where to write how many T-CONTs there are, which may be more.
+ * @par Effect: reads
+ * @param[in]     dev_id       The device.
+ * @param[in]     port_id      {id pon-port} The PON port.
+ * @param[out]    p_tcont_id   [*p_num_tconts or VX_GPON_MAX_TCONTS] The T-CONTs.
+ * @param[in,out] p_num_tconts Room for T-CONTs, 0 for all; then how many there are, which may be more than the room.
  * @return VX_SUCCESS or a status.
  */
 vx_status_e vx_gpon_onu_active_tcont_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_tcont_alloc_id_t *p_tcont_id,
@@ -256,10 +269,11 @@ vx_status_e vx_gpon_onu_active_tcont_get(vx_dev_id_t dev_id, vx_port_id_t port_i
 
 /**
  * @brief Adds a GEM port, and maps it to a T-CONT.
- * @param dev_id      The device.
- * @param port_id     The PON port.
- * @param gem_port_id The GEM port, as the OLT numbers it: 12 bits.
- * @param p_cfg       Direction, T-CONT and the like.
+ * @par Effect: changes
+ * @param[in] dev_id      The device.
+ * @param[in] port_id     {id pon-port} The PON port.
+ * @param[in] gem_port_id {id gem-port} The GEM port.
+ * @param[in] p_cfg       Direction, T-CONT and encryption.
  * @return VX_SUCCESS or a status.
  */
 vx_status_e vx_gpon_onu_gem_port_add(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 gem_port_id,
@@ -267,52 +281,62 @@ vx_status_e vx_gpon_onu_gem_port_add(vx_dev_id_t dev_id, vx_port_id_t port_id, v
 
 /**
  * @brief Deletes a GEM port.
- * @param dev_id      The device.
- * @param port_id     The PON port.
- * @param gem_port_id The GEM port, as the OLT numbers it: 12 bits.
+ *
+ * Its queue maps, its rate limit, its places in bridges and its counters go with it. Flows keep its number.
+ * @par Effect: changes
+ * @param[in] dev_id      The device.
+ * @param[in] port_id     {id pon-port} The PON port.
+ * @param[in] gem_port_id {id gem-port} The GEM port.
  * @return VX_SUCCESS or a status.
  */
 vx_status_e vx_gpon_onu_gem_port_delete(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 gem_port_id);
 
 /**
  * @brief Reads the OLT's number of a GEM port from the chip's.
- * @param dev_id        The device.
- * @param port_id       The PON port.
- * @param index         Index in the GPON block, below VX_MAX_GEM_PORTS.
- * @param p_gem_port_id Where to write the OLT's number.
+ * @par Effect: reads
+ * @param[in]  dev_id        The device.
+ * @param[in]  port_id       {id pon-port} The PON port.
+ * @param[in]  index         {0..(VX_MAX_GEM_PORTS - 1)} Index in the GPON block.
+ * @param[out] p_gem_port_id {id gem-port} The OLT's number.
  * @return VX_SUCCESS or a status.
  */
 vx_status_e vx_gpon_onu_gem_port_id_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 index,
                                         vx_uint16 *p_gem_port_id);
 
 /**
- * @brief Reads a GEM port.
- * @param dev_id      The device.
- * @param port_id     The PON port.
- * @param gem_port_id The GEM port, as the OLT numbers it: 12 bits.
- * @param p_info      Where to write it.
+ * @brief Reads a GEM port that was added.
+ * @par Effect: reads
+ * @param[in]  dev_id      The device.
+ * @param[in]  port_id     {id pon-port} The PON port.
+ * @param[in]  gem_port_id {id gem-port} The GEM port.
+ * @param[out] p_info      The GEM port.
  * @return VX_SUCCESS or a status.
  */
 vx_status_e vx_gpon_onu_gem_port_info_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 gem_port_id,
                                           vx_gem_port_info_t *p_info);
 
 /**
- * @brief Reads all GEM ports.
- * @param dev_id          The device.
- * @param port_id         The PON port.
- * @param p_info          Where to write them: an array; VX_MAX_GEM_PORTS is enough.
- * @param p_num_gem_ports How long the array is; where to write how many GEM ports there are, which may be more.
+ * @brief Reads all GEM ports that were added.
+ * @par Effect: reads
+ * @param[in]     dev_id          The device.
+ * @param[in]     port_id         {id pon-port} The PON port.
+ * @param[out]    p_info          [*p_num_gem_ports or VX_MAX_GEM_PORTS] The GEM ports.
+ * @param[in,out] p_num_gem_ports Room for GEM ports, 0 for all; then how many there are, which may be more
+ *                                than the room.
  * @return VX_SUCCESS or a status.
  */
 vx_status_e vx_gpon_onu_active_gem_port_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_gem_port_info_t *p_info,
                                             vx_uint16 *p_num_gem_ports);
 
 /**
- * @brief Switches loopback of a GEM port. It blocks the flows that are mapped to the port as long as it is on.
- * @param dev_id        The device.
- * @param port_id       The PON port.
- * @param gem_port_id   The GEM port, as the OLT numbers it: 12 bits.
- * @param loopback_enbl TRUE to loop.
+ * @brief Switches loopback of a GEM port.
+ *
+ * The flows that are mapped to the port are blocked as long as it is on.
+ * @par Effect: changes
+ * @param[in] dev_id        The device.
+ * @param[in] port_id       {id pon-port} The PON port.
+ * @param[in] gem_port_id   {id gem-port} The GEM port.
+ * @param[in] loopback_enbl TRUE to loop packets back.
  * @return VX_SUCCESS or a status.
  */
 vx_status_e vx_gpon_onu_gem_port_loopback_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 gem_port_id,
@@ -326,30 +350,35 @@ vx_status_e vx_gpon_onu_gem_port_loopback_set(vx_dev_id_t dev_id, vx_port_id_t p
 
 /**
  * @brief Takes the oldest downstream message that was received.
- * @param dev_id    The device.
- * @param port_num  The PON port.
- * @param p_message Where to write it.
- * @param p_num     Bytes that there is room for, at least 13; where to write how many it has, 0 for no message.
+ * @par Effect: reads and clears
+ * @param[in]     dev_id    The device.
+ * @param[in]     port_num  {id pon-port} The PON port.
+ * @param[out]    p_message [*p_num] The message (ITU-T G.984.3).
+ * @param[in,out] p_num     {bytes} Room, at least 13; and then the length of the message, 0 for none.
  * @return VX_SUCCESS or a status.
  */
 vx_status_e vx_gpon_onu_ploam_ds_get(vx_dev_id_t dev_id, vx_uint16 port_num, vx_uint8 *p_message, vx_uint8 *p_num);
 
 /**
  * @brief Sends a message upstream.
- * @param dev_id    The device.
- * @param port_num  The PON port.
- * @param p_message The message.
- * @param num       Its bytes.
+ *
+ * The ONU has to be in a state from O3 to O6, and its laser must not be off.
+ * @par Effect: changes
+ * @param[in] dev_id    The device.
+ * @param[in] port_num  {id pon-port} The PON port.
+ * @param[in] p_message [num] The message (ITU-T G.984.3).
+ * @param[in] num       {13..13 bytes} Length of the message.
  * @return VX_SUCCESS or a status.
  */
 vx_status_e vx_gpon_onu_ploam_us_set(vx_dev_id_t dev_id, vx_uint16 port_num, vx_uint8 *p_message, vx_uint8 num);
 
 /**
  * @brief Switches the mask of downstream messages.
- * @param dev_id          The device.
- * @param port_num        The PON port.
- * @param overhead_enable Masked or not, Upstream_Overhead messages are handed on.
- * @param mask_enable     TRUE to mask: downstream messages are dropped.
+ * @par Effect: changes
+ * @param[in] dev_id          The device.
+ * @param[in] port_num        {id pon-port} The PON port.
+ * @param[in] overhead_enable TRUE: Upstream_Overhead messages are handed on in any case.
+ * @param[in] mask_enable     TRUE to mask: downstream messages are dropped.
  * @return VX_SUCCESS or a status.
  */
 vx_status_e vx_gpon_ploamd_mask_set(vx_dev_id_t dev_id, vx_uint16 port_num, vx_boolean overhead_enable,

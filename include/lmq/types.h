@@ -9,6 +9,36 @@
 #define LMQ_TYPES_H
 
 /**
+ * @page ids Kinds of ids
+ *
+ * What an id names. {id KIND} in the comment of an argument, a member or a type refers to this list. Ids of a kind
+ * without a range are answered by a call: by the one that makes the thing, or by one that lists what there is.
+ * - `acl-filter`: A filter of custom packets, by what it looks for.
+ * - `bridge`: A bridge, by the number that its creator gave it; lmq_get_bridge_config_all lists them.
+ * - `bridge-port`: A port of a bridge, as the call that adds it answers.
+ * - `classifier-domain`: 0..(VX_CLS_DOMAIN_ID_NUM - 1). A domain of a port's classifier.
+ * - `classifier-entry`: 0..(LMQ_FE_CL_MAX_ENTRY - 1). An entry of a port's classifier.
+ * - `device`: 0..(LMQ_NUM_DEVICES - 1). A device that the driver drives.
+ * - `eth-port`: VX_PORT_ETH0..(VX_PORT_ETH0 + LMQ_PORT_ETH_NUM - 1). An Ethernet port, a UNI.
+ * - `fdb-entry`: An entry of the forwarding database.
+ * - `flow`: A flow, upstream or downstream.
+ * - `gem-port`: 0..4095. A GEM port, as the OLT numbers it (ITU-T G.984.3, 12 bits).
+ * - `group-policer`: A policer that others share.
+ * - `ip-host`: An IP host channel or layer 3 interface, by the handle that the call that makes it answers.
+ * - `led`: 0..(LMQ_LED_ID_MAX - 1). A LED that the device drives.
+ * - `pin`: 0..(LMQ_GPIO_ID_MAX - 1). A pin of the GPIO block.
+ * - `policer`: A policer of flows.
+ * - `pon-port`: VX_PORT_SNI0..VX_PORT_SNI0. The PON port, which is the SNI.
+ * - `port`: VX_PORT_SNI0..VX_PORT_VOIP0. A port of the device, by its number in vx_port_num_t.
+ * - `queue`: 0..7. A queue of a port, 7 the one with the highest priority.
+ * - `tcont`: 0..(VX_GPON_MAX_TCONTS - 1). A T-CONT of the PON port.
+ * - `traffic-descriptor`: A GEM traffic descriptor.
+ * - `trap`: 0..0xFFFFFFFF. A trap of packets for the CPU, by the handle that its registration gave. No call registers.
+ * - `us-queue`: 0..31. An upstream priority queue of the PON port.
+ * - `vlan`: 0..4095. A VLAN identifier (IEEE 802.1Q, 12 bits).
+ */
+
+/**
  * @brief Gives an enum the width and the range of a 32-bit int.
  *
  * Any int may arrive from the wire in an enum type. With a fixed underlying type every int is a value of the enum in
@@ -30,38 +60,39 @@ typedef unsigned int vx_uint32;
 typedef long long vx_int64;
 typedef unsigned long long vx_uint64;
 
-typedef vx_uint8 vx_boolean;       /**< FALSE or TRUE. */
-typedef vx_uint8 vx_mac_addr_t[6]; /**< An IEEE 802 MAC address, in the order of transmission. */
+typedef vx_uint8 vx_boolean;       /**< FALSE or TRUE; whoever reads one takes anything but 0 for TRUE. */
+typedef vx_uint8 vx_mac_addr_t[6]; /**< {mac} An IEEE 802 MAC address, in the order of transmission. */
 
 /** @name Identifiers */
 /** @{ */
-typedef vx_uint8 vx_dev_id_t;                /**< A device, from 0; LMQ_NUM_DEVICES of them. */
-typedef vx_uint16 vx_port_id_t;              /**< A port of a device. */
-typedef vx_uint16 vx_vid_t;                  /**< A VLAN identifier (IEEE 802.1Q, 12 bits). */
-typedef vx_uint32 vx_addr;                   /**< An address in the device's register space. */
-typedef vx_uint32 vx_reg;                    /**< The content of a register. */
-typedef vx_uint32 *handle_t;                 /**< A handle, by reference. */
-typedef vx_uint8 lmq_led_id_t;               /**< A LED. */
-typedef vx_uint16 lmq_fwd_entry_id_t;        /**< A forwarding entry. */
-typedef vx_uint16 lmq_acl_rule_id_t;         /**< A rule of an access control list. */
-typedef vx_uint16 lmq_brg_port_id_t;         /**< A port of a bridge, from LMQ_BRG_PORT_ID_BASE. */
-typedef vx_uint32 lmq_brg_id_t;              /**< A bridge. */
-typedef vx_uint32 lmq_brg_type_t;            /**< A type of bridge: bits of lmq_brg_type_e. */
-typedef vx_uint32 lmq_asic_mod_id_t;         /**< Modules of the chip: bits of lmq_asic_mod_id_e. */
-typedef vx_uint32 lmq_flow_id_t;             /**< A flow, by the older name of its type. */
-typedef vx_uint32 vx_flow_id_t;              /**< A flow. */
-typedef vx_uint32 vx_pol_id_t;               /**< A policer. */
-typedef vx_uint32 vx_gpon_gem_td_id_t;       /**< A GEM traffic descriptor. */
-typedef vx_uint32 vx_gpon_mac_stats_id_t;    /**< Counters of the GPON MAC: bits, O5_STATE_TRANSITION and on. */
-typedef vx_uint32 vx_l2_fdb_entry_handle_t;  /**< An entry of the forwarding database. */
+typedef vx_uint8 vx_dev_id_t;   /**< {id device} A device, from 0. */
+typedef vx_uint16 vx_port_id_t; /**< {id port} A port of a device. */
+typedef vx_uint16 vx_vid_t;     /**< {id vlan} A VLAN identifier (IEEE 802.1Q, 12 bits). */
+typedef vx_uint32 vx_addr;      /**< An address in the register space of the device; registers lie at multiples of 4. */
+typedef vx_uint32 vx_reg;       /**< {bits} The content of a register. */
+typedef vx_uint32 *handle_t;    /**< A handle, by reference. */
+typedef vx_uint8 lmq_led_id_t;  /**< {id led} A LED. */
+typedef vx_uint16 lmq_fwd_entry_id_t; /**< A forwarding entry. */
+typedef vx_uint16 lmq_acl_rule_id_t;  /**< A rule of an access control list. */
+typedef vx_uint16 lmq_brg_port_id_t;  /**< {id bridge-port} A port of a bridge; they count from LMQ_BRG_PORT_ID_BASE. */
+typedef vx_uint32 lmq_brg_id_t;       /**< {id bridge} A bridge. */
+typedef vx_uint32 lmq_brg_type_t;     /**< {bits of lmq_brg_type_e} What a bridge carries. */
+typedef vx_uint32 lmq_asic_mod_id_t;  /**< {bits of lmq_asic_mod_id_e} Modules of the chip. */
+typedef vx_uint32 lmq_flow_id_t;      /**< {id flow} A flow, by the older name of its type. */
+typedef vx_uint32 vx_flow_id_t;       /**< {id flow} A flow. */
+typedef vx_uint32 vx_pol_id_t;        /**< {id policer} A policer; where it is a group's, the place says so. */
+typedef vx_uint32 vx_gpon_gem_td_id_t;      /**< {id traffic-descriptor} A GEM traffic descriptor. */
+typedef vx_uint32 vx_gpon_mac_stats_id_t;   /**< {bits} Counters of the GPON MAC: O5_STATE_TRANSITION and on. */
+typedef vx_uint32 vx_l2_fdb_entry_handle_t; /**< {id fdb-entry} An entry of the forwarding database. */
 /** @} */
 
 /** @name Bitmaps */
 /** @{ */
-typedef vx_uint8 vx_acl_vlan_tag_type_t;                /**< VLAN tag types: bits of lmq_vlan_tag_type_e. */
-typedef vx_uint32 vx_l2_spcl_pkt_type_bitmap_t;         /**< Special packet types: bits of lmq_pkt_type_bitmap_e. */
-typedef vx_uint32 vx_l2_spcl_pkt_type_bitmap_for_cls_t; /**< The same, as a classifier key holds it. */
-typedef vx_uint32 vx_acl_custom_field_pkt_type_bitmap_t; /**< Bits of vx_acl_custom_field_pkt_type_bitmap_enum_t. */
+typedef vx_uint8 vx_acl_vlan_tag_type_t;        /**< {bits of lmq_vlan_tag_type_e} Kinds of packets by their tag. */
+typedef vx_uint32 vx_l2_spcl_pkt_type_bitmap_t; /**< {bits of lmq_pkt_type_bitmap_e} Types of special packets. */
+typedef vx_uint32 vx_l2_spcl_pkt_type_bitmap_for_cls_t; /**< {bits of lmq_pkt_type_bitmap_e} The same, in a key. */
+/** @brief {bits of vx_acl_custom_field_pkt_type_bitmap_enum_t} Kinds of packets to extract fields from. */
+typedef vx_uint32 vx_acl_custom_field_pkt_type_bitmap_t;
 /** @} */
 
 #ifndef FALSE
@@ -70,29 +101,29 @@ typedef vx_uint32 vx_acl_custom_field_pkt_type_bitmap_t; /**< Bits of vx_acl_cus
 #ifndef TRUE
 #define TRUE 1
 #endif
-#define VX_OK 0x0
-#define DEFAULT_DEVICE_ID 0
+#define VX_OK 0x0           /**< What the functions that return a vx_int32 return on success. */
+#define DEFAULT_DEVICE_ID 0 /**< The first device. */
 #define VX_INLINE __inline__ static
 
 /** @name Identifiers that name nothing */
 /** @{ */
-#define VX_INVALID_PORT_ID (0xFFFF)
-#define LMQ_INVALID_ID8 ((vx_uint8)0xff)
-#define LMQ_INVALID_ID16 ((vx_uint16)0xffff)
-#define LMQ_INVALID_ID32 ((vx_uint32)0xffffffff)
+#define VX_INVALID_PORT_ID (0xFFFF)              /**< No port; in places all ports. */
+#define LMQ_INVALID_ID8 ((vx_uint8)0xff)         /**< No id of 8 bits. */
+#define LMQ_INVALID_ID16 ((vx_uint16)0xffff)     /**< No id of 16 bits. */
+#define LMQ_INVALID_ID32 ((vx_uint32)0xffffffff) /**< No id of 32 bits. */
 /** @} */
 
 /** @name Sizes of the maps of priorities */
 /** @{ */
-#define LMQ_MAX_COS ((vx_uint8)8)
-#define LMQ_MAX_DOT1P ((vx_uint8)8)
-#define LMQ_MAX_DSCP ((vx_uint8)64)
-#define LMQ_MAX_TC ((vx_uint8)64)
+#define LMQ_MAX_COS ((vx_uint8)8)   /**< Classes of service. */
+#define LMQ_MAX_DOT1P ((vx_uint8)8) /**< Priority code points (IEEE 802.1Q). */
+#define LMQ_MAX_DSCP ((vx_uint8)64) /**< Code points of differentiated services (RFC 2474). */
+#define LMQ_MAX_TC ((vx_uint8)64)   /**< Traffic classes. */
 /** @} */
 
 /** @name Ethernet types (IEEE 802 registration authority) */
 /** @{ */
-#define LMQ_DEFAULT_TPID ((vx_uint16)0x8100)
+#define LMQ_DEFAULT_TPID ((vx_uint16)0x8100) /**< The TPID of a VLAN tag (IEEE 802.1Q). */
 #define VX_ETH_TYPE_IPV4 0x0800
 #define VX_ETH_TYPE_ARP 0x0806
 #define VX_ETH_TYPE_RARP 0x8035

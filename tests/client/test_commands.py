@@ -5,19 +5,19 @@ import json
 import os
 import pathlib
 import pty
+import re
 import subprocess
 import threading
 import unittest
 
-from ctl import CONNECTION, DRIVER, FAULT, OK, USAGE, CtlTest
+from ctl import CONNECTION, DRIVER, FAULT, OK, OUTPUT, USAGE, CtlTest
 
 
 class Commands(CtlTest):
     @classmethod
     def setUpClass(cls):
         super().setUpClass()
-        subprocess.run([os.environ["LMQ_CTL"], "call", "lmq_init_system", "p_cfg.num_dev=1", "p_cfg.dev_cfg[0].enbl=1"],
-                       env=cls.environment, check=True, stdout=subprocess.DEVNULL)
+        cls.start_chip()
 
     def request(self, *words, stdin=""):
         """The arguments that a call would send."""
@@ -41,9 +41,23 @@ class Commands(CtlTest):
                 (("--no-valid", "p_cfg.wd_timer=0b101"), {"wd_timer": 5}),
                 (("p_cfg.wd_timer=0xffffffff", "p_cfg.mask_s=none"), {"wd_timer": -1, "mask_s": {}}),
                 (('{"wd_action": "VX_WD_ACTION_REBOOT"}',), {"wd_action": 1, "mask_s": {"wd_action": 1}}),
-                (("p_cfg.mask_s=wd_enable|wd_action",), {"mask_s": flags})):
+                (("p_cfg.mask_s=wd_enable|wd_action",), {"mask_s": flags}),
+                # A number is its bits, the first flag the lowest.
+                (("p_cfg.mask_s=0b0110",), {"mask_s": {"wd_enable": 0, "wd_timer": 1, "wd_action": 1, "reserved": 0}}),
+                (('{"mask_s": 1}',), {"mask_s": {"wd_enable": 1, "wd_timer": 0, "wd_action": 0, "reserved": 0}}),
+                # What comes behind adds to what stands in front.
+                (('p_cfg={"wd_timer": 3}', "p_cfg.wd_enable=1"),
+                 {"wd_timer": 3, "mask_s": {"wd_timer": 1, "wd_enable": 1}, "wd_enable": 1})):
             self.assertEqual(self.request("vx_watchdog_set", "0", *words), [0, expected], words)
         self.assertEqual(self.request("vx_watchdog_set", "0", "-", stdin='{"wd_timer": 3}\n')[1]["wd_timer"], 3)
+        # An array or an object is one word, whatever it is like.
+        for word, sent in (("[2,0,0,0,0,1]", [2, 0, 0, 0, 0, 1]), ("[]", [])):
+            self.assertEqual(self.request("vx_mac_addr_set", "0", word), [0, sent])
+            self.assertEqual(self.request("vx_mac_addr_set", "0", f"p_mac_addr={word}"), [0, sent])
+        self.assertEqual(self.request("vx_gpon_onu_ploam_us_set", "0", "0", "[7,1]"), [0, 0, [7, 1], 2])
+        self.assertEqual(self.request("vx_watchdog_set", "0", "{}"), [0, {}])
+        self.assertEqual(self.request("lmq_init_system", "{}"), [{}])
+        self.assertEqual(self.request("lmq_shutdown_system", "{}"), [])
         path = self.folder / "cfg.json"
         path.write_text('{"wd_timer": 4}')
         self.assertEqual(self.request("vx_watchdog_set", "0", f"@{path}")[1]["wd_timer"], 4)
@@ -54,7 +68,7 @@ class Commands(CtlTest):
             printed = self.ok("template", method)
             self.assertEqual(len(self.request(method, "-", stdin=printed)), len(json.loads(printed)), method)
         template = json.loads(self.ok("template", "vx_watchdog_set"))
-        self.assertEqual(template, {"dev_id": 0, "p_cfg": {"wd_enable": 0, "wd_timer": 0, "wd_action": 0}})
+        self.assertEqual(template, {"dev_id": 0, "p_cfg": {"wd_enable": 0, "wd_timer": 0, "wd_action": "VX_WD_ACTION_WARNING"}})
         template["p_cfg"] = {"wd_timer": 77}
         path = self.folder / "template.json"
         path.write_text(json.dumps(template))
@@ -91,12 +105,25 @@ class Commands(CtlTest):
                 ("no member wd_enabel in vx_watchdog_cfg_t; did you mean wd_enable?", [call, "0", "p_cfg.wd_enabel=1"]),
                 ("p_cfg: broken JSON, parse error at line 1", [call, "0", '{"wd_enable": ']),
                 ("dev_id: 256 is not a whole number of 8 bits (vx_dev_id_t): it goes from 0 to 255", [call, "256", "{}"]),
-                ("p_cfg: cannot read the file /nowhere", [call, "0", "@/nowhere"]),
+                ("p_cfg: cannot read /nowhere: No such file", [call, "0", "@/nowhere"]),
                 ("p_cfg.dev_cfg[1]: the last element is [0]", ["lmq_init_system", "p_cfg.dev_cfg[1].enbl=1"]),
                 ("p_cfg.dev_cfg: 2 elements, but at most 1 fit", ["lmq_init_system", '{"dev_cfg": [{}, {}]}']),
+                ("p_cfg.wd_timer is given twice", [call, "0", "p_cfg.wd_timer=1", "p_cfg.wd_timer=2"]),
+                ("p_cfg= would undo p_cfg.wd_timer=", [call, "0", "p_cfg.wd_timer=1", "p_cfg={}"]),
+                ("p_cfg: wd_timer is given twice", [call, "0", '{"wd_timer": 1, "wd_timer": 2}']),
+                ("dev_id is given twice", [call, '{"dev_id": 0, "p_cfg": {}, "dev_id": 0}']),
+                ("p_cfg: cannot read /: Is a directory", [call, "0", "@/"]),
+                ("--count: expected N or NAME=N", ["--count", "-1", "vx_watchdog_get", "0"]),
+                ("p_mac_addr: not a text in UTF-8", ["vx_mac_addr_set", "0", "\udcff"]),
+                ("p_mac_addr: a control character cannot be sent", ["vx_mac_addr_set", "0", "\x07"]),
+                ("system.methodHelp, argument 1: not a text in UTF-8", ["--dry-run", "system.methodHelp", "a\udcff"]),
+                ("lmq.\\xff: not a text in UTF-8", ["\udcff"]),
         ):
             self.refused(USAGE, message, "call", *words)
-        self.refused(USAGE, "lmqctl --help", "frobnicate")
+        self.refused(USAGE, "p_cfg.wd_action: not a text in UTF-8", "call", call, "0", "p_cfg.wd_timer=1", "p_cfg.wd_action=\udcff")
+        self.refused(USAGE, "cal is no command; did you mean call?\nlmqctl --help", "--json", "cal", "vx_watchdog_get", "0")
+        self.refused(USAGE, "frobnicate is no command\n", "frobnicate")
+        self.refused(USAGE, "A subcommand is required")
 
     def test_failures(self):
         status, printed, errors = self.run_ctl("call", "vx_watchdog_get", "7")
@@ -140,27 +167,51 @@ class Commands(CtlTest):
 
     def test_code(self):
         words = ("vx_watchdog_set", "0", "p_cfg.wd_enable=1")
-        self.assertIn("vx_watchdog_set(0, &p_cfg);", self.ok("call", "--as", "c", *words))
         self.assertIn("<methodName>lmq.vx_watchdog_set</methodName>", self.ok("call", "--as", "xmlrpc", *words))
-        # The Python code is what the call is, and the C code is of the interface.
+        # The Python code is what the call is.
         code = self.ok("call", "--as", "python", "vx_watchdog_set", "0", "p_cfg.wd_timer=91")
         ran = subprocess.run(["python3", "-c", code], capture_output=True, text=True)
         self.assertEqual((ran.returncode, ran.stderr, ran.stdout[:2]), (0, "", "[0"))
         self.assertRegex(self.ok("call", "vx_watchdog_get", "0"), r"wd_timer +91\n")
+
+    def test_code_in_c(self):
+        """The C code of every method is of the interface, and two of them go into one function."""
+        self.assertIn("vx_watchdog_cfg_t p_cfg = {.wd_action = VX_WD_ACTION_REBOOT, .mask_s = {.wd_action = 1}};\n"
+                      "    vx_status_e result = vx_watchdog_set(0, &p_cfg);\n}\n",
+                      self.ok("call", "--as", "c", "vx_watchdog_set", "0", "p_cfg.wd_action=VX_WD_ACTION_REBOOT"))
+        methods = [entry["name"] for pattern in ("lmq_*", "vx_*")
+                   for entry in json.loads(self.ok("--json", "list", pattern))]
+        templates = self.ok("repl", stdin="".join(f"template {method}\n" for method in methods))
+        templates = [" ".join(each.split()) for each in re.findall(r"(?ms)^\{(?:\}|.*?^\})$", templates)]
+        self.assertEqual(len(templates), len(methods))
+        code = self.ok("repl", stdin="".join(f"call --as c {method} '{template}'\n"
+                                             for method, template in zip(methods, templates)))
         include = pathlib.Path(__file__).parents[2] / "include"
-        headers = "".join(f"#include <{path.relative_to(include)}>\n" for path in sorted(include.glob("lmq/*.h")))
-        for call in (words, ("vx_watchdog_get", "0"), ("vx_mac_addr_set", "0", "00:11:22:33:44:55")):
-            body = self.ok("call", "--as", "c", *call)
-            source = headers + "int main(void) {\n" + body + "return (int)result;\n}\n"
-            built = subprocess.run(["cc", "-x", "c", "-fsyntax-only", f"-I{include}", "-"], input=source,
-                                   capture_output=True, text=True)
-            self.assertEqual(built.returncode, 0, source[len(headers):] + built.stderr)
+        source = "#include <stddef.h>\n#include <lmq/lmq.h>\nvoid calls(void);\nvoid calls(void) {\n" + code + "}\n"
+        built = subprocess.run(["cc", "-x", "c", "-fsyntax-only", "-Werror", f"-I{include}", "-"], input=source,
+                               capture_output=True, text=True)
+        self.assertEqual((built.returncode, code.count("result = ")), (0, len(methods) - code.count("\n    lmq_pkt_free_fnc")),
+                         built.stderr)
 
     def test_addresses(self):
         self.assertIn("p_mac_addr              02:00:5e:10:00:01\n", self.ok("call", "vx_mac_addr_set", "0", "02-00-5E-10-00-01"))
         self.assertIn("02:00:5e:10:00:01", self.ok("call", "vx_mac_addr_get", "0"))
         for address in ("02:00:5e:10:00", "2:0:5e:10:0:1:7", "zz:00:00:00:00:00"):
             self.refused(USAGE, "is not a MAC address, such as 00:11:22:33:44:55", "call", "vx_mac_addr_set", "0", address)
+        method = "lmq_delete_dev_ip_addr"
+        for given, selected, place, sent, shown in (
+                ("192.0.2.1", 0, "v4", {"s_addr": 0xc0000201 - (1 << 32)}, "192.0.2.1"),
+                ("2001:DB8::1", 1, "v6", {"in6_u": {"u6_addr8": [0x20, 1, 0xd, 0xb8] + [0] * 11 + [1]}}, "2001:db8::1")):
+            request = self.request(method, "0", given)
+            self.assertIn({place: sent}, request[1].values(), given)
+            self.assertIn(selected, request[1].values(), given)
+            self.assertIn(shown, self.run_ctl("call", method, "0", given)[1])
+            # As a member, and as a number.
+            self.assertEqual(self.request(method, "0", f"p_ip_addr.addr.{place}={given}")[1]["addr"], {place: sent})
+        self.assertEqual(self.request(method, "0", "p_ip_addr.addr.v4=0x7f000001")[1]["addr"], {"v4": {"s_addr": 0x7f000001}})
+        for place, example in (("v4", "192.0.2.1"), ("v6", "2001:db8::1")):
+            self.refused(USAGE, f"such as {example}", "call", method, "0", f"p_ip_addr.addr.{place}=1.2.3")
+        self.refused(USAGE, "the alternatives: v4, v6", "call", method, "0", "p_ip_addr.addr=1.2.3")
 
     def test_force_and_count(self):
         self.assertEqual(len(self.request("--force", "lmq_init_system", '{"dev_cfg": [{}, {}]}')[0]["dev_cfg"]), 2)
@@ -197,6 +248,27 @@ class Commands(CtlTest):
         for file in (self.folder / "lmqctl").glob("*.dict"):
             file.write_text(file.read_text().replace('"wd_timer"', '"wd_tymer"'))
         self.assertEqual(self.request("vx_watchdog_set", "0", "p_cfg.wd_timer=1")[1]["wd_timer"], 1)
+
+        # A list is of the methods that there are, whichever were there before.
+        for file in (self.folder / "lmqctl").glob("*.dict"):
+            file.write_text("".join(line for line in file.read_text().splitlines(True)
+                                    if not line.startswith("M\tvx_watchdog_get\t")))
+        self.assertIn("vx_watchdog_get", self.ok("list", "vx_watchdog_*"))
+
+    def test_output_that_cannot_be_written(self):
+        full = open("/dev/full", "w")
+        self.addCleanup(full.close)
+        for words in (["list"], ["--json", "call", "vx_watchdog_get", "0"], ["template", "vx_watchdog_set"],
+                      ["completion", "bash"], ["--help"], ["watch", "--samples", "3", "vx_watchdog_get 0"]):
+            run = subprocess.run([os.environ["LMQ_CTL"], *words], stdout=full, stderr=subprocess.PIPE, text=True,
+                                 env=self.environment)
+            self.assertEqual((run.returncode, run.stderr),
+                             (OUTPUT, "lmqctl: cannot write to standard output: No space left on device\n"), words)
+        # A closed standard output is no place for the connection.
+        for closed in (">&-", ">&- <&-", ">&- 2>&-"):
+            run = subprocess.run(f"{os.environ['LMQ_CTL']} call vx_watchdog_get 0 {closed}", shell=True, text=True,
+                                 stderr=subprocess.PIPE, env=self.environment)
+            self.assertEqual(run.returncode, OUTPUT, closed)
 
     def test_closed_pipe(self):
         run = subprocess.run(f"{os.environ['LMQ_CTL']} list | head -1", shell=True, capture_output=True, text=True,

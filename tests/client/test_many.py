@@ -4,24 +4,23 @@ import csv
 import io
 import json
 import os
+import pathlib
 import pty
 import re
 import signal
 import subprocess
 import unittest
 
-from ctl import CONNECTION, DRIVER, FAULT, OK, USAGE, CtlTest
+from ctl import CONNECTION, DRIVER, FAULT, OK, OUTPUT, USAGE, CtlTest
 
 DOWN = "http://127.0.0.1:1/RPC2"
-START = "lmq_init_system p_cfg.num_dev=1 p_cfg.dev_cfg[0].enbl=1"
 
 
 class ManyTest(CtlTest):
     @classmethod
     def setUpClass(cls):
         super().setUpClass()
-        subprocess.run([os.environ["LMQ_CTL"], "call", *START.split()], env=cls.environment, check=True,
-                       stdout=subprocess.DEVNULL)
+        cls.start_chip()
 
     def file(self, name, text):
         path = self.folder / name
@@ -66,9 +65,10 @@ class Batch(ManyTest):
             self.refused(USAGE, message, "batch", "-", stdin=f"vx_watchdog_set 0 p_cfg.wd_timer=6\n{line}\n")
             self.refused(USAGE, "-, line 2: ", "batch", "-", stdin=f"vx_watchdog_set 0 p_cfg.wd_timer=6\n{line}\n")
         self.assertRegex(self.ok("call", "vx_watchdog_get", "0"), r"wd_timer +5\n")
-        self.refused(USAGE, "is no JSON", "batch", "-", stdin="[1,")
+        self.refused(USAGE, "-: broken JSON", "batch", "-", stdin="[1,")
         self.refused(USAGE, "a call is {", "batch", "-", stdin='[{"name": 1}]')
         self.refused(USAGE, "cannot read /none: No such file", "batch", "/none")
+        self.refused(USAGE, "cannot read /: Is a directory", "batch", "/")
         self.refused(CONNECTION, "127.0.0.1:1", "--url", DOWN, "batch", "-", stdin="vx_watchdog_get 0\n")
 
     def test_progress_is_for_a_terminal(self):
@@ -97,6 +97,45 @@ class Watch(ManyTest):
         printed = self.ok("watch", "--samples", "1", "vx_watchdog_get 0", self.COUNTERS)
         self.assertIn(",vx_watchdog_get 0 p_cfg.wd_timer,", printed)
         self.assertIn(f",{self.COUNTERS} p_stats.rx_pkts/s", printed)
+
+    def test_failed_calls_have_no_numbers(self):
+        """Neither zeros nor fewer columns: the next call's numbers stay in their places."""
+        calls = ["vx_watchdog_get 9", "lmq.UDTMalloc", 'vx_eth_port_stats_get 0 4 {"rx_pkts": "0"} clear=0']
+        words = ["watch", "--samples", "1", *calls[:2], calls[2].replace("{", "'{").replace("}", "}'")]
+        status, printed, errors = self.run_ctl(*words)
+        self.assertEqual((status, errors.count("\n")), (FAULT, 2))
+        self.assertIn("vx_watchdog_get 9: VX_ERR_DEV_ID_INVALID", errors)
+        (row,) = csv.DictReader(io.StringIO(printed))
+        self.assertNotIn(None, row)
+        self.assertEqual((row[calls[0] + " p_cfg.wd_timer"], row[calls[2] + " p_stats.rx_pkts"]), ("", "0"))
+        told = json.loads(self.run_ctl("--json", *words)[1])["readings"]
+        self.assertEqual(told[calls[0] + " p_cfg.wd_timer"], {"value": None, "rate": None})
+        self.assertEqual(told[calls[2] + " p_stats.rx_pkts"], {"value": 0, "rate": None})
+
+    def test_failure_between_two_samples(self):
+        process = subprocess.Popen([os.environ["LMQ_CTL"], "watch", "--every", "0.3", "--samples", "100", "vx_watchdog_get 0"],
+                                   env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+        self.addCleanup(process.stdout.close)
+        self.addCleanup(process.wait)
+        self.addCleanup(process.terminate)
+        at = process.stdout.readline().split(",").index("p_cfg.wd_timer")
+
+        def first(has_value):
+            """The rate in the first row whose call succeeded, or failed."""
+            for line in process.stdout:
+                value, rate = line.rstrip("\n").split(",")[at:at + 2]
+                if bool(value) == has_value:
+                    return rate
+            return "no such row"
+
+        self.assertEqual(first(has_value=True), "")
+        self.assertNotEqual(first(has_value=True), "")
+        self.ok("call", "lmq_shutdown_system")
+        self.assertEqual(first(has_value=False), "")
+        self.start_chip()
+        # There is nothing to compare it with.
+        self.assertEqual(first(has_value=True), "")
+        self.assertNotEqual(first(has_value=True), "")
 
     def rate_of(self, *values):
         """The rates of wd_timer, an unsigned 32-bit number, while it takes these values, times the seconds between."""
@@ -141,6 +180,7 @@ class Watch(ManyTest):
     def test_wrong_use(self):
         self.refused(USAGE, "unknown method", "watch", "none")
         self.refused(USAGE, "--every", "watch", "--every", "0", self.COUNTERS)
+        self.refused(USAGE, "--samples: Value -1 not in range", "watch", "--samples", "-1", self.COUNTERS)
         status, _, errors = self.run_ctl("watch", "--samples", "1", "vx_watchdog_get 9")
         self.assertEqual(status, DRIVER)
         self.assertIn("VX_ERR_DEV_ID_INVALID", errors)
@@ -173,12 +213,31 @@ class Snapshot(ManyTest):
         # Two files need no host.
         self.assertEqual(self.run_ctl("--url", DOWN, "diff", before, after), (DRIVER, changed, ""))
         told = json.loads(self.run_ctl("--json", "diff", before, after)[1])
-        self.assertEqual(told[1], {"call": "lmq.vx_watchdog_get(0)", "member": ".p_cfg.wd_timer", "before": "30",
-                                   "after": "60"})
+        self.assertEqual(told[1], {"call": "lmq.vx_watchdog_get(0)", "member": ".p_cfg.wd_timer", "before": 30,
+                                   "after": 60})
         self.ok("snapshot", after, "*watchdog*")
         status, printed, _ = self.run_ctl("diff", before, after)
         self.assertEqual(status, DRIVER)
         self.assertIn(f": only in {before}\n", printed)
+
+    def test_snapshot_on_standard_output(self):
+        before = self.folder / "printed.json"
+        status, printed, errors = self.run_ctl("snapshot", "-", "*watchdog*")
+        self.assertEqual((status, errors), (OK, "-: 1 call, 1 answered with success\n"))
+        before.write_text(printed)
+        self.assertEqual(self.run_ctl("diff", str(before)), (OK, "", ""))
+        self.assertFalse(pathlib.Path("-").exists())
+
+    def test_snapshot_without_a_success(self):
+        path = self.folder / "failed.json"
+        self.assertEqual(self.run_ctl("snapshot", str(path), "*watchdog*", "--devices", "9"),
+                         (DRIVER, f"{path}: 1 call, 0 answered with success\n", ""))
+        # A link stays one.
+        link = self.folder / "link.json"
+        link.symlink_to(path)
+        self.ok("snapshot", str(link), "*watchdog*")
+        self.assertTrue(link.is_symlink())
+        self.assertIn("VX_SUCCESS", path.read_text())
 
     def test_ports_are_chosen(self):
         path = self.folder / "ports.json"
@@ -191,10 +250,14 @@ class Snapshot(ManyTest):
         other = self.file("other.json", "{}")
         self.refused(USAGE, "other.json is no snapshot", "diff", other)
         self.refused(USAGE, "cannot read /none", "diff", "/none")
+        self.refused(USAGE, "cannot read /: Is a directory", "diff", "/")
         self.refused(USAGE, "damaged", "diff", self.file("bad.json", '{"snapshot": 1, "answers": {"x": {}}}'))
         self.refused(USAGE, "matches none*", "snapshot", other, "none*")
         self.refused(USAGE, "neither a number nor a range", "snapshot", other, "--ports", "1-x")
         self.refused(USAGE, "cannot write /none/file: No such file", "snapshot", "/none/file")
+        self.refused(USAGE, "--devices: Value -1 not in range", "snapshot", other, "--devices", "-1")
+        self.refused(OUTPUT, "cannot write /dev/full: No space left on device", "snapshot", "/dev/full", "*watchdog*")
+        self.assertTrue(pathlib.Path("/dev/full").is_char_device())
         self.refused(CONNECTION, "127.0.0.1:1", "--url", DOWN, "snapshot", other)
         self.assertEqual((self.folder / "other.json").read_text(), "{}")
 

@@ -9,6 +9,7 @@ order against a host of its own. Links to files are followed too.
 
 import contextlib
 import difflib
+import functools
 import http.client
 import io
 import os
@@ -17,6 +18,9 @@ import re
 import subprocess
 import sys
 import tempfile
+
+sys.path.insert(0, str(pathlib.Path(__file__).parent.parent))
+import hosting  # noqa: E402
 
 WRITTEN = "127.0.0.1:8080"  # the address in the documents, which gives way to the host's
 FENCE = re.compile(r"^```(\w*)\n(.*?)^```$", re.MULTILINE | re.DOTALL)
@@ -29,10 +33,10 @@ def shell(text, address):
                           stderr=subprocess.STDOUT, text=True, timeout=60).stdout
 
 
-def python(text, address):
+def python(text, address, names):
     output = io.StringIO()
     with contextlib.redirect_stdout(output):
-        exec(compile(text.replace(WRITTEN, address), "session", "exec"), {})
+        exec(compile(text.replace(WRITTEN, address), "session", "exec"), names)
     return output.getvalue()
 
 
@@ -71,7 +75,8 @@ def check(document, address):
     text = document.read_text()
     complaints = [f"{document.name}: there is no {link}" for link in LINK.findall(FENCE.sub("", text))
                   if not (document.parent / link).exists()]
-    runners = {("sh", "text"): shell, ("python", "text"): python, ("xml", "xml"): post}
+    names = {}  # what one session in Python defines, the next one knows
+    runners = {("sh", "text"): shell, ("python", "text"): functools.partial(python, names=names), ("xml", "xml"): post}
     count, blocks = 0, list(FENCE.finditer(text))
     for block in blocks:
         if block[1] == "console" and block[2].startswith("$ lmqctl"):
@@ -96,9 +101,11 @@ def main(cmake, build, *documents):
     with tempfile.TemporaryDirectory() as prefix:
         subprocess.run([cmake, "--install", build, "--prefix", prefix], check=True, stdout=subprocess.DEVNULL)
         folder = pathlib.Path(prefix, "bin")
-        # Time goes on by a second with each call, as if somebody typed them; what counts and draws is always the same.
-        os.environ.update(PATH=f"{folder}:{os.environ['PATH']}", XDG_CACHE_HOME=f"{prefix}/cache", LMQ_SIM_CLOCK="1000",
-                          COLUMNS="120", LMQ_SIM_TRAFFIC="1:1000")
+        sys.path.insert(0, f"{prefix}/lib/python3/dist-packages")
+        kept = hosting.environment(PATH=f"{folder}:{os.environ['PATH']}", XDG_CACHE_HOME=f"{prefix}/cache",
+                                   COLUMNS="120")
+        os.environ.clear()
+        os.environ.update(kept)
         results = [run(folder / "lmq-host", document) for document in documents]
     sessions = sum(count for count, _ in results)
     print(f"{sessions} sessions")
@@ -107,16 +114,11 @@ def main(cmake, build, *documents):
 
 def run(host, document):
     """Returns the number of sessions and whether all of them came out as they are written."""
-    process = subprocess.Popen([host, "--listen", "127.0.0.1:0"], stdout=subprocess.PIPE, text=True)
-    try:
-        address = re.fullmatch(r"Listening on http://(.*)/RPC2\n", process.stdout.readline())[1]
-        count, complaints = check(pathlib.Path(document), address)
-    finally:
-        process.terminate()
-        process.wait(20)
-        process.stdout.close()
+    # Time goes on by a second with each call, as if somebody typed them; what counts and draws is always the same.
+    with hosting.Host(program=host, LMQ_SIM_CLOCK="1000", LMQ_SIM_TRAFFIC="1:1000") as running:
+        count, complaints = check(pathlib.Path(document), f"{running.address}:{running.port}")
     print("\n".join(complaints), end="\n" if complaints else "")
-    return count, not complaints and process.returncode == 0
+    return count, not complaints
 
 
 if __name__ == "__main__":

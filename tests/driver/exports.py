@@ -1,6 +1,7 @@
-"""Compares what a driver library exports with the functions that the headers declare.
+"""Compares what a driver library exports with the functions that the headers declare; the remote driver has those of
+remote.h too.
 
-Usage: exports.py NM LIBRARY HEADER-FOLDER
+Usage: exports.py NM LIBRARY HEADER-FOLDER [--remote]
 """
 
 import pathlib
@@ -8,11 +9,12 @@ import re
 import subprocess
 import sys
 
-nm, library, folder = sys.argv[1:]
+nm, library, folder, *remote = sys.argv[1:]
 
 declared = set()
 for header in pathlib.Path(folder).glob("*.h"):
-    declared.update(re.findall(r"^(?:void|vx_\w+)\s+(\w+)\(", header.read_text(), re.MULTILINE))
+    if header.name != "remote.h" or remote:
+        declared.update(re.findall(r"^(?:void|int|const char|vx_\w+)\s+\*?(\w+)\(", header.read_text(), re.MULTILINE))
 
 listing = subprocess.run([nm, "-D", "--defined-only", library], check=True, capture_output=True, text=True).stdout
 exported = {line.split()[-1] for line in listing.splitlines()}

@@ -1,8 +1,5 @@
-/**
- * @file
- * @brief The rules of the store that no operation shows on its own: what a full table, a spent id range, a full counter
- *        and a walk over a changing table do.
- */
+// The rules of the store that no operation shows on its own: what a full table, a spent id range, a full counter and
+// a walk over a changing table do.
 #include "driver/store.h"
 
 #include <gtest/gtest.h>

@@ -16,7 +16,8 @@ namespace {
 // A block as the frame takes it: one zeroed UDT, and a spare one behind.
 template <class T>
 struct Block {
-    T udt[2]{};
+    T udt[2];
+    Block() { memset(udt, 0, sizeof udt); }  // of a union, {} need not set all
     std::byte *bytes() { return reinterpret_cast<std::byte *>(udt); }
 };
 
@@ -186,6 +187,17 @@ TEST_F(Named, IsRefusedBeyondItsBoundAndWhenItIsNoString) {
     for (const char *wrong : {"1", "[101]", "{}", "null"})
         EXPECT_EQ(fault<named_t>(lmq::udt_named_t, std::string(R"({"name":)") + wrong + "}"),
                   member + "expected a vx_char * but got something else");
+}
+
+// No document holds such a text, but a host that makes values itself may.
+TEST_F(Named, WithAZeroByteIsRefusedByTheLibrary) {
+    Env env;
+    Value text(xmlrpc_string_new_lp(env, 3, "a\0b")), value(xmlrpc_struct_new(env));
+    xmlrpc_struct_set_value(env, value.get(), "name", text.get());
+    Block<named_t> block;
+    EXPECT_FALSE(lmq::decode_udt(env, lmq::udt_named_t, block.bytes(), value.get()));
+    EXPECT_EQ(env.env.fault_code, XMLRPC_TYPE_ERROR);
+    EXPECT_EQ(block.udt[0].name[0], '\0');
 }
 
 TEST(Nested, UdtsAndArraysOfThem) {

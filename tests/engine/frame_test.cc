@@ -137,10 +137,11 @@ TEST(Rows, SignatureFollowsFromThePrototype) {
 
 TEST(Rows, HelpTextHasItsParts) {
     EXPECT_STREQ(lmq::method_sample_values.help(), "No help available");
-    EXPECT_STREQ(lmq::method_sample_udt.help(),
-                 "vx_status_e sample_udt( vx_dev_id_t dev_id, inner_t * p_cfg )\n\nTakes a structure\n\n"
-                 " This API takes a structure.\n  \nINPUTS:\n\n  dev_id : device\n  p_cfg : structure\n\nReturns:\n  "
-                 "VX_SUCCESS\n");
+    EXPECT_STREQ(
+        lmq::method_sample_udt.help(),
+        "vx_status_e sample_udt( vx_dev_id_t dev_id, inner_t * p_cfg )\n\nTakes a structure\n\n"
+        " This API takes a structure.\n  \nINPUTS:\n\n  dev_id : device id\n  p_cfg  : structure\n\nReturns:\n  "
+        "VX_SUCCESS, or error code as defined in vx_status_e\n");
     EXPECT_STREQ(lmq::method_sample_none.help(),
                  "vx_int32 sample_none(  )\n\nDoes nothing\n\n This API does nothing.\n Nothing at all.\n  \n"
                  "\nOUTPUTS:\n\n  nothing\n\nReturns:\n  -7\n");

@@ -124,8 +124,7 @@ METHOD(sample_modes, no_help, ELEMENT_PTR(vx_ip_ver_t, p_modes))
 constexpr Help help_sample_udt{
     .title = "Takes a structure",
     .text = "This API takes a structure.\n",
-    .inputs = "dev_id : device\np_cfg : structure\n",
-    .returns = "VX_SUCCESS\n",
+    .inputs = "p_cfg  : structure\n",
 };
 METHOD(sample_udt, help_sample_udt, VALUE(vx_dev_id_t, dev_id), UDT_PTR(inner_t, p_cfg))
 METHOD(sample_free, no_help, COOKIE(cookie))

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "families/udts.h"
-#include "frame/method.h"
+#include "frame/describe.h"
 #include "lmq/address.h"
 
 struct scalars_t {

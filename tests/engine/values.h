@@ -26,4 +26,4 @@ struct Drop {
 using Value = std::unique_ptr<xmlrpc_value, Drop>;
 
 Value from_json(const std::string &json);
-std::string to_json(xmlrpc_value *value);  // without blanks
+std::string to_json(xmlrpc_value *value);  ///< without blanks

@@ -1,14 +1,23 @@
-// Fuzzer of the pre-pass alone: any bytes at all. A document that it accepts must be accepted again, and name a method.
+// Fuzzer of the pre-pass and the guard: any bytes at all. A document that the pre-pass accepts must be accepted again,
+// name a method, and be readable for the guard.
 #include "prepass.h"
 
 #include <cstdint>
 #include <cstdlib>
+
+#include "guard.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
     static lmq::host::Prepass prepass({8, 200, 16, 4});
     const std::string_view document(reinterpret_cast<const char *>(data), size);
     const auto first = prepass.examine(document);
     const std::string packed(first.packed);
+    static const std::vector<lmq::host::Method> methods;
+    static const lmq::host::Guard guard(methods, true);
+    if (!first.fault) {
+        static_cast<void>(guard.judge(first.read, lmq::host::ReadOnly::strict));
+        static_cast<void>(guard.judge(first.read, lmq::host::ReadOnly::off));
+    }
     const auto second = prepass.examine(document);
     if (first.fault.has_value() != second.fault.has_value() || first.method != second.method) std::abort();
     if (!first.fault && packed != second.packed) std::abort();

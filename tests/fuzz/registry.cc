@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstdlib>
 
+#include "encoding.h"
 #include "prepass.h"
 
 namespace {
@@ -32,7 +33,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const std::string_view document(reinterpret_cast<const char *>(data), size);
     const auto verdict = prepass.examine(document);
     if (verdict.fault) return 0;
-    const std::string answer = registry->call(document);
+    const lmq::host::Utf8 utf8(document);
+    const std::string answer = registry->call(utf8.text());
     if (answer.empty()) std::abort();
     if (!verdict.packed.empty() && registry->call(verdict.packed) != answer) std::abort();
     return 0;

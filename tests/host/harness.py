@@ -1,4 +1,4 @@
-"""Starts lmq-host with the small drivers and plug-ins of this folder, and holds what all tests of the host share.
+"""lmq-host with the small drivers and plug-ins of this folder, and what all tests of the host share.
 
 CTest sets the three variables that say where the programs are.
 """
@@ -8,80 +8,122 @@ import http.client
 import os
 import pathlib
 import re
-import signal
+import select
 import socket
 import subprocess
+import sys
+import time
 import xmlrpc.client
+
+sys.path.insert(0, str(pathlib.Path(__file__).parents[1]))
+import hosting  # noqa: E402
 
 HOST = pathlib.Path(os.environ["LMQ_HOST"])
 LIBRARIES = pathlib.Path(os.environ["LMQ_HOST_TEST_LIBRARIES"])
 LIBRARIES_FROM_PROGRAM = os.environ["LMQ_HOST_LIBRARIES_FROM_PROGRAM"]
-# A script in the program's place runs it under emulation.
-EMULATED = HOST.read_bytes()[:2] == b"#!"
+EMULATED = hosting.is_emulated(HOST)
 
 PLUGIN = LIBRARIES / "host_test_plugin.so"
 BODY_LIMIT = 4 * 1024 * 1024
 XML = {"Content-Type": "text/xml"}
+HEAD = b"POST /RPC2 HTTP/1.1\r\nHost: localhost\r\nContent-Type: text/xml\r\n"
 
 
 def driver(name):
     return LIBRARIES / name / "liblmq.so"
 
 
+# What a start needs.
+LIBRARY_OPTIONS = ("--plugin", PLUGIN, "--driver", driver("one"))
+
+
 def call(method, *arguments):
     return xmlrpc.client.dumps(arguments, method).encode()
 
 
-class Running:
+def multicall(*methods):
+    return call("system.multicall", [{"methodName": method, "params": []} for method in methods])
+
+
+def request(body):
+    """The bytes of a whole request."""
+    return HEAD + b"Content-Length: %d\r\n\r\n%s" % (len(body), body)
+
+
+def run(*options, program=HOST, input=None, **variables):
+    """Runs the host to its end."""
+    return subprocess.run([program, *options], capture_output=True, text=True, timeout=30, input=input,
+                          env=hosting.environment(**variables))
+
+
+def refused(*options, program=HOST, **variables):
+    """A start that must fail. Returns what the host says about it, which must be one line."""
+    done = run(*options, program=program, **variables)
+    assert (done.returncode, done.stdout) == (1, ""), done
+    assert re.fullmatch(r"lmq-host: .*\n", done.stderr), done.stderr
+    return done.stderr
+
+
+def eventually(condition, seconds=20):
+    """Waits until the condition holds. Its last value is returned whatever it is, for an assertion."""
+    end = time.monotonic() + seconds
+    while not (value := condition()) and time.monotonic() < end:
+        time.sleep(0.01)
+    return value
+
+
+class Gate:
+    """A call that lasts until open() is called."""
+
+    def __init__(self, folder, name="gate"):
+        self.path = pathlib.Path(folder, name)
+        self.call = call("test.until", str(self.path))
+
+    def open(self):
+        self.path.touch()
+
+
+def has_answer(connection):
+    """Whether something has arrived on the connection of an HTTP client."""
+    return bool(select.select([connection.sock], [], [], 0)[0])
+
+
+class Running(hosting.Host):
     """A host that serves. It must end with status 0, its one line of output, and no errors but the expected ones."""
 
-    def __init__(self, *options, program=HOST, stop=signal.SIGTERM, listen="127.0.0.1:0", errors="",
-                 environment=None):
-        self.stop = stop
-        self.errors = errors
-        self.expected = 0
+    def __init__(self, *options, errors="", **more):
+        super().__init__(*options, **more)
+        self.expected_errors = errors
+        self.expected_output = ""
         self.proxies = contextlib.ExitStack()
-        self.process = subprocess.Popen(
-            [program, "--listen", listen, *options],
-            stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, env=environment)
-        self.line = self.process.stdout.readline()
-        match = re.fullmatch(r"Listening on (https?://(.*):(\d+)/RPC2)\n", self.line)
-        if not match:
-            self.process.kill()
-            raise AssertionError(self.line + self.process.communicate()[1])
-        self.url, self.address, self.port = match[1], match[2], int(match[3])
-
-    def __enter__(self):
-        return self
 
     def __exit__(self, kind, *_):
-        self.process.send_signal(self.stop)
-        try:
-            output, errors = self.process.communicate(timeout=20)
-        except subprocess.TimeoutExpired:
-            self.process.kill()
-            raise
-        finally:
-            self.proxies.close()
-        if EMULATED:  # the emulator tells of a crash itself
-            errors = re.sub(r"qemu: uncaught target signal .*\n", "", errors)
-        if kind is None:
-            assert (self.process.returncode, output) == (self.expected, ""), (self.process.returncode, output, errors)
-            assert re.fullmatch(self.errors, errors), errors
+        with self.errors, self.proxies:
+            if kind is not None:
+                self.process.kill()
+                self.process.communicate()
+                sys.stderr.write(self.printed())
+                return
+            output, errors = self.stop(), self.printed()
+            if EMULATED:  # the emulator reports a crash itself
+                errors = re.sub(r"qemu: uncaught target signal .*\n", "", errors)
+            assert re.fullmatch(self.expected_output, output), output
+            assert re.fullmatch(self.expected_errors, errors), errors
 
     def proxy(self):
         return self.proxies.enter_context(xmlrpc.client.ServerProxy(self.url))
 
-    def connect(self):
-        return contextlib.closing(http.client.HTTPConnection("127.0.0.1", self.port, timeout=10))
+    def connect(self, source=None):
+        """A client; `source` is its address, if that matters."""
+        return contextlib.closing(http.client.HTTPConnection("127.0.0.1", self.port, timeout=30,
+                                                             source_address=source and (source, 0)))
 
     def socket(self):
-        return socket.create_connection(("127.0.0.1", self.port), timeout=10)
+        return socket.create_connection(("127.0.0.1", self.port), timeout=30)
 
-
-    def post(self, body, **headers):
+    def post(self, body, source=None, **headers):
         """Sends one request and returns its status and its body."""
-        with self.connect() as connection:
+        with self.connect(source) as connection:
             connection.request("POST", "/RPC2", body, {**XML, **headers})
             answer = connection.getresponse()
             return answer.status, answer.read()
@@ -91,6 +133,10 @@ class Running:
             connection.request("GET", path, headers=headers)
             answer = connection.getresponse()
             return answer.status, answer.read()
+
+    def sample(self, name):
+        """A metric without labels, or with those that `name` has."""
+        return float(re.search(rf"^{re.escape(name)} (\S+)$", self.get("/metrics")[1].decode(), re.M)[1])
 
     def fault(self, body):
         """Sends one document, which must be answered by a fault with status 200; returns its code and its text."""
@@ -103,4 +149,4 @@ class Running:
 
 
 def serve(*options, **more):
-    return Running("--plugin", PLUGIN, "--driver", driver("one"), *options, **more)
+    return Running(*options, **{"plugin": PLUGIN, "driver": driver("one"), **more})

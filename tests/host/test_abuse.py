@@ -3,7 +3,7 @@
 import unittest
 import xmlrpc.client
 
-from harness import call, serve
+from harness import call, multicall, serve
 
 MALFORMED, REFUSED, LIMIT = -503, -507, -509
 
@@ -12,10 +12,6 @@ def echo(value, method="test.echo"):
     """A call with the XML of one value."""
     return (f"<methodCall><methodName>{method}</methodName><params><param><value>{value}</value></param></params>"
             "</methodCall>").encode()
-
-
-def multicall(*methods):
-    return call("system.multicall", [{"methodName": method, "params": []} for method in methods])
 
 
 def nested(depth):
@@ -53,8 +49,11 @@ HOSTILE = [
     (laughs(), DOCTYPE),
     (b'<!DOCTYPE x SYSTEM "file:///etc/passwd">' + echo(""), DOCTYPE),
     (echo("&none;"), xml_error("undefined entity")),
-    (b'<?xml version="1.0" encoding="ISO-8859-1"?>' + echo(""),
-     (MALFORMED, "The call is encoded in 'ISO-8859-1'; only UTF-8 is accepted.")),
+    (b'<?xml version="1.0" encoding="ISO-8859-15"?>' + echo(""),
+     (MALFORMED, "The call is encoded in 'ISO-8859-15'; UTF-8, US-ASCII and ISO-8859-1 are accepted.")),
+    (b'<?xml version="1.0" encoding="US-ASCII"?>' + echo("\u20ac"),
+     (MALFORMED, "The call is declared as US-ASCII and holds something else.")),
+    (b'<?xml version="1.0" encoding="ISO-8859-1"?>' + echo("<i8>5x</i8>"), not_a("i8", "5x")),
     (echo("<i8>5x</i8>").decode().encode("utf-16"), NOT_UTF8),
     (echo("<i8>5x</i8>").decode().encode("utf-16-be"), NOT_UTF8),
     (echo("a\0b"), NOT_UTF8),
@@ -89,6 +88,11 @@ HOSTILE = [
     (echo("<i4><i8>5</i8></i4>"), no_place("i8")),
     (echo("<i4>5</i4><i4>5</i4>"), no_place("i4")),
     (echo("<i2>5</i2>"), no_place("i2")),
+    (echo("<x" + "\u00e9" * 50 + "/>"), no_place("x" + "\u00e9" * 19 + "...")),
+    (b'<methodCall a="">', (MALFORMED, "The element <methodCall> has attributes.")),
+    (b'<methodCall><methodName x:y="1">test.echo</methodName></methodCall>',
+     (MALFORMED, "The element <methodName> has attributes.")),
+    (call("x" * 201), (MALFORMED, f"'{'x' * 40}...' is not the name of a method.")),
     (echo("5<i4>5</i4>"), (MALFORMED, "'5' " + STRAY)),
     (echo("<i4>5</i4>5"), (MALFORMED, "'5' " + STRAY)),
     (echo("<array><data>x<value/></data></array>"), (MALFORMED, "'x' " + STRAY)),
@@ -101,7 +105,7 @@ HOSTILE = [
     (echo("<array><data>" + "<value/>" * 100_000 + "</data></array>"),
      (LIMIT, "The call holds more than 100000 values.")),
     (call("test.echo", {str(n): n for n in range(1025)}), (LIMIT, "A struct holds more than 1024 members.")),
-    (multicall(*["test.echo"] * 101), (LIMIT, "The system.multicall holds more than 100 calls.")),
+    (multicall(*["test.echo"] * 1001), (LIMIT, "The system.multicall holds more than 1000 calls.")),
     (multicall("test.echo", "system.multicall"), (REFUSED, "A system.multicall cannot call system.multicall.")),
     (multicall("test.echo", " test.sleep"), (MALFORMED, "' test.sleep' is not the name of a method.")),
 ]
@@ -137,8 +141,28 @@ class Documents(unittest.TestCase):
             for value in ("\U0001f4a1", "<struct><member><name>\U0001f4a1</name><value/></member></struct>"):
                 self.assertRegex(host.fault(echo(value))[1], "Call XML not a proper XML-RPC call.*Basic Multilingual Plane")
             self.assertEqual(host.post(nested(32))[0], 200)
-            self.assertEqual(host.proxy().system.multicall([{"methodName": "test.echo", "params": [1]}] * 100),
-                             [[[1]]] * 100)
+            self.assertEqual(host.proxy().system.multicall([{"methodName": "test.echo", "params": [1]}] * 1000),
+                             [[[1]]] * 1000)
+
+    def test_encodings(self):
+        """Alike in calls that are packed and in those that are not."""
+        latin = '<?xml version="1.0" encoding="%s"?>'
+        text = "r\u00e9sum\u00e9 \u00ff\u0080"
+        inner = ("<methodCall><methodName>system.multicall</methodName><params><param><value><array><data><value><struct>"
+                 "<member><name>methodName</name><value>test.echo</value></member><member><name>params</name>"
+                 f"<value><array><data><value>{text}</value></data></array></value></member></struct></value></data></array>"
+                 "</value></param></params></methodCall>")
+        with serve() as host:
+            for document, expected in ((echo(text).decode(), [text]), (inner, [[[text]]])):
+                for prefix, encoding in ((latin % "ISO-8859-1", "latin-1"), (latin % "iso-8859-1", "latin-1"),
+                                         (latin.replace('"', "'") % "Latin1", "latin-1"), ("\ufeff", "utf-8"),
+                                         ("\ufeff" + latin % "UTF-8", "utf-8"), (latin % "utf-8", "utf-8")):
+                    with self.subTest(prefix=prefix, document=document):
+                        status, answer = host.post((prefix + document).encode(encoding))
+                        self.assertEqual(xmlrpc.client.loads(answer)[0], (expected,))
+                with self.subTest(document=document):
+                    plain = (latin % "US-ASCII" + document.replace(text, "plain")).encode()
+                    self.assertIn(b"plain", host.post(plain)[1])
 
     def test_limits_pass_the_largest_echo(self):
         # 64 flow records, each as large and as deep as the interface's.
@@ -147,6 +171,14 @@ class Documents(unittest.TestCase):
             record = {"deeper": record}
         with serve() as host:
             self.assertEqual(host.proxy().test.echo([record] * 64), [[record] * 64])
+
+    def test_each_limit_is_its_own(self):
+        for option, document in (("--max-calls", multicall(*["test.echo"] * 3)), ("--max-members", call("test.echo", {"a": 1, "b": 2, "c": 3})),
+                                 ("--max-values", call("test.echo", 1, 2, 3)), ("--max-depth", nested(3))):
+            with self.subTest(option=option), serve(option, "2") as host:
+                self.assertEqual(host.fault(document)[0], LIMIT)
+        with serve("--max-members", "2", "--max-depth", "4", "--max-values", "12") as host:
+            self.assertEqual(len(host.proxy().system.multicall([{"methodName": "test.echo", "params": []}] * 3)), 3)
 
     def test_limits_are_options(self):
         options = ("--max-body", "64KB", "--max-depth", "2", "--max-values", "5", "--max-members", "1", "--max-calls", "1")

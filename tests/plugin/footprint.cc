@@ -26,11 +26,9 @@ void *load(const char *path, int flags) {
     return library;
 }
 
-/**
- * What a process has written of a file's mappings and so has for itself, in KiB. (Private_Dirty would count the pages
- * of a file that has just been linked and is not on the disk yet.) The thread's name of the list is one that no
- * emulator forges.
- */
+/// What a process has written of a file's mappings and so has for itself, in KiB. (Private_Dirty would count the pages
+/// of a file that has just been linked and is not on the disk yet.) The thread's name of the list is one that no
+/// emulator forges.
 long private_memory(const std::string &file) {
     std::ifstream maps("/proc/thread-self/smaps");
     std::string line;

@@ -8,7 +8,8 @@ Usage: generate.py INCLUDE FUNCTIONS.C LAYOUT.C
 import pathlib
 import sys
 
-import headers
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent.parent / "interface"))
+import headers  # noqa: E402
 
 
 def function(interface, declared):

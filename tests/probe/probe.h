@@ -9,24 +9,24 @@
 
 enum {
     PROBE_ARGUMENTS = 8,
-    PROBE_BYTES = 1 << 20, /* of one argument's memory; the file is sparse, so that room costs nothing */
+    PROBE_BYTES = 1 << 20,  ///< of one argument's memory; the file is sparse, so that room costs nothing
 };
 
 struct probe_argument {
-    int64_t value;      /* record: of a value argument */
-    uint32_t is_null;   /* record: of a pointer argument */
-    uint32_t size;      /* record: bytes that stand in `bytes` */
-    uint32_t units;     /* order: how many elements to record */
-    uint32_t fill_size; /* order: how many bytes of `fill` to leave in the argument's memory */
+    int64_t value;       ///< record: of a value argument
+    uint32_t is_null;    ///< record: of a pointer argument
+    uint32_t size;       ///< record: bytes that stand in `bytes`
+    uint32_t units;      ///< order: how many elements to record
+    uint32_t fill_size;  ///< order: how many bytes of `fill` to leave in the argument's memory
     uint8_t bytes[PROBE_BYTES];
     uint8_t fill[PROBE_BYTES];
 };
 
 struct probe {
-    int64_t result;    /* order: what to return */
-    char function[64]; /* record: of the last call */
-    uint32_t calls;    /* record: calls since the file was made */
-    uint32_t count;    /* record: arguments of the last call */
+    int64_t result;     ///< order: what to return
+    char function[64];  ///< record: of the last call
+    uint32_t calls;     ///< record: calls since the file was made
+    uint32_t count;     ///< record: arguments of the last call
     struct probe_argument arguments[PROBE_ARGUMENTS];
 };
 

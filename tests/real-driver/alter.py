@@ -9,7 +9,7 @@ import pathlib
 import re
 import sys
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "probe"))
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent.parent / "interface"))
 import headers  # noqa: E402
 
 WIDER = {"vx_uint8": "vx_uint16", "vx_uint16": "vx_uint32"}

@@ -1,24 +1,29 @@
 """A host with the plug-in in front of the simulated chip, and Python's own XML-RPC client in front of it.
 
 LMQ_HOST, LMQ_PLUGIN and LMQ_DRIVER say where the three are. A test case has a chip of its own, started as `start` says,
-and calls driver functions by their names.
+and calls driver functions by their names. No other variable of the caller's that is meant for the three reaches them.
 """
 
 import os
 import pathlib
 import subprocess
+import sys
 import tempfile
 import unittest
 import xmlrpc.client
 
-SUCCESS = 0
-SYS_UNINITIALIZED, INVALID_PARAMS, ENTRY_NOT_FOUND, ENTRY_EXIST = 0x7002, 0x7004, 0x700C, 0x700D
-RESOURCE_UNAVAIL, RANGE_CHECK_FAIL, NOT_SUPPORTED = 0x700E, 0x7011, 0x7013
-DEV_ID_INVALID, DEV_NULL_PTR = 0x7100, 0x7101
+sys.path.insert(0, str(pathlib.Path(__file__).parents[2] / "interface"))
+
+import headers
+
+INTERFACE = headers.Headers(pathlib.Path(__file__).parents[2] / "include")
 
 
 class SimTest(unittest.TestCase):
     """One host for each test. A host that ends early, or not in order, is a failure of its own."""
+
+    STATUS = INTERFACE.enums["vx_status_e"]  # numbers by name, as C counts them: the dictionary answers others
+    EVENT = INTERFACE.enums["vx_event_type_e"]
 
     clock = None  # milliseconds that a call takes, or None for real time
     environment = {}  # variables of the simulator beyond the clock
@@ -30,7 +35,7 @@ class SimTest(unittest.TestCase):
         self.addCleanup(self.folder.cleanup)
         self.errors = open(pathlib.Path(self.folder.name, "errors"), "w+")
         self.addCleanup(self.errors.close)
-        environment = dict(os.environ)
+        environment = {name: value for name, value in os.environ.items() if not name.startswith("LMQ_")}
         if self.clock is not None:
             environment["LMQ_SIM_CLOCK"] = str(self.clock)
         environment.update(self.environment)
@@ -63,12 +68,24 @@ class SimTest(unittest.TestCase):
         result, *echo = self.proxy.__getattr__(f"lmq.{function}")(*arguments)
         return result, echo
 
+    def echo(self, function, *arguments):
+        """A call that must succeed. Returns the echo of each argument: item n is argument n + 1."""
+        status, echo = self.call(function, *arguments)
+        self.assertEqual(status, 0, f"{function}{arguments}: {self.name_of(status)}\n{self.printed()}")
+        return echo
+
     def ok(self, function, *arguments):
         """A call that must succeed. Returns the echo of its last argument."""
-        status, echo = self.call(function, *arguments)
-        self.assertEqual(status, SUCCESS, f"{function}{arguments}: status 0x{status:x}\n{self.printed()}")
+        echo = self.echo(function, *arguments)
         return echo[-1] if echo else None
 
     def refused(self, status, function, *arguments):
-        """A call that must be answered with this status."""
-        self.assertEqual(f"0x{self.call(function, *arguments)[0]:x}", f"0x{status:x}", f"{function}{arguments}")
+        """A call that must be answered with a status, given without its VX_ERR_."""
+        answer = self.call(function, *arguments)[0]
+        expected = self.STATUS[f"VX_ERR_{status}"]
+        self.assertEqual(self.name_of(answer), self.name_of(expected), f"{function}{arguments}")
+
+    def name_of(self, status):
+        """A status by its name. Behind the name of a base stands that of the first status, with the same number."""
+        names = [name for name, number in self.STATUS.items() if number == status]
+        return names[-1] if names else f"0x{status:x}"

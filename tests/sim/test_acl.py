@@ -2,11 +2,8 @@
 
 import unittest
 
-from harness import ENTRY_EXIST, ENTRY_NOT_FOUND, RANGE_CHECK_FAIL, SimTest
+from harness import SimTest
 
-INVALID_OP, PORT_OUT_OF_RANGE = 0x700B, 0x720A
-INVALID_KEY_TYPE, ENTRY_UNAVAIL, KEY_RESOURCE_UNAVAIL = 0x7508, 0x750A, 0x751F
-DUPLICATE_FILTER, MODE_CONFLICT = 0x7528, 0x752C
 ETH0, ETH1 = 3, 4
 ADD, DELETE, MODIFY = 0, 1, 2
 DISABLE, POSITIVE, NEGATIVE = 0, 1, 2
@@ -36,52 +33,51 @@ class Acl(SimTest):
         self.assertEqual(self.ok("vx_acl_unknown_flow_status_get", 0, ETH1, 0), 1)
         self.ok("vx_acl_unknown_flow_allow", 0, ETH0)
         self.assertEqual(self.ok("vx_acl_unknown_flow_status_get", 0, ETH0, 0), 1)
-        self.refused(PORT_OUT_OF_RANGE, "vx_acl_unknown_flow_block", 0, 6)
+        self.refused("PORT_NUM_OUT_OF_RANGE", "vx_acl_unknown_flow_block", 0, 6)
 
         parser = {"ext_mode": 1, "static_mode_offset": 200, "pkt_type_bitmap": 7}
         self.ok("vx_acl_custom_field_parser_config_set", 0, ETH0, parser)
-        self.refused(RANGE_CHECK_FAIL, "vx_acl_custom_field_parser_config_set", 0, ETH0, {"pkt_type_bitmap": 8})
-        self.refused(RANGE_CHECK_FAIL, "vx_acl_custom_field_parser_config_set", 0, ETH0, {"ext_mode": 2})
+        self.refused("GLBL_RANGE_CHECK_FAIL", "vx_acl_custom_field_parser_config_set", 0, ETH0, {"pkt_type_bitmap": 8})
+        self.refused("GLBL_RANGE_CHECK_FAIL", "vx_acl_custom_field_parser_config_set", 0, ETH0, {"ext_mode": 2})
         self.assertEqual(self.ok("vx_acl_custom_field_parser_config_get", 0, ETH0, {}), parser)
 
     def test_fields(self):
         table_set = "vx_acl_custom_pkt_field_table_set"
         self.ok(table_set, 0, ETH0, 0, ADD, {"ref_point": 2, "key": 7, "valid_bitmap": 255, "lsb_or_msb": 1})
         self.ok(table_set, 0, ETH0, 7, ADD, {"key": 70})
-        self.refused(ENTRY_EXIST, table_set, 0, ETH0, 7, ADD, {})
-        self.refused(ENTRY_NOT_FOUND, table_set, 0, ETH0, 6, MODIFY, {})
-        self.refused(RANGE_CHECK_FAIL, table_set, 0, ETH0, 8, ADD, {})
-        self.refused(RANGE_CHECK_FAIL, table_set, 0, ETH0, 6, 3, {})
-        self.refused(RANGE_CHECK_FAIL, table_set, 0, ETH0, 6, ADD, {"ref_point": 4})
+        self.refused("GLBL_ENTRY_EXIST", table_set, 0, ETH0, 7, ADD, {})
+        self.refused("GLBL_ENTRY_NOT_FOUND", table_set, 0, ETH0, 6, MODIFY, {})
+        self.refused("GLBL_RANGE_CHECK_FAIL", table_set, 0, ETH0, 8, ADD, {})
+        self.refused("GLBL_RANGE_CHECK_FAIL", table_set, 0, ETH0, 6, 3, {})
+        self.refused("GLBL_RANGE_CHECK_FAIL", table_set, 0, ETH0, 6, ADD, {"ref_point": 4})
         self.ok(table_set, 0, ETH0, 0, MODIFY, {"ref_point": 9, "key": 8, "valid_bitmap": 1, "mask": {"key": 1}})
 
-        # One element, and one more behind each that comes with `valid`.
         flags = {"ref_point": 1, "key": 1, "valid_bitmap": 1, "lsb_or_msb": 1}
         first = {"valid": 1, "ref_point": 2, "key": 8, "valid_bitmap": 255, "lsb_or_msb": 1, "mask": flags}
-        self.assertEqual(self.ok("vx_acl_custom_pkt_field_table_get", 0, ETH0, {}), first)
-        listed = self.ok("vx_acl_custom_pkt_field_table_get", 0, ETH0, [{"valid": 1}] * 8)
-        self.assertEqual([entry["key"] for entry in listed if entry["valid"]], [8, 70])
+        listed = self.ok("vx_acl_custom_pkt_field_table_get", 0, ETH0, [{}] * 6 + [{"key": 5}] * 2)
+        self.assertEqual(listed[0], first)
+        self.assertEqual([entry["key"] for entry in listed], [8, 0, 0, 0, 0, 0, 0, 70])
 
         # A field that a filter names stays, and a filter needs the fields that it names.
-        self.refused(KEY_RESOURCE_UNAVAIL, "vx_acl_custom_pkt_filter_add", 0, ETH0, filter_on_fields(3))
-        self.refused(KEY_RESOURCE_UNAVAIL, "vx_acl_custom_pkt_filter_add", 0, ETH0, filter_on_fields(1 << 8))
+        self.refused("FE_CLS_KEY_RESOURCE_UNAVAIL", "vx_acl_custom_pkt_filter_add", 0, ETH0, filter_on_fields(3))
+        self.refused("FE_CLS_KEY_RESOURCE_UNAVAIL", "vx_acl_custom_pkt_filter_add", 0, ETH0, filter_on_fields(1 << 8))
         self.ok("vx_acl_custom_pkt_filter_add", 0, ETH0, filter_on_fields(1 << 7))
-        self.refused(INVALID_OP, table_set, 0, ETH0, 7, DELETE, {})
+        self.refused("GLBL_INVALID_OP", table_set, 0, ETH0, 7, DELETE, {})
         self.ok("vx_acl_custom_pkt_filter_delete", 0, ETH0, filter_on_fields(1 << 7))
         self.ok(table_set, 0, ETH0, 7, DELETE, {})
-        self.refused(ENTRY_NOT_FOUND, table_set, 0, ETH0, 7, DELETE, {})
+        self.refused("GLBL_ENTRY_NOT_FOUND", table_set, 0, ETH0, 7, DELETE, {})
 
     def test_filters(self):
         for eth_type in range(1, 49):
             self.ok("vx_acl_custom_pkt_filter_add", 0, ETH0, filter_on(eth_type))
-        self.refused(ENTRY_UNAVAIL, "vx_acl_custom_pkt_filter_add", 0, ETH0, filter_on(49))
-        self.refused(DUPLICATE_FILTER, "vx_acl_custom_pkt_filter_add", 0, ETH0, filter_on(48))
-        self.refused(MODE_CONFLICT, "vx_acl_custom_pkt_filter_add", 0, ETH0, filter_on(48, NEGATIVE))
-        self.refused(RANGE_CHECK_FAIL, "vx_acl_custom_pkt_filter_add", 0, ETH0, filter_on(1, 3))
-        self.refused(INVALID_KEY_TYPE, "vx_acl_custom_pkt_filter_add", 0, ETH0, {})
+        self.refused("FE_CLS_ENTRY_UNAVAIL", "vx_acl_custom_pkt_filter_add", 0, ETH0, filter_on(49))
+        self.refused("FE_DUPLICATE_CUSTOM_FILTER", "vx_acl_custom_pkt_filter_add", 0, ETH0, filter_on(48))
+        self.refused("FE_MAC_FILTER_MODE_CONFILCT", "vx_acl_custom_pkt_filter_add", 0, ETH0, filter_on(48, NEGATIVE))
+        self.refused("GLBL_RANGE_CHECK_FAIL", "vx_acl_custom_pkt_filter_add", 0, ETH0, filter_on(1, 3))
+        self.refused("FE_CLS_INVALID_KEY_TYPE", "vx_acl_custom_pkt_filter_add", 0, ETH0, {})
         self.ok("vx_acl_custom_pkt_filter_delete", 0, ETH0, filter_on(1, NEGATIVE))
         self.ok("vx_acl_custom_pkt_filter_add", 0, ETH0, filter_on(2, DISABLE))
-        self.refused(ENTRY_NOT_FOUND, "vx_acl_custom_pkt_filter_add", 0, ETH0, filter_on(2, DISABLE))
+        self.refused("GLBL_ENTRY_NOT_FOUND", "vx_acl_custom_pkt_filter_add", 0, ETH0, filter_on(2, DISABLE))
         self.assertEqual(self.eth_types(3), [3, 4, 5])
         self.assertEqual(self.eth_types(60), list(range(3, 49)))
 

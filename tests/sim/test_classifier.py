@@ -2,11 +2,8 @@
 
 import unittest
 
-from harness import DEV_ID_INVALID, INVALID_PARAMS, RANGE_CHECK_FAIL, SimTest
+from harness import SimTest
 
-INVALID_OP, PORT_OUT_OF_RANGE, PORT_INVALID_CFG = 0x700B, 0x720A, 0x720D
-INVALID_VLAN_ID, INVALID_FE_ID, INVALID_KEY_TYPE, ENTRY_UNAVAIL = 0x7501, 0x7502, 0x7508, 0x750A
-INVALID_L4_RANGE, INVALID_DSCP = 0x7522, 0x7527
 SNI, CPU, ETH0, ETH1, NO_PORT = 0, 1, 3, 4, 0xFFFF
 UPSTREAM, DOWNSTREAM = 0, 1
 IPV4_SHORT, VLAN, VLAN_E, EXT_VLAN = 1, 8, 14, 16
@@ -30,9 +27,9 @@ class Rules(SimTest):
         # Domains share no entry and end where the classifier does.
         self.ok("vx_cls_domain_set", 0, ETH0, 0, domain(0, 16, b"default"))
         self.ok("vx_cls_domain_set", 0, ETH0, 15, domain(16, 32))
-        self.refused(ENTRY_UNAVAIL, "vx_cls_domain_set", 0, ETH0, 1, domain(15, 1))
-        self.refused(RANGE_CHECK_FAIL, "vx_cls_domain_set", 0, ETH0, 15, domain(17, 32))
-        self.refused(RANGE_CHECK_FAIL, "vx_cls_domain_set", 0, ETH0, 16, domain(0, 0))
+        self.refused("FE_CLS_ENTRY_UNAVAIL", "vx_cls_domain_set", 0, ETH0, 1, domain(15, 1))
+        self.refused("GLBL_RANGE_CHECK_FAIL", "vx_cls_domain_set", 0, ETH0, 15, domain(17, 32))
+        self.refused("GLBL_RANGE_CHECK_FAIL", "vx_cls_domain_set", 0, ETH0, 16, domain(0, 0))
         self.ok("vx_cls_domain_set", 0, ETH1, 1, domain(15, 1))
         self.assertEqual(self.ok("vx_cls_domain_get", 0, ETH0, 0, {}),
                          domain(0, 16, b"default" + bytes(13)))
@@ -42,10 +39,11 @@ class Rules(SimTest):
         self.assertEqual(self.vids(ETH0, 15, 31), (1, [100, 200]))
         self.assertEqual(self.vids(ETH0, 15, 30), (0, []))
         for domain_id, offset in ((15, 32), (0, 16), (2, 0)):
-            self.refused(ENTRY_UNAVAIL, "vx_cls_rule_set", 0, ETH0, domain_id, offset, vlan_rule(1))
-            self.refused(ENTRY_UNAVAIL, "vx_cls_rule_get", 0, ETH0, domain_id, offset, {})
+            self.refused("FE_CLS_ENTRY_UNAVAIL", "vx_cls_rule_set", 0, ETH0, domain_id, offset, vlan_rule(1))
+            self.refused("FE_CLS_ENTRY_UNAVAIL", "vx_cls_rule_get", 0, ETH0, domain_id, offset, {})
         for key_type in (-1, 15, 20):
-            self.refused(INVALID_KEY_TYPE, "vx_cls_rule_set", 0, ETH0, 0, 0, {"key_type": key_type, "entryvalid": 1})
+            self.refused("FE_CLS_INVALID_KEY_TYPE", "vx_cls_rule_set", 0, ETH0, 0, 0,
+                         {"key_type": key_type, "entryvalid": 1})
         self.ok("vx_cls_rule_set", 0, ETH0, 0, 3, dict(vlan_rule(7), key_type=VLAN_E))
 
         # The engine's list names the entries in use, in terms of flow keys.
@@ -53,14 +51,14 @@ class Rules(SimTest):
         listed = [(entry["entry_id"], entry["key_cnt"], entry["valid_key_bitmap"]) for entry in status["entry_status"]]
         self.assertEqual((status["valid_cnt"], listed[:3]), (2, [(3, 1, 1), (47, 2, 3), (0, 0, 0)]))
         self.assertEqual(self.ok("lmq_get_fe_cl_entry_status", 0, DOWNSTREAM, {})["valid_cnt"], 0)
-        self.refused(INVALID_FE_ID, "lmq_get_fe_cl_entry_status", 0, 3, {})
+        self.refused("FE_INVALID_FE_ID", "lmq_get_fe_cl_entry_status", 0, 3, {})
         self.ok("lmq_dump_cls_key_list", 0, ETH0)
         self.assertIn("port 3 entry 47: in use, key type 8, keys 0x03", self.printed())
         self.assertNotIn("entry 46", self.printed())
-        self.refused(RANGE_CHECK_FAIL, "lmq_dump_cls_key", 0, ETH0, 48)
+        self.refused("GLBL_RANGE_CHECK_FAIL", "lmq_dump_cls_key", 0, ETH0, 48)
 
         # A domain keeps its entries while they hold rules.
-        self.refused(INVALID_OP, "vx_cls_domain_set", 0, ETH0, 15, domain(16, 31))
+        self.refused("GLBL_INVALID_OP", "vx_cls_domain_set", 0, ETH0, 15, domain(16, 31))
         self.ok("vx_cls_domain_set", 0, ETH0, 15, domain(16, 32, b"renamed"))
         self.ok("vx_cls_domain_rule_clear", 0, ETH0, 15)
         self.assertEqual(self.vids(ETH0, 15, 31), (0, []))
@@ -76,12 +74,12 @@ class Rules(SimTest):
         self.ok("vx_cls_domain_set", 0, SNI, 3, domain(8, 2))
         record = {"permit": 9, "cos": 5, "dscp": 40, "valid": {"mask_s": {"cos_fields": 1}}}
         self.ok("vx_cls_fib_set", 0, SNI, 3, 15, record)
-        self.refused(ENTRY_UNAVAIL, "vx_cls_fib_set", 0, SNI, 3, 16, {})
-        for member, value, flag, status in (("top_vid", 4096, "vlan_fields", INVALID_VLAN_ID),
-                                            ("dscp", 64, "dscp_fields", INVALID_DSCP),
-                                            ("top_dot1p", 8, "dot1p_fields", RANGE_CHECK_FAIL),
-                                            ("dst_port_num", 6, "dst_port_fields", PORT_OUT_OF_RANGE),
-                                            ("flow_id_sel", 5, "rate_limit_fields", RANGE_CHECK_FAIL)):
+        self.refused("FE_CLS_ENTRY_UNAVAIL", "vx_cls_fib_set", 0, SNI, 3, 16, {})
+        for member, value, flag, status in (("top_vid", 4096, "vlan_fields", "FE_INVALID_VLAN_ID"),
+                                            ("dscp", 64, "dscp_fields", "FE_CLS_KEY_INVALID_DSCP_VALUE"),
+                                            ("top_dot1p", 8, "dot1p_fields", "GLBL_RANGE_CHECK_FAIL"),
+                                            ("dst_port_num", 6, "dst_port_fields", "PORT_NUM_OUT_OF_RANGE"),
+                                            ("flow_id_sel", 5, "rate_limit_fields", "GLBL_RANGE_CHECK_FAIL")):
             record = {member: value, "valid": {"mask_s": {flag: 1}}}
             self.refused(status, "vx_cls_fib_set", 0, SNI, 3, 15, record)
             self.refused(status, "vx_cls_no_match_fib_set", 0, SNI, record)
@@ -96,7 +94,7 @@ class Rules(SimTest):
         self.ok("vx_cls_type_no_match_set", 0, SNI, 1 << VLAN | 1 << EXT_VLAN, -1)
         self.ok("vx_cls_type_no_match_set", 0, SNI, 1 << VLAN, 0)
         self.assertEqual(self.ok("vx_cls_type_no_match_get", 0, SNI, 0xF7FFF, 0), 1 << EXT_VLAN)
-        self.refused(INVALID_KEY_TYPE, "vx_cls_type_no_match_set", 0, SNI, 1 << 15, 0)
+        self.refused("FE_CLS_INVALID_KEY_TYPE", "vx_cls_type_no_match_set", 0, SNI, 1 << 15, 0)
 
 
 class PortState(SimTest):
@@ -113,10 +111,11 @@ class PortState(SimTest):
             self.assertEqual(self.ok(read, 0, ETH0, *keys, count - 1, {}), value)
             self.assertNotEqual(self.ok(read, 0, ETH1, *keys, count - 1, {}), value)
             self.assertNotEqual(self.ok(read, 0, ETH0, *keys, count - 2, {}), value)
-            self.refused(RANGE_CHECK_FAIL, write, 0, ETH0, *keys, count, value)
-            self.refused(PORT_OUT_OF_RANGE, read, 0, 6, *keys, 0, {})
-        self.refused(INVALID_L4_RANGE, "vx_cls_l4_port_range_set", 0, ETH0, 0, 0, {"low_port": 2, "high_port": 1})
-        self.refused(RANGE_CHECK_FAIL, "vx_cls_l4_port_range_set", 0, ETH0, 4, 0, {})
+            self.refused("GLBL_RANGE_CHECK_FAIL", write, 0, ETH0, *keys, count, value)
+            self.refused("PORT_NUM_OUT_OF_RANGE", read, 0, 6, *keys, 0, {})
+        self.refused("FE_CLS_INVALID_PORT_RANGE_FOR_L4_PORT", "vx_cls_l4_port_range_set", 0, ETH0, 0, 0,
+                     {"low_port": 2, "high_port": 1})
+        self.refused("GLBL_RANGE_CHECK_FAIL", "vx_cls_l4_port_range_set", 0, ETH0, 4, 0, {})
         value = {"spcl_hdr_mode_sel": 1, "spcl_hdr_after_l2hdr_en": 0, "spcl_hdr_after_iphdr_en": 1,
                  "spcl_hdr_after_l4hdr_en": 0, "spcl_hdr_parsing_en": 1, "spcl_glb_hdr_strt_idx": 77}
         self.ok("vx_cls_spcl_ptn_ctrl_set", 0, CPU, value)
@@ -126,7 +125,8 @@ class PortState(SimTest):
 
     def test_control_and_aging(self):
         high, low = [2, 0, 0, 0, 0, 9], [2, 0, 0, 0, 0, 1]
-        self.refused(INVALID_PARAMS, "vx_cls_ctrl_set", 0, ETH0, {"mac_da_low": high, "valid": {"mac_da_range": 1}})
+        self.refused("GLBL_INVALID_PARAMS", "vx_cls_ctrl_set", 0, ETH0,
+                     {"mac_da_low": high, "valid": {"mac_da_range": 1}})
         self.ok("vx_cls_ctrl_set", 0, ETH0,
                 {"mac_da_low": low, "mac_da_high": high, "tos_ecn_msk_en": 1, "valid": {"mac_da_range": 1}})
         self.ok("vx_cls_aging_timer_set", 0, ETH0, 40, {"entry_dynamic": 1, "max_limit": 4})
@@ -142,14 +142,14 @@ class PortState(SimTest):
     def test_mirror_and_counters(self):
         self.ok("vx_port_mirror_set", 0, ETH1, 1 << ETH0, 1 << SNI)
         self.assertEqual(self.call("vx_port_mirror_get", 0, 0, 0, 0), (0, [0, ETH1, 1 << ETH0, 1 << SNI]))
-        self.refused(PORT_INVALID_CFG, "vx_port_mirror_set", 0, ETH0, 1 << ETH0, 0)
-        self.refused(PORT_OUT_OF_RANGE, "vx_port_mirror_set", 0, ETH0, 1 << 6, 0)
-        self.refused(PORT_OUT_OF_RANGE, "vx_port_mirror_set", 0, NO_PORT, 1 << SNI, 0)
-        self.refused(DEV_ID_INVALID, "vx_port_mirror_set", 256, ETH1, 1, 0)  # no byte, so that 256 is not device 0
+        self.refused("PORT_INVALID_CFG", "vx_port_mirror_set", 0, ETH0, 1 << ETH0, 0)
+        self.refused("PORT_NUM_OUT_OF_RANGE", "vx_port_mirror_set", 0, ETH0, 1 << 6, 0)
+        self.refused("PORT_NUM_OUT_OF_RANGE", "vx_port_mirror_set", 0, NO_PORT, 1 << SNI, 0)
+        self.refused("DEV_ID_INVALID", "vx_port_mirror_set", 256, ETH1, 1, 0)  # no byte, so that 256 is not device 0
         self.ok("vx_port_mirror_set", 0, NO_PORT, 0, 0)
         self.assertEqual(self.call("vx_port_mirror_get", 0, 0, 0, 0), (0, [0, NO_PORT, 0, 0]))
         self.assertEqual(self.call("lmq_get_fe_pkt_stats", 0, UPSTREAM, {}, 1)[1][2]["ingr_pkt_cnt"], 0)
-        self.refused(INVALID_FE_ID, "lmq_clear_fe_pkt_stats", 0, -1)
+        self.refused("FE_INVALID_FE_ID", "lmq_clear_fe_pkt_stats", 0, -1)
 
 
 if __name__ == "__main__":

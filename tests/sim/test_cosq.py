@@ -2,12 +2,12 @@
 
 import unittest
 
-from scenario import Scenario
+from harness import SimTest
 
 SNI, ETH0, ETH1 = 0, 3, 4
 
 
-class ClassOfService(Scenario):
+class ClassOfService(SimTest):
     def test_maps_take_the_arrays_of_their_mask(self):
         # Of each map: two arrays with their bits, and a value that the first of them refuses.
         for kind, size, first, second in (("dot1p", 8, ("dot1p_to_dscp", 2, 64), ("dot1p_to_policer", 16)),
@@ -57,6 +57,17 @@ class ClassOfService(Scenario):
         self.assertEqual(self.echo("vx_cosq_sched_get", 0, ETH0, {})[2], {"sched_mode": 2, "num_sp_queues": 8})
         for bad in {"sched_mode": 3}, {"num_sp_queues": 9}:
             self.refused("GLBL_RANGE_CHECK_FAIL", "vx_cosq_sched_set", 0, ETH0, bad)
+
+    def test_queues_in_external_memory_are_told_in_bytes(self):
+        self.ok("lmq_shutdown_system")
+        self.device = {"pkt_mem_mode": 1}
+        self.start()
+        for size, set_at, size_told, set_at_told in (100, 80, 4800, 3840), (1 << 30, 0, -1, 0):
+            self.ok("vx_cosq_queue_set", 0, ETH0, 2, {"max_buff_size": size, "back_press_set_thresh": set_at,
+                                                      "back_press_clr_thresh": 10, "valid": {"mask": 0x3f}})
+            queue = self.echo("vx_bm_queue_status_get", 0, ETH0, {})[2]["ebm_que_status"][2]
+            self.assertEqual((queue["que_size"], queue["high_thresh"], queue["low_thresh"]),
+                             (size_told, set_at_told, 480))
 
     def test_shapers(self):
         rate = {"shaping_rate": 1000, "cbs": 64}

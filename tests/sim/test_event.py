@@ -2,11 +2,9 @@
 
 import unittest
 
-from harness import ENTRY_EXIST, SimTest
+from harness import SimTest
 
-INVALID_TYPE, NOT_REGISTERED, INVALID_PORT, INVALID_CFG = 0x7700, 0x7703, 0x7706, 0x7707
-NO_HOLDOVER, NO_POLLING, NO_THROTTLE, PORT_OUT_OF_RANGE = 0x770A, 0x770B, 0x770C, 0x720A
-TIMER, THROTTLED, LINK, LOS, LOF, LEARNED = 0x002, 0x00D, 0x203, 0x406, 0x407, 0x606
+TIMER, GPIO, THROTTLED, LINK, LOS, LOF, LEARNED = 0x002, 0x005, 0x00D, 0x203, 0x406, 0x407, 0x606
 SNI, ETH0 = 0, 3
 
 
@@ -85,6 +83,34 @@ class Events(SimTest):
         self.occur(LEARNED, SNI, 8)
         self.assertEqual((self.pending(LEARNED, SNI, 7), self.pending(LEARNED, SNI, 8)), (1, 0))
 
+    def test_holdover_of_a_condition_that_has_gone(self):
+        def admin(up):
+            self.ok("vx_eth_port_config_set", 0, ETH0, {"admin_status": up, "valid": {"admin_status": 1}})
+
+        self.ok("lmq_register_debug_event", 0, LINK, 0, {"all_ports": 1})
+        self.ok("vx_event_holdover_set", 0, LINK, {"enable": 1, "port_num": ETH0, "holdover_time": 20})
+        link = "event 0x203 port 3"
+        admin(1)
+        admin(0)
+        self.assertEqual((self.pending(LINK, ETH0), self.count(LINK, ETH0)), (0, 2))
+        self.wait(300)
+        self.assertEqual(self.printed().count(link), 0, "the link came and went")
+        for up in 1, 0, 1:
+            admin(up)
+        self.wait(300)
+        self.assertEqual(self.printed().count(link), 1, "the link has stayed")
+
+        # The same of interrupts that are cleared, and of an FDB that has room again.
+        self.ok("lmq_register_debug_event", 0, GPIO, 0, {"all_ports": 1})
+        for notified, cleared in (0, 1), (1, 0):
+            self.ok("vx_event_holdover_set", 0, GPIO, {"enable": 1, "holdover_time": 20})
+            self.ok("vx_gpio_set", 0, 0, {"direction": 2, "intr_en": 1})
+            self.assertEqual(self.pending(GPIO), 1)
+            if cleared:
+                self.ok("lmq_clear_gpio_intr", 0, 0, 1)
+            self.wait(300)
+            self.assertEqual(self.printed().count("event 0x005"), notified)
+
     def test_throttling(self):
         throttle = {"enable": 1, "count": 2, "interval": 20}  # 200 ms
         self.ok("vx_event_throttle_set", 0, LOS, throttle)
@@ -112,23 +138,37 @@ class Events(SimTest):
         self.ok("lmq_ctrl_interrupts", 0, 1)
         self.assertEqual((self.pending(), self.notified()), (0, 1))
 
-        self.refused(ENTRY_EXIST, "lmq_register_debug_event", 0, LOS, 0, {"all_ports": 1})
-        self.refused(NOT_REGISTERED, "lmq_deregister_debug_event", 0, LOS, 1, {"all_ports": 1})
+        # Neither is the throttling notice notified, and a holdover goes on meanwhile.
+        self.ok("lmq_register_debug_event", 0, THROTTLED, 0, {"all_ports": 1})
+        self.ok("vx_event_throttle_set", 0, LOF, {"enable": 1, "count": 1, "interval": 1})
+        self.ok("vx_event_holdover_set", 0, LOS, {"enable": 1, "holdover_time": 20})
+        self.ok("lmq_ctrl_interrupts", 0, 0)
+        self.occur(LOF)
+        self.occur()
+        self.assertEqual((self.printed().count("event 0x00d"), self.pending(THROTTLED)), (0, 1))
+        self.ok("lmq_ctrl_interrupts", 0, 1)
+        self.assertEqual((self.printed().count("event 0x00d"), self.notified()), (1, 1))
+        self.wait(200)
+        self.assertEqual(self.notified(), 2)
+        self.ok("vx_event_holdover_set", 0, LOS, {})
+
+        self.refused("GLBL_ENTRY_EXIST", "lmq_register_debug_event", 0, LOS, 0, {"all_ports": 1})
+        self.refused("EVT_NOT_REGISTERED", "lmq_deregister_debug_event", 0, LOS, 1, {"all_ports": 1})
         self.ok("lmq_deregister_debug_event", 0, LOS, 0, {"all_ports": 1})
         self.occur()
-        self.assertEqual(self.notified(), 1)
+        self.assertEqual(self.notified(), 2)
 
     def test_what_is_refused(self):
         for event in (-1, 0x015, 0x1FF, 0x418, 0x608, 0x902):
-            self.refused(INVALID_TYPE, "lmq_dbg_generate_event", 0, event, 0, 0)
-            self.refused(INVALID_TYPE, "vx_event_count_get", 0, event, 0, 0, 0, 0)
-        self.refused(INVALID_PORT, "vx_event_count_clear", 0, LINK, SNI, 0)
-        self.refused(PORT_OUT_OF_RANGE, "vx_event_status_poll", 0, LINK, 6, 0, {})
-        self.refused(NO_POLLING, "vx_event_status_poll", 0, TIMER, 0, 0, {})
-        self.refused(NO_HOLDOVER, "vx_event_holdover_set", 0, TIMER, {})
-        self.refused(NO_THROTTLE, "vx_event_throttle_set", 0, TIMER, {})
-        self.refused(INVALID_CFG, "vx_event_throttle_set", 0, LOS, {"enable": 1, "count": 1})
-        self.refused(INVALID_CFG, "vx_event_global_throttle_set", 0, {"enable": 1, "interval": 1})
+            self.refused("EVT_INVALID_EVT_TYPE", "lmq_dbg_generate_event", 0, event, 0, 0)
+            self.refused("EVT_INVALID_EVT_TYPE", "vx_event_count_get", 0, event, 0, 0, 0, 0)
+        self.refused("EVT_INVALID_PORT", "vx_event_count_clear", 0, LINK, SNI, 0)
+        self.refused("PORT_NUM_OUT_OF_RANGE", "vx_event_status_poll", 0, LINK, 6, 0, {})
+        self.refused("EVT_POLLING_NOT_SUPPORTED", "vx_event_status_poll", 0, TIMER, 0, 0, {})
+        self.refused("EVT_HOLDOVER_NOT_SUPPORTED", "vx_event_holdover_set", 0, TIMER, {})
+        self.refused("EVT_THROTTLE_NOT_SUPPORTED", "vx_event_throttle_set", 0, TIMER, {})
+        self.refused("EVT_INVALID_CFG", "vx_event_throttle_set", 0, LOS, {"enable": 1, "count": 1})
+        self.refused("EVT_INVALID_CFG", "vx_event_global_throttle_set", 0, {"enable": 1, "interval": 1})
 
 
 if __name__ == "__main__":

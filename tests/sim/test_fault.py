@@ -2,9 +2,8 @@
 
 import unittest
 
-from harness import SUCCESS, SimTest
+from harness import SimTest
 
-BUSY, HW_FAILURE = 0x7108, 0x7106
 
 
 class Faults(SimTest):
@@ -12,15 +11,17 @@ class Faults(SimTest):
                                    "lmq_dump_register:VX_ERR_DEV_BUSY:2"}
 
     def start(self):
-        self.refused(BUSY, "lmq_init_system", {"num_dev": 1, "dev_cfg": [{"enbl": 1}]})
+        self.refused("DEV_BUSY", "lmq_init_system", {"num_dev": 1, "dev_cfg": [{"enbl": 1}]})
         super().start()
 
     def test_calls_fail(self):
         for pin in 0, 1:
-            self.refused(HW_FAILURE, "vx_gpio_read", 0, pin, 0)
+            self.refused("DEV_HW_FAILURE", "vx_gpio_read", 0, pin, 0)
         self.ok("vx_gpio_get", 0, 0, {})
         self.ok("vx_timer_set", 0, 0, {"mode": 1, "timer_val": 1000})
-        self.assertEqual([self.call("vx_timer_stop", 0, 0)[0] for _ in range(3)], [SUCCESS, BUSY, SUCCESS])
+        self.ok("vx_timer_stop", 0, 0)
+        self.refused("DEV_BUSY", "vx_timer_stop", 0, 0)
+        self.ok("vx_timer_stop", 0, 0)
         # It has no status: a count of 0 says that it has failed.
         self.assertEqual([self.call("lmq_dump_register", 0, 0, 4, 2)[0] for _ in range(3)], [2, 0, 2])
 
@@ -43,7 +44,7 @@ class Bad(SimTest):
                 self.ok("vx_gpio_get", 0, 0, {})
                 lines = [line for line in self.printed().splitlines() if "LMQ_SIM_FAIL" in line]
                 self.assertEqual(len(lines), 1)
-                self.assertTrue(lines[0].startswith(f'lmq: LMQ_SIM_FAIL has "{rule}": expected '), lines[0])
+                self.assertIn(f'lmq: LMQ_SIM_FAIL has "{rule}": expected ', lines[0])
                 self.assertIn(text, lines[0])
 
 

@@ -2,7 +2,7 @@
 
 import unittest
 
-from scenario import Scenario
+from harness import SimTest
 
 SNI, CPU, MGMT, ETH0, ETH1 = range(5)
 MAC_VLAN, EXT_VLAN_DSCP, GEM_CTRL_PKT = 3, 14, 16
@@ -13,7 +13,7 @@ def key(vid, key_type=MAC_VLAN):
     return {"key_type": key_type, "key_s": {"mac_vlan": {"o_vid": vid}}}
 
 
-class Flow(Scenario):
+class Base(SimTest):
     def add(self, direction, port, vid, action=None, priority=0):
         return self.echo(f"vx_flow_{direction}_add", 0, port, key(vid), action or {}, priority, 0)[5]
 
@@ -25,6 +25,8 @@ class Flow(Scenario):
     def action(self, flow):
         return self.echo("vx_flow_us_get", 0, flow, {}, {})[3]
 
+
+class Flow(Base):
     def test_life_of_flows(self):
         for direction in "us", "ds":
             flows = [self.add(direction, ETH0, vid, priority=4) for vid in (1, 2, 3)]
@@ -102,6 +104,23 @@ class Flow(Scenario):
         self.assertEqual([cfg["flow_id"] for cfg in self.listed("us", ETH0, 70)], flows)
         self.ok("vx_flow_us_delete", 0, flows[9])
         self.add("us", ETH0, 64)
+
+
+class Epon(Base):
+    device = {"dev_mode": 1}
+
+    def test_mapping_overrides_a_fixed_queue(self):
+        flow = self.add("us", ETH0, 1, {"queue_id": 2, "valid": {"mask_s": {"queue_id": 1}}})
+        free = self.add("us", ETH0, 2)
+        for llid, queue in (0, 2), (7, 28), (1, 4), (1, 4):
+            self.ok("vx_flow_us_map", 0, flow, SNI, llid)
+            kept = self.action(flow)
+            self.assertEqual((kept["queue_id"], kept["valid"]["mask_s"]["queue_id"]), (queue, 1))
+            self.ok("vx_flow_us_map", 0, free, SNI, llid)
+            self.assertEqual(self.action(free)["valid"]["mask_s"]["queue_id"], 0)
+        self.assertEqual(self.listed("us", ETH0, 1)[0]["map_sub_port"], 1)
+        self.refused("GLBL_RANGE_CHECK_FAIL", "vx_flow_us_map", 0, flow, SNI, 8)
+        self.ok("vx_flow_us_map", 0, flow, CPU, 8)
 
 
 if __name__ == "__main__":

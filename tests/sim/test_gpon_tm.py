@@ -2,13 +2,20 @@
 
 import unittest
 
-from scenario import Scenario
+from harness import INTERFACE, SimTest
 
 SNI, CPU, ETH0 = 0, 1, 3
 NO_QUEUE = 0xffff
+# The functions of the family, by the names that others do not have.
+HERE = {name for name in INTERFACE.functions
+        if name.startswith("vx_gpon_onu_") and any(part in name for part in (
+            "_tm_info", "_sched", "_queue_map", "_traffic_desc", "_rate_limit", "_stats_", "_queue_status"))
+        or name.endswith("_gpon_ploam_stats")}
 
 
-class GponTm(Scenario):
+class GponTm(SimTest):
+    clock = 100  # as long as the ONU stays in a state on its way
+
     def queues(self, tcont):
         return self.echo("vx_gpon_onu_tcont_queue_status_get", 0, SNI, {})[2]["que_bitmap"][tcont]
 
@@ -104,25 +111,63 @@ class GponTm(Scenario):
         self.ok("vx_gpon_onu_gem_traffic_desc_delete", 0, descriptor)
         self.ok("vx_gpon_onu_gem_port_add_to_bridge", 0, 0, gem, bridge)
 
-    def test_counters_belong_to_the_pon(self):
+    def test_counters_belong_to_what_is_there(self):
+        tcont, gem = 7, 4095
+        for status, block, key in (("GPON_TCONT_NOT_ENABLED", "tcont", tcont), ("GLBL_ENTRY_NOT_FOUND", "gem", gem)):
+            self.refused(status, f"vx_gpon_onu_{block}_stats_get", 0, SNI, key, {}, 0)
+            self.refused(status, f"vx_gpon_onu_{block}_stats_clear", 0, SNI, key)
+        self.ok("vx_gpon_onu_tcont_stats_get", 0, SNI, 0, {}, 0)
+        self.ok("vx_gpon_onu_tcont_enable_set", 0, SNI, tcont, 1, {"alloc_id": 256})
+        self.ok("vx_gpon_onu_gem_port_add", 0, SNI, gem, {"direction": 2})
         for block in "mac", "fec", "ploam", "omcc", "tcont", "gem":
-            key = {"tcont": [7], "gem": [4095]}.get(block, [])
+            key = {"tcont": [tcont], "gem": [gem]}.get(block, [])
             clear = [] if block == "mac" else [1]
             with self.subTest(block):
-                stats = self.echo(f"vx_gpon_onu_{block}_stats_get", 0, SNI, *key, {}, *clear)[2 + len(key)]
-                flat = [n for value in stats.values() for n in (value if isinstance(value, list) else [value])]
-                self.assertEqual(set(flat), {0})
-                self.ok(f"vx_gpon_onu_{block}_stats_clear", 0, SNI, *key)
+                self.ok(f"vx_gpon_onu_{block}_stats_get", 0, SNI, *key, {}, *clear)
                 for status, port in ("PORT_TYPE_MISMATCH", ETH0), ("PORT_NUM_OUT_OF_RANGE", 6):
                     self.refused(status, f"vx_gpon_onu_{block}_stats_get", 0, port, *key, {}, *clear)
                     self.refused(status, f"vx_gpon_onu_{block}_stats_clear", 0, port, *key)
                 self.refused("DEV_NULL_PTR", f"vx_gpon_onu_{block}_stats_get", 0, SNI, *key, [], *clear)
         self.refused("GPON_INVALID_TCONT", "vx_gpon_onu_tcont_stats_clear", 0, SNI, 8)
         self.refused("GPON_INVALID_GEM_PORT", "vx_gpon_onu_gem_stats_clear", 0, SNI, 4096)
-        for switch in "enable", "disable":
-            self.ok(f"lmq_{switch}_gpon_ploam_stats", 0, SNI, 0, 2, [1, 18])
-            self.ok(f"lmq_{switch}_gpon_ploam_stats", 0, SNI, 1, 0, [])
-            self.refused("DEV_NULL_PTR", f"lmq_{switch}_gpon_ploam_stats", 0, SNI, 0, 2, [])
+
+    def test_messages_are_counted_by_type(self):
+        def counted():
+            self.ok("vx_gpon_onu_port_enable_set", 0, SNI, 1)
+            for _ in range(4):
+                self.ok("vx_gpon_onu_port_config_get", 0, SNI, {})
+            self.ok("vx_gpon_onu_ploam_us_set", 0, SNI, [1, 9] + [0] * 11, 13)
+            self.ok("vx_gpon_onu_port_enable_set", 0, SNI, 0)
+            stats = self.echo("vx_gpon_onu_ploam_stats_get", 0, SNI, {}, 0)[2]
+            return [{n: count for n, count in enumerate(stats[key]) if count}
+                    for key in ("rx_ploamd_cnt", "tx_ploamu_cnt")]
+
+        # Upstream_Overhead, Assign_ONU-ID and Ranging_Time come on the way to operation.
+        enable, disable = (f"lmq_{switch}_gpon_ploam_stats" for switch in ("enable", "disable"))
+        self.assertEqual(counted(), [{}, {}])
+        self.ok(enable, 0, SNI, 0, 2, [1, 4, 3])
+        self.assertEqual(counted(), [{1: 1, 4: 1}, {}])
+        self.ok(enable, 0, SNI, 1, 0, [])
+        self.assertEqual(counted(), [{1: 2, 3: 1, 4: 2}, {9: 1}])
+        self.ok(disable, 0, SNI, 0, 2, [1, 9])
+        self.assertEqual(counted(), [{3: 2, 4: 3}, {}])
+        self.ok(disable, 0, SNI, 1, 0, [])
+        self.assertEqual(counted(), [{}, {}])
+        for switch in enable, disable:
+            self.refused("DEV_NULL_PTR", switch, 0, SNI, 0, 2, [])
+            self.refused("PORT_TYPE_MISMATCH", switch, 0, ETH0, 1, 0, [])
+
+
+class Epon(SimTest):
+    device = {"dev_mode": 1}
+
+    def test_has_no_pon(self):
+        signatures = {name: function for name, function in INTERFACE.functions.items() if name in HERE}
+        self.assertEqual(len(signatures), 32)
+        for name, function in signatures.items():
+            arguments = [[{}] if argument.pointer and argument.type in INTERFACE.records else 0
+                         for argument in function.arguments]
+            self.refused("PORT_TYPE_MISMATCH", name, *arguments)
 
 
 if __name__ == "__main__":

@@ -2,12 +2,8 @@
 
 import unittest
 
-from harness import (DEV_NULL_PTR, ENTRY_EXIST, ENTRY_NOT_FOUND, INVALID_PARAMS, RANGE_CHECK_FAIL, RESOURCE_UNAVAIL,
-                     SimTest)
+from harness import SimTest
 
-PORT_OUT_OF_RANGE, INVALID_VLAN_ID, FILTER_MODE_CONFLICT = 0x720A, 0x7501, 0x752C
-FDB_NOT_FOUND, FDB_FULL, FDB_TABLE_SIZE, FDB_VLAN_LEARNING = 0x750B, 0x750C, 0x750D, 0x750E
-FDB_PACKET_ACTION, FDB_LEARNING_ACTION = 0x750F, 0x7510
 DYNAMIC, STATIC, BOTH = 1, 2, 3
 SNI, ETH0, ETH1, ALL_PORTS = 0, 3, 4, 0xFFFF
 
@@ -28,7 +24,7 @@ class Fdb(SimTest):
         while True:
             status, echo = self.call("vx_l2_fdb_entry_get_next", 0, port, handle, mode, {}, 0)
             if status:
-                self.assertEqual(status, FDB_NOT_FOUND)
+                self.assertEqual(self.name_of(status), "VX_ERR_FE_FDB_ENTRY_NOT_FOUND")
                 return entries
             self.assertEqual(echo[2], handle)
             handle = echo[5]
@@ -42,7 +38,7 @@ class Fdb(SimTest):
         third = self.add(DYNAMIC, entry(2, ETH0, vid_valid=1, vlan_id=101))
         self.assertEqual(len({0, first, second, third}), 4)
         for double in (entry(1, ETH1), entry(2, ETH0, vid_valid=9, vlan_id=100, p_bit=3)):
-            self.refused(ENTRY_EXIST, "vx_l2_fdb_entry_add", 0, STATIC, double, 0)
+            self.refused("GLBL_ENTRY_EXIST", "vx_l2_fdb_entry_add", 0, STATIC, double, 0)
 
         self.assertEqual(list(self.walk()), [first, second, third])
         self.assertEqual(list(self.walk(mode=DYNAMIC)), [second, third])
@@ -52,10 +48,10 @@ class Fdb(SimTest):
                          ([2, 0, 0, 0, 0, 1], 1, 0, 0))
         self.assertEqual(self.walk()[second]["vlan_id"], 100)
 
-        self.refused(FDB_NOT_FOUND, "vx_l2_fdb_entry_delete", 0, DYNAMIC, first, {})
+        self.refused("FE_FDB_ENTRY_NOT_FOUND", "vx_l2_fdb_entry_delete", 0, DYNAMIC, first, {})
         self.ok("vx_l2_fdb_entry_delete", 0, STATIC, first, [])
-        self.refused(FDB_NOT_FOUND, "vx_l2_fdb_entry_delete", 0, BOTH, first, {})
-        self.refused(DEV_NULL_PTR, "vx_l2_fdb_entry_delete", 0, BOTH, 0, [])
+        self.refused("FE_FDB_ENTRY_NOT_FOUND", "vx_l2_fdb_entry_delete", 0, BOTH, first, {})
+        self.refused("DEV_NULL_PTR", "vx_l2_fdb_entry_delete", 0, BOTH, 0, [])
         self.ok("vx_l2_fdb_entry_delete", 0, BOTH, 0, entry(2, vid_valid=1, vlan_id=100))
         _, echo = self.call("vx_l2_fdb_entry_get_next", 0, ALL_PORTS, second, BOTH, {}, 0)
         self.assertEqual(echo[5], third, "a walk stops where an entry was deleted")
@@ -82,23 +78,29 @@ class Fdb(SimTest):
         for _ in range(20):
             self.assertEqual(len(self.walk()), 2)
 
+    def test_reset_of_the_engine(self):
+        static = self.add(STATIC, entry(1))
+        self.add(DYNAMIC, entry(2))
+        self.ok("lmq_reset_device", 0, {"rst_mode": 2, "mod_id_bit_map": 1 << 17})
+        self.assertEqual(list(self.walk()), [static])
+
     def test_capacity(self):
         for number in range(1024):
             last = self.add(DYNAMIC, entry(number))
-        self.refused(FDB_FULL, "vx_l2_fdb_entry_add", 0, DYNAMIC, entry(1024), 0)
-        self.refused(ENTRY_EXIST, "vx_l2_fdb_entry_add", 0, DYNAMIC, entry(0), 0)
+        self.refused("FE_FDB_ENTRY_UNAVAIL", "vx_l2_fdb_entry_add", 0, DYNAMIC, entry(1024), 0)
+        self.refused("GLBL_ENTRY_EXIST", "vx_l2_fdb_entry_add", 0, DYNAMIC, entry(0), 0)
         self.ok("vx_l2_fdb_entry_delete", 0, BOTH, last, {})
         self.assertGreater(self.add(DYNAMIC, entry(1024)), last, "a handle is given out again at once")
 
     def test_bad_entries(self):
-        for status, kind, what in ((RANGE_CHECK_FAIL, BOTH, entry(1)), (RANGE_CHECK_FAIL, 0, entry(1)),
-                                   (PORT_OUT_OF_RANGE, STATIC, entry(1, 6)),
-                                   (INVALID_PARAMS, STATIC, {"port_id": ETH0}),
-                                   (INVALID_VLAN_ID, STATIC, entry(1, vid_valid=1, vlan_id=4096)),
-                                   (RANGE_CHECK_FAIL, STATIC, entry(1, p_bit_valid=1, p_bit=8))):
+        for status, kind, what in (("GLBL_RANGE_CHECK_FAIL", BOTH, entry(1)), ("GLBL_RANGE_CHECK_FAIL", 0, entry(1)),
+                                   ("PORT_NUM_OUT_OF_RANGE", STATIC, entry(1, 6)),
+                                   ("GLBL_INVALID_PARAMS", STATIC, {"port_id": ETH0}),
+                                   ("FE_INVALID_VLAN_ID", STATIC, entry(1, vid_valid=1, vlan_id=4096)),
+                                   ("GLBL_RANGE_CHECK_FAIL", STATIC, entry(1, p_bit_valid=1, p_bit=8))):
             self.refused(status, "vx_l2_fdb_entry_add", 0, kind, what, 0)
-        self.refused(DEV_NULL_PTR, "vx_l2_fdb_entry_get_next", 0, ETH0, 0, BOTH, [], 0)
-        self.refused(PORT_OUT_OF_RANGE, "vx_l2_fdb_entry_get_next", 0, 6, 0, BOTH, {}, 0)
+        self.refused("DEV_NULL_PTR", "vx_l2_fdb_entry_get_next", 0, ETH0, 0, BOTH, [], 0)
+        self.refused("PORT_NUM_OUT_OF_RANGE", "vx_l2_fdb_entry_get_next", 0, 6, 0, BOTH, {}, 0)
         self.assertEqual(self.walk(), {})
 
 
@@ -111,16 +113,16 @@ class Filter(SimTest):
         self.ok("vx_l2_mac_addr_filter_add", 0, ETH0, 3, self.macs(1, 2, 3))
         _, echo = self.call("vx_l2_mac_addr_filter_get", 0, ETH0, 2, [{}, {}, {}], 0)
         self.assertEqual(echo[3:], [self.macs(1, 2) + [{"mac_addr": [0] * 6}], 2])
-        self.refused(ENTRY_EXIST, "vx_l2_mac_addr_filter_add", 0, ETH0, 2, self.macs(4, 1))
-        self.refused(ENTRY_NOT_FOUND, "vx_l2_mac_addr_filter_delete", 0, ETH0, 0, 2, self.macs(1, 4))
+        self.refused("GLBL_ENTRY_EXIST", "vx_l2_mac_addr_filter_add", 0, ETH0, 2, self.macs(4, 1))
+        self.refused("GLBL_ENTRY_NOT_FOUND", "vx_l2_mac_addr_filter_delete", 0, ETH0, 0, 2, self.macs(1, 4))
         self.assertEqual(self.ok("vx_l2_mac_addr_filter_get", 0, ETH0, 9, [{}] * 9, 0), 3, "half of a list was taken")
-        self.refused(RESOURCE_UNAVAIL, "vx_l2_mac_addr_filter_add", 0, ETH0, 14, self.macs(*range(10, 24)))
-        self.refused(INVALID_PARAMS, "vx_l2_mac_addr_filter_add", 0, ETH0, 9, self.macs(7))
-        self.refused(INVALID_PARAMS, "vx_l2_mac_addr_filter_add", 0, ETH0, 1, [{"mac_addr": [255] * 6}])
-        self.refused(RANGE_CHECK_FAIL, "vx_l2_mac_addr_filter_add", 0, ETH0, 17, self.macs(*range(10, 27)))
-        self.refused(DEV_NULL_PTR, "vx_l2_mac_addr_filter_delete", 0, ETH0, 0, 1, [])
+        self.refused("GLBL_SW_RESOURCE_UNAVAIL", "vx_l2_mac_addr_filter_add", 0, ETH0, 14, self.macs(*range(10, 24)))
+        self.refused("GLBL_INVALID_PARAMS", "vx_l2_mac_addr_filter_add", 0, ETH0, 9, self.macs(7) + [{}] * 8)
+        self.refused("GLBL_INVALID_PARAMS", "vx_l2_mac_addr_filter_add", 0, ETH0, 1, [{"mac_addr": [255] * 6}])
+        self.refused("GLBL_RANGE_CHECK_FAIL", "vx_l2_mac_addr_filter_add", 0, ETH0, 17, self.macs(*range(10, 27)))
+        self.refused("DEV_NULL_PTR", "vx_l2_mac_addr_filter_delete", 0, ETH0, 0, 1, [])
 
-        self.refused(FILTER_MODE_CONFLICT, "vx_l2_mac_addr_filter_config_set", 0, ETH0, {"filter_type": 2})
+        self.refused("FE_MAC_FILTER_MODE_CONFILCT", "vx_l2_mac_addr_filter_config_set", 0, ETH0, {"filter_type": 2})
         self.assertEqual(self.ok("vx_l2_mac_addr_filter_config_get", 0, ETH0, {}), {"filter_type": 1})
         self.ok("vx_l2_mac_addr_filter_delete", 0, ETH0, 0, 1, self.macs(2))
         _, echo = self.call("vx_l2_mac_addr_filter_get", 0, ETH0, 2, [{}, {}], 0)
@@ -133,19 +135,22 @@ class Filter(SimTest):
 class Settings(SimTest):
     # Of each: the operations but for _set and _get, its keys, what is set with its flags, and a value that is refused.
     MASKED = (
-        ("vx_l2_learn", (0,), {"dsbl_hw_lrn": 1, "stn_mv_act": 1, "loop_det_timer": 500}, RANGE_CHECK_FAIL,
+        ("vx_l2_learn", (0,), {"dsbl_hw_lrn": 1, "stn_mv_act": 1, "loop_det_timer": 500}, "GLBL_RANGE_CHECK_FAIL",
          {"loop_det_act": 2}),
-        ("vx_l2_learn_port", (0, ETH0), {"lrn_lmt": 9, "lrn_vid_sel": 3, "enbl_vid_lrn": 1}, FDB_TABLE_SIZE,
+        ("vx_l2_learn_port", (0, ETH0), {"lrn_lmt": 9, "lrn_vid_sel": 3, "enbl_vid_lrn": 1}, "FE_FDB_INVALID_TBL_SZ",
          {"lrn_lmt": 1025}),
-        ("vx_l2_learn_port", (0, ETH0), {"dsbl_cpu_pkt_lrn": 1}, FDB_VLAN_LEARNING, {"lrn_vid_sel": 4}),
-        ("vx_l2_learn_port", (0, ETH1), {"lrn_lmt_pkt_act": 1}, FDB_PACKET_ACTION, {"lrn_lmt_pkt_act": 2}),
-        ("vx_l2_learn_port", (0, ETH1), {"lrn_lmt_lrn_act": 1}, FDB_LEARNING_ACTION, {"lrn_lmt_lrn_act": -1}),
-        ("vx_l2_mtu", (0, ETH0), {"max_pkt_size": 2000, "exclude_tag": 1}, RANGE_CHECK_FAIL, {"max_pkt_size": 63}),
+        ("vx_l2_learn_port", (0, ETH0), {"dsbl_cpu_pkt_lrn": 1}, "FE_FDB_INVALID_VLAN_LRN_OP", {"lrn_vid_sel": 4}),
+        ("vx_l2_learn_port", (0, ETH1), {"lrn_lmt_pkt_act": 1}, "FE_FDB_INVALID_LRN_LMT_PKT_ACT",
+         {"lrn_lmt_pkt_act": 2}),
+        ("vx_l2_learn_port", (0, ETH1), {"lrn_lmt_lrn_act": 1}, "FE_FDB_INVALID_LRN_LMT_LRN_ACT",
+         {"lrn_lmt_lrn_act": -1}),
+        ("vx_l2_mtu", (0, ETH0), {"max_pkt_size": 2000, "exclude_tag": 1}, "GLBL_RANGE_CHECK_FAIL",
+         {"max_pkt_size": 63}),
         ("vx_l2_port_tpid", (0, ETH0), {"ingr_outer_tpid4": 0x9100, "tpid_deny_filter_bitmap": 5}, None, None),
-        ("vx_l2_port_config", (0, ETH0), {"dft_pvid": 4095, "dft_dscp": 63, "egrs_pvid_vlan_op": 1}, INVALID_VLAN_ID,
-         {"dft_pvid": 4096}),
-        ("vx_l2_port_static_pkt_fwd_config", (0, SNI), {"bc_pkt_dpid": ETH0, "uuc_pkt_dpid": ETH1}, PORT_OUT_OF_RANGE,
-         {"mc_pkt_dpid": 6}),
+        ("vx_l2_port_config", (0, ETH0), {"dft_pvid": 4095, "dft_dscp": 63, "egrs_pvid_vlan_op": 1},
+         "FE_INVALID_VLAN_ID", {"dft_pvid": 4096}),
+        ("vx_l2_port_static_pkt_fwd_config", (0, SNI), {"bc_pkt_dpid": ETH0, "uuc_pkt_dpid": ETH1},
+         "PORT_NUM_OUT_OF_RANGE", {"mc_pkt_dpid": 6}),
     )
     # The same without flags.
     PLAIN = (
@@ -178,8 +183,8 @@ class Settings(SimTest):
                 self.assertEqual(self.ok(f"{name}_get", *key, empty), value)
                 self.assertNotEqual(self.ok(f"{name}_get", 0, ETH1, *key[2:], empty), value, "another port has it too")
                 if bad is not None:
-                    self.refused(RANGE_CHECK_FAIL, f"{name}_set", *key, bad)
-                self.refused(PORT_OUT_OF_RANGE, f"{name}_get", 0, 6, *key[2:], empty)
+                    self.refused("GLBL_RANGE_CHECK_FAIL", f"{name}_set", *key, bad)
+                self.refused("PORT_NUM_OUT_OF_RANGE", f"{name}_get", 0, 6, *key[2:], empty)
         self.ok("vx_l2_port_isolation_set", 0, 7)
         self.assertEqual(self.ok("vx_l2_port_isolation_get", 0, 0), 1)
         self.ok("vx_l2_learn_port_enable_set", 0, ETH0, 0)

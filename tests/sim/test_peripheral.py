@@ -2,9 +2,8 @@
 
 import unittest
 
-from harness import DEV_NULL_PTR, RANGE_CHECK_FAIL, SimTest
+from harness import SimTest
 
-INVALID_OP, INVALID_DIRECTION, STATE_INVALID = 0x700B, 0x7012, 0x7103
 OUTPUT, INPUT, INTERRUPT = 0, 1, 2
 
 
@@ -48,37 +47,37 @@ class Peripherals(SimTest):
         self.ok("vx_gpio_rollover_set", 0, 4, 0, 0)
         self.assertEqual(len({self.level(4) for _ in range(4)}), 1)
 
-        self.refused(INVALID_DIRECTION, "vx_gpio_write", 0, 5, 1)
-        self.refused(INVALID_DIRECTION, "vx_gpio_rollover_set", 0, 0, 1, 1)
-        self.refused(INVALID_DIRECTION, "vx_gpio_intr_enable", 0, 4, 1)
-        self.refused(RANGE_CHECK_FAIL, "vx_gpio_rollover_set", 0, 4, 1, 0)
-        self.refused(RANGE_CHECK_FAIL, "vx_gpio_write", 0, 4, 2)
-        self.refused(RANGE_CHECK_FAIL, "vx_gpio_set", 0, 4, {"direction": 3})
-        self.refused(RANGE_CHECK_FAIL, "vx_gpio_read", 0, 32, 0)
-        self.refused(RANGE_CHECK_FAIL, "lmq_clear_gpio_intr", 0, 1, 0)
-        self.refused(DEV_NULL_PTR, "vx_gpio_read", 0, 0, [])
+        self.refused("GLBL_INVALID_DIRECTION", "vx_gpio_write", 0, 5, 1)
+        self.refused("GLBL_INVALID_DIRECTION", "vx_gpio_rollover_set", 0, 0, 1, 1)
+        self.refused("GLBL_INVALID_DIRECTION", "vx_gpio_intr_enable", 0, 4, 1)
+        self.refused("GLBL_RANGE_CHECK_FAIL", "vx_gpio_rollover_set", 0, 4, 1, 0)
+        self.refused("GLBL_RANGE_CHECK_FAIL", "vx_gpio_write", 0, 4, 2)
+        self.refused("GLBL_RANGE_CHECK_FAIL", "vx_gpio_set", 0, 4, {"direction": 3})
+        self.refused("GLBL_RANGE_CHECK_FAIL", "vx_gpio_read", 0, 32, 0)
+        self.refused("GLBL_RANGE_CHECK_FAIL", "lmq_clear_gpio_intr", 0, 1, 0)
+        self.refused("DEV_NULL_PTR", "vx_gpio_read", 0, 0, [])
 
     def test_register_files(self):
         for write, read, switch, last in (("vx_i2c_write", "vx_i2c_read", ("vx_i2c_enable_set", 0, 1, 400), 255),
                                           ("vx_mdio_write", "vx_mdio_read", ("lmq_enable_mdio", 0), 31)):
-            self.refused(STATE_INVALID, write, 0, 3, 0, 1, [1])
+            self.refused("DEV_STATE_INVALID", write, 0, 3, 0, 1, [1])
             self.ok(*switch)
             self.ok(write, 0, 3, last - 2, 3, [7, 8, 9])
             self.assertEqual(self.ok(read, 0, 3, last - 3, 4, [1] * 4), [0, 7, 8, 9])
             self.assertEqual(self.ok(read, 0, 4, last, 1, [1]), [0], "another slave")
             for slave, first, count in (128, 0, 1), (3, last, 2), (3, 0, 0):
-                self.refused(RANGE_CHECK_FAIL, read, 0, slave, first, count, [0] * 2)
-            self.refused(DEV_NULL_PTR, read, 0, 3, 0, 1, [])
+                self.refused("GLBL_RANGE_CHECK_FAIL", read, 0, slave, first, count, [0] * 2)
+            self.refused("DEV_NULL_PTR", read, 0, 3, 0, 1, [])
         self.ok("lmq_disable_mdio", 0)
-        self.refused(STATE_INVALID, "vx_mdio_read", 0, 3, 0, 1, [0])
+        self.refused("DEV_STATE_INVALID", "vx_mdio_read", 0, 3, 0, 1, [0])
         self.ok("vx_mdio_speed_set", 0, 1000)
         self.assertEqual(self.ok("vx_mdio_speed_get", 0, 0), 1000)
-        self.refused(RANGE_CHECK_FAIL, "vx_i2c_enable_set", 0, 1, 0)
+        self.refused("GLBL_RANGE_CHECK_FAIL", "vx_i2c_enable_set", 0, 1, 0)
 
     def test_spi_echoes(self):
-        self.refused(STATE_INVALID, "vx_spi_byte_write", 0, 2, 1)
+        self.refused("DEV_STATE_INVALID", "vx_spi_byte_write", 0, 2, 1)
         self.ok("vx_spi_enable_set", 0, 1, 0)
-        self.refused(STATE_INVALID, "vx_spi_write", 0, 2, {"data": [1, 2]})
+        self.refused("DEV_STATE_INVALID", "vx_spi_write", 0, 2, {"data": [1, 2]})
         config = dict(self.ok("vx_spi_get", 0, 2, {}), mode=1, cmd_length=8, data_length=36)
         self.assertEqual(config["speed"], 400)
         self.ok("vx_spi_set", 0, 2, config)
@@ -89,8 +88,8 @@ class Peripherals(SimTest):
         self.assertEqual(self.ok("vx_spi_byte_read", 0, 2, 0), 0xA5)
         self.assertEqual(self.ok("vx_spi_byte_read", 0, 1, 9), 0, "another line")
         for bad in {"mode": 2}, {"cmd_length": 97}, {"data_length": 65}, {"ssp_mode": 4}:
-            self.refused(RANGE_CHECK_FAIL, "vx_spi_set", 0, 2, bad)
-        self.refused(RANGE_CHECK_FAIL, "vx_spi_get", 0, 3, {})
+            self.refused("GLBL_RANGE_CHECK_FAIL", "vx_spi_set", 0, 2, bad)
+        self.refused("GLBL_RANGE_CHECK_FAIL", "vx_spi_get", 0, 3, {})
 
     def test_timers(self):
         def timer(number=4):
@@ -99,7 +98,7 @@ class Peripherals(SimTest):
         inactive, disabled, enabled, stopped = range(4)
         disable, reload, rollover = range(3)
         self.assertEqual(timer(), [inactive, 0, 0, 0])
-        self.refused(INVALID_OP, "vx_timer_start", 0, 4, 0)
+        self.refused("GLBL_INVALID_OP", "vx_timer_start", 0, 4, 0)
         self.ok("vx_timer_set", 0, 4, {"timer_val": 30, "mode": reload})
         self.assertEqual(timer(), [stopped, reload, 30, 30])
         self.ok("vx_timer_start", 0, 4, 0)
@@ -115,9 +114,27 @@ class Peripherals(SimTest):
         self.assertEqual([timer(0)[3] for _ in range(2)], [5, -5])
         self.ok("vx_timer_set", 0, 0, {"timer_val": 0, "mode": disable})
         self.assertEqual(timer(0)[0], disabled)
-        self.refused(INVALID_OP, "vx_timer_stop", 0, 0)
-        self.refused(RANGE_CHECK_FAIL, "vx_timer_set", 0, 0, {"timer_val": 0, "mode": reload})
-        self.refused(RANGE_CHECK_FAIL, "vx_timer_set", 0, 5, {"timer_val": 1, "mode": reload})
+        self.refused("GLBL_INVALID_OP", "vx_timer_stop", 0, 0)
+        self.refused("GLBL_RANGE_CHECK_FAIL", "vx_timer_set", 0, 0, {"timer_val": 0, "mode": reload})
+        self.refused("GLBL_RANGE_CHECK_FAIL", "vx_timer_set", 0, 5, {"timer_val": 1, "mode": reload})
+
+    def test_reset_of_the_block(self):
+        self.ok("vx_timer_set", 0, 4, {"timer_val": 100, "mode": 1})
+        self.ok("vx_timer_start", 0, 4, 1)
+        self.ok("vx_spi_enable_set", 0, 1, 0)
+        self.ok("vx_spi_byte_write", 0, 2, 7)
+        # An interrupt by edge does not come again by itself.
+        self.ok("vx_gpio_write", 0, 4, 0)
+        self.ok("vx_gpio_set", 0, 5, {"direction": INTERRUPT, "intr_level": 1, "intr_edge": 1, "intr_en": 1})
+        self.ok("vx_gpio_set", 0, 6, {"direction": INPUT})
+        self.ok("vx_gpio_write", 0, 4, 1)
+        self.ok("vx_gpio_write", 0, 4, 0)
+        self.assertEqual(self.interrupts()[1] & 0x20, 0x20)
+        self.ok("lmq_reset_device", 0, {"rst_mode": 2, "mod_id_bit_map": 1 << 21})
+        self.assertEqual(self.interrupts()[1], 0)
+        self.assertEqual(len({self.ok("vx_timer_get", 0, 4, {})["cur_time"] for _ in range(3)}), 1, "the timer runs")
+        self.assertEqual(self.ok("vx_spi_byte_read", 0, 2, 9), 0)
+        self.assertEqual(self.ok("vx_gpio_get", 0, 5, {})["intr_en"], 1)
 
     def test_leds(self):
         off, colour, blink = 1, 3, 4
@@ -127,10 +144,10 @@ class Peripherals(SimTest):
         self.assertEqual(self.ok("vx_led_status_get", 0, 5, 0), off)
         self.ok("vx_led_trigger", 0, 5, blink)
         self.assertEqual(self.ok("vx_led_status_get", 0, 5, 0), blink)
-        self.refused(INVALID_OP, "vx_led_trigger", 0, 5, colour)
-        self.refused(RANGE_CHECK_FAIL, "vx_led_trigger", 0, 5, 5)
-        self.refused(RANGE_CHECK_FAIL, "vx_led_set", 0, 5, {"led_type": 4})
-        self.refused(RANGE_CHECK_FAIL, "vx_led_status_get", 0, 6, 0)
+        self.refused("GLBL_INVALID_OP", "vx_led_trigger", 0, 5, colour)
+        self.refused("GLBL_RANGE_CHECK_FAIL", "vx_led_trigger", 0, 5, 5)
+        self.refused("GLBL_RANGE_CHECK_FAIL", "vx_led_set", 0, 5, {"led_type": 4})
+        self.refused("GLBL_RANGE_CHECK_FAIL", "vx_led_status_get", 0, 6, 0)
 
 
 if __name__ == "__main__":

@@ -2,7 +2,7 @@
 
 import unittest
 
-from scenario import Scenario
+from harness import SimTest
 
 ETH0, ETH1 = 3, 4
 NOBODY = 0xffffffff - (1 << 32)  # LMQ_INVALID_POL_ID, as an int of the wire
@@ -10,7 +10,7 @@ LIMIT = {"pol_type": 1, "peak_rate": 1000, "commited_burst": 64}
 OTHER = {"pol_type": 2, "peak_rate": 5, "commited_burst": 6}
 
 
-class Policer(Scenario):
+class Policer(SimTest):
     def test_tables_to_the_limit_and_beyond(self):
         for api, capacity in ("vx_rate_policer", 64), ("vx_rate_group_policer", 4):
             ids = [self.echo(api + "_create", 0, LIMIT, 0)[2] for _ in range(capacity)]
@@ -85,9 +85,14 @@ class Policer(Scenario):
         member = "vx_lmq_rate_group_member_"
         self.ok(member + "add", 0, 63, 3)
         self.refused("GLBL_ENTRY_EXIST", member + "add", 0, 63, 3)
+        self.ok(member + "add", 0, 5, 3)
+        info = self.echo("lmq_get_flow_policer_info", 0, {})[1]
+        self.assertEqual((info["grp_pol_mem_bitmap"], info["flow_pol_mem_bitmap"][5], info["flow_pol_mem_bitmap"][63]),
+                         ([0, 0, 0, 1 << 5], 8, 8))
         self.refused("FE_INVALID_FLOW_ID", member + "add", 0, 64, 3)
         self.ok(member + "delete", 0, 63, 3)
         self.refused("GLBL_ENTRY_NOT_FOUND", member + "delete", 0, 63, 3)
+        self.assertEqual(self.echo("lmq_get_flow_policer_info", 0, {})[1]["flow_pol_mem_bitmap"][63], 0)
 
     def test_what_has_no_policer_has_no_counters(self):
         capability = self.echo("vx_rate_global_policer_capability_get", 0, {})[1]
@@ -99,8 +104,6 @@ class Policer(Scenario):
             self.refused("TM_INVALID_POLICER_ID", f"vx_rate_{policer}_stat_clear", 0, 0)
             self.ok(f"vx_rate_{policer}_create", 0, LIMIT, 0)
             self.assertEqual(set(self.echo(f"vx_rate_{policer}_stat_get", 0, 0, {"fwd_pkt": 5}, 1)[2].values()), {0})
-            self.ok(f"vx_rate_{policer}_stat_clear", 0, 0)
-        self.assertEqual(set(self.echo("vx_bm_pkt_stats_get", 0, {}, 1)[1].values()), {0})
         self.refused("PORT_NUM_OUT_OF_RANGE", "vx_rate_src_port_stat_get", 0, 6, {}, 0)
 
 

@@ -6,10 +6,9 @@ import pathlib
 import tempfile
 import unittest
 
-from harness import INVALID_PARAMS, SUCCESS, SYS_UNINITIALIZED, SimTest
+from harness import SimTest
 
 EXAMPLE = pathlib.Path(__file__).resolve().parents[2] / "driver" / "preset-example.json"
-BUSY, HW_FAILURE = 0x7108, 0x7106
 DYING_GASP, LINK, LOS = 0x000, 0x203, 0x406
 ETH0, ETH1 = 3, 4
 
@@ -26,8 +25,9 @@ class Example(SimTest):
                              json.loads(EXAMPLE.read_text())["counters"]["eth0"])
             for event, port in (DYING_GASP, 0), (LOS, 0), (LINK, ETH0):
                 self.assertEqual(self.ok("vx_event_status_poll", 0, event, port, 0, {})["status"], 1)
-            self.refused(HW_FAILURE, "vx_gpio_read", 0, 1, 0)
-            self.assertEqual([self.call("vx_eth_port_loopback_set", 0, ETH0, 0)[0] for _ in range(2)], [BUSY, SUCCESS])
+            self.refused("DEV_HW_FAILURE", "vx_gpio_read", 0, 1, 0)
+            self.refused("DEV_BUSY", "vx_eth_port_loopback_set", 0, ETH0, 0)
+            self.ok("vx_eth_port_loopback_set", 0, ETH0, 0)
             self.ok("lmq_shutdown_system")
             self.start()
 
@@ -60,16 +60,20 @@ class Bad(SimTest):
         path = os.path.join(folder.name, "preset.json")
         self.environment = {"LMQ_SIM_PRESET": path}
         super().setUp()
-        self.refused(INVALID_PARAMS, "lmq_init_system", {"num_dev": 1})
-        self.assertIn("preset.json: the file cannot be read", self.printed())
+        self.refused("GLBL_INVALID_PARAMS", "lmq_init_system", {"num_dev": 1})
+        self.assertIn("preset.json: the file cannot be read: No such file or directory", self.printed())
+        os.mkdir(path)
+        self.refused("GLBL_INVALID_PARAMS", "lmq_init_system", {"num_dev": 1})
+        self.assertIn("preset.json: the file cannot be read: Is a directory", self.printed())
+        os.rmdir(path)
         for text, expected in self.FILES.items():
             with self.subTest(text):
                 pathlib.Path(path).write_text(text)
-                self.refused(INVALID_PARAMS, "lmq_init_system", {"num_dev": 1, "dev_cfg": [{"enbl": 1}]})
+                self.refused("GLBL_INVALID_PARAMS", "lmq_init_system", {"num_dev": 1, "dev_cfg": [{"enbl": 1}]})
                 line = self.printed().splitlines()[-1]
-                self.assertTrue(line.startswith(f"lmq: lmq_init_system: LMQ_SIM_PRESET: {path}: "), line)
+                self.assertIn(f"lmq: lmq_init_system: LMQ_SIM_PRESET: {path}: ", line)
                 self.assertIn(expected, line)
-                self.refused(SYS_UNINITIALIZED, "vx_mac_addr_get", 0, [0] * 6)
+                self.refused("GLBL_SYS_UNINTIALIZED", "vx_mac_addr_get", 0, [0] * 6)
 
 
 if __name__ == "__main__":

@@ -8,10 +8,12 @@ and what may be a count stays within the ROOM of the arrays.
 import functools
 import random
 import unittest
+import xmlrpc.client
 
-from harness import NOT_SUPPORTED, SUCCESS, SYS_UNINITIALIZED, SimTest
+from harness import SimTest
 
-ROOM, BYTES = 6, 64  # structures and plain elements in an array
+REFUSED = -507
+ROOM, BYTES = 8, 64  # structures and plain elements in an array
 ROUNDS = 2
 INTROSPECTION = {"capabilities", "methodSignature", "listUDTs", "UDTSignature", "UDTMalloc", "listDefines", "listEnums",
                  "listTypedefs"}
@@ -49,7 +51,7 @@ class Sweep(SimTest):
     def argument(self, parameter, form):
         kind = parameter["primative_type"]
         count = any(part in parameter["declaration_name"] for part in ("cnt", "count", "num", "len", "size"))
-        number = (lambda: 0) if form == "zeros" else (lambda: self.random.randrange(ROOM + 1)) if count else self.number
+        number = (lambda: 0) if form == "zeros" else (lambda: self.random.randrange(9)) if count else self.number
         if not kind.endswith("*"):
             return number()
         if form == "empty arrays" or kind == "void *":
@@ -65,7 +67,12 @@ class Sweep(SimTest):
                 continue
             arguments = [self.argument(parameter, form) for parameter in parameters]
             with self.subTest(function, form=form):
-                answer, echo = self.call(function, *arguments)
+                try:
+                    answer, echo = self.call(function, *arguments)
+                except xmlrpc.client.Fault as fault:
+                    # The host refuses what is longer than the arrays here.
+                    self.assertEqual(fault.faultCode, REFUSED, fault)
+                    continue
                 self.assertEqual(len(echo), len(arguments))
                 yield function, result["application_type"], answer
 
@@ -74,14 +81,14 @@ class Sweep(SimTest):
             self.proxy.lmq.lmq_shutdown_system()
             for function, kind, answer in self.sweep(form, STARTS):
                 if kind == "vx_status_e":
-                    self.assertIn(answer, (SYS_UNINITIALIZED, NOT_SUPPORTED), function)
+                    self.assertEqual(self.name_of(answer), "VX_ERR_GLBL_SYS_UNINTIALIZED", function)
 
     def test_while_it_is_up(self):
         for form in ["zeros", "empty arrays"] + ["numbers"] * ROUNDS:
             for function, kind, answer in self.sweep(form):
                 if kind == "vx_status_e":
-                    self.assertTrue(answer == SUCCESS or 0x7000 < answer < 0x8000, f"{function}: {answer}")
-                if self.call("vx_mac_addr_get", 0, [0] * 6)[0] != SUCCESS:
+                    self.assertIn(answer, self.STATUS.values(), function)
+                if self.call("vx_mac_addr_get", 0, [0] * 6)[0] != 0:
                     self.proxy.lmq.lmq_shutdown_system()
                     self.start()
         self.assertNotIn("internal error", self.printed())

@@ -10,21 +10,22 @@ import mmap
 import os
 import pathlib
 import struct
-import subprocess
 import sys
 import tempfile
 import unittest
 import xmlrpc.client
 
-sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / "probe"))
+TESTS = pathlib.Path(__file__).parent.parent
+sys.path[:0] = [str(TESTS), str(TESTS.parent / "interface")]
 import headers  # noqa: E402
+import hosting  # noqa: E402
 
 TYPE_FAULT = -501
 COUNT_FAULT = -509
 
 
 def interface():
-    """The headers, as tests/probe/headers.py reads them, with what clients see of them: a real driver's may declare more,
+    """The headers, as interface/headers.py reads them, with what clients see of them: a real driver's may declare more,
     and members in another order than that in which they travel."""
     read = headers.Headers(os.environ["LMQ_INCLUDE"])
     seen = headers.Headers(os.environ["LMQ_CLIENT_INCLUDE"])
@@ -32,7 +33,7 @@ def interface():
 
     def arrange(record, like):
         if id(record) not in arranged:
-            arranged[id(record)] = headers.Record(record.kind, list(members(record, like)))
+            arranged[id(record)] = headers.Record(record.kind, list(members(record, like)), record.tag)
         return arranged[id(record)]
 
     def members(record, like):
@@ -149,38 +150,14 @@ class WireTest(unittest.TestCase):
         folder = tempfile.TemporaryDirectory()
         cls.addClassCleanup(folder.cleanup)
         cls.probe = Probe(pathlib.Path(folder.name, "probe"))
-        cls.errors = open(pathlib.Path(folder.name, "errors"), "w+")
-        cls.addClassCleanup(cls.errors.close)
         # A faulted call's values are lost: that is a rule of the interface, not a leak to report.
-        environment = dict(os.environ, LMQ_PROBE=str(pathlib.Path(folder.name, "probe")), ASAN_OPTIONS="detect_leaks=0")
-        cls.host = subprocess.Popen(
-            [os.environ["LMQ_HOST"], "--plugin", os.environ["LMQ_PLUGIN"], "--driver", os.environ["LMQ_PROBE_DRIVER"],
-             "--listen", "127.0.0.1:0"],
-            stdout=subprocess.PIPE, stderr=cls.errors, text=True, env=environment)
-        cls.addClassCleanup(cls.host.stdout.close)
-        cls.addClassCleanup(cls.stop)
-        line = cls.host.stdout.readline()
-        if not line.startswith("Listening on "):
-            cls.gone()
-        cls.url = line.split()[-1]
+        # What the plug-in does with arrays of any length is looked at here, so the host does not guard.
+        cls.host = hosting.Host("--no-guard", plugin=os.environ["LMQ_PLUGIN"], driver=os.environ["LMQ_PROBE_DRIVER"],
+                                LMQ_PROBE=str(pathlib.Path(folder.name, "probe")), ASAN_OPTIONS="detect_leaks=0")
+        cls.addClassCleanup(cls.host.close)
+        cls.url = cls.host.url
         cls.proxy = xmlrpc.client.ServerProxy(cls.url, allow_none=True)
         cls.addClassCleanup(cls.proxy("close"))
-
-    @classmethod
-    def stop(cls):
-        cls.host.terminate()
-        try:
-            status = cls.host.wait(20)
-        except subprocess.TimeoutExpired:
-            cls.host.kill()
-            raise
-        if status != 0:
-            cls.gone()
-
-    @classmethod
-    def gone(cls):
-        cls.errors.seek(0)
-        raise AssertionError(f"the host ended with status {cls.host.wait(20)} and said:\n{cls.errors.read()}")
 
     def ask(self, method, arguments):
         """Calls a method. Returns its answer, or a Fault."""
@@ -189,8 +166,7 @@ class WireTest(unittest.TestCase):
         except xmlrpc.client.Fault as fault:
             return fault
         except (OSError, xmlrpc.client.ProtocolError) as error:
-            if self.host.poll() is not None:
-                self.gone()
+            self.host.check()
             raise AssertionError(f"{method}{shown(arguments)}: {error!r}") from error
 
     def refused(self, function, arguments, code, text):

@@ -1,0 +1,28 @@
+// What an answer means for a program: success or failure, and its JSON.
+#pragma once
+
+#include "dictionary.h"
+#include "type.h"
+
+namespace lmqctl {
+
+/// Whether a result says that the driver did what it was asked: 0 of an enum or a signed number. Another type is a
+/// value, and so is no failure.
+bool is_success(const Dictionary &dictionary, const Method &method, const Json &result);
+
+/// The status that the program ends with after an answer.
+int exit_status_of(const Dictionary &dictionary, const Method &method, const Json &answer);
+
+/// What the function returned: the first element of an answer, or all of one that has another form.
+const Json &result_of(const Json &answer);
+
+/// An answer as --json shows it. A fault is an object under "fault".
+Json json_answer(const Dictionary &dictionary, Types &types, const Method &method, const Json &answer);
+
+/// What an answer has for a parameter: of a list, the elements that the driver filled.
+Json filled(const Method &method, std::size_t parameter, const Json &answer);
+
+/// Values with unsigned numbers as such; with a dictionary, enumerators by name.
+Json plain(const Type &type, const Json &value, const Dictionary *names = nullptr);
+
+}  // namespace lmqctl

@@ -1,0 +1,25 @@
+// Ctrl-C as a flag.
+#pragma once
+
+#include <signal.h>
+
+#include <csignal>
+
+namespace lmqctl {
+
+/// Not 0 since Ctrl-C was pressed.
+extern volatile std::sig_atomic_t interrupted;
+
+/// While it lives, Ctrl-C sets the flag and ends nothing.
+class CatchInterrupt {
+  public:
+    CatchInterrupt();
+    ~CatchInterrupt();
+    CatchInterrupt(const CatchInterrupt &) = delete;
+    CatchInterrupt &operator=(const CatchInterrupt &) = delete;
+
+  private:
+    struct sigaction before_ {};
+};
+
+}  // namespace lmqctl

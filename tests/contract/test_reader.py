@@ -1,0 +1,137 @@
+"""The reader of the contract: what it makes of comments, and that it refuses what is missing or contradicts C."""
+
+import pathlib
+import re
+import sys
+import tempfile
+import unittest
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "interface"))
+import contract  # noqa: E402
+
+GOOD = """
+/**
+ * @page ids Kinds of ids
+ * - `flow`: A flow.
+ * - `queue`: 0..7. A queue.
+ */
+#define MOST 16
+typedef unsigned char vx_uint8;
+typedef unsigned short vx_uint16;
+typedef unsigned char vx_mac_addr_t[6]; /**< An address. */
+typedef vx_uint16 vx_flow_id_t;         /**< {id flow} A flow. */
+/** @brief A status. */
+typedef enum {
+    GOOD = 0, /**< Good. */
+    BAD = 7   /**< Bad. */
+} status_e;
+/** @brief A key. */
+typedef struct {
+    status_e which; /**< Which of them counts. */
+    union {
+        vx_uint8 level;    /**< {if GOOD, 1..100 %} A level. */
+        vx_uint16 rate[4]; /**< {if BAD, kbit/s} Rates. */
+    } u;                   /**< {by which} What counts. */
+    struct {
+        vx_uint8 which : 1;
+        vx_uint8 reserved : 7;
+    } mask_s;
+} key_s;
+/**
+ * @brief Reads keys.
+ *
+ * More about it.
+ * @par Effect: reads and clears if clear
+ * @param[in]     queue {id queue} The queue.
+ * @param[in]     room  How many fit.
+ * @param[out]    keys  [room; *num filled] The keys.
+ * @param[in,out] num   How many there are.
+ * @param[in]     clear Whether to clear.
+ * @param[out]    flow  The flow.
+ * @return A status.
+ */
+status_e keys_get(vx_uint8 queue, vx_uint16 room, key_s *keys, vx_uint16 *num, vx_uint8 clear, vx_flow_id_t *flow);
+/**
+ * @brief Writes.
+ * @par Effect: changes
+ * @param[in,out] num  How many.
+ * @param[in]     list [*num or MOST] Numbers.
+ * @param[in]     mac  An address.
+ * @param[in]     kind {status_e} A kind.
+ * @return A status.
+ */
+status_e write(vx_uint8 *num, vx_uint16 *list, vx_mac_addr_t mac, vx_uint8 kind);
+"""
+
+
+def read(text):
+    with tempfile.TemporaryDirectory() as folder:
+        path = pathlib.Path(folder, "lmq", "a.h")
+        path.parent.mkdir()
+        path.write_text(text)
+        return contract.Reader(folder)
+
+
+class Reading(unittest.TestCase):
+    def test_everything_that_can_be_said(self):
+        reader = read(GOOD)
+        self.assertEqual(reader.problems, [])
+        method = reader.interface["methods"]["keys_get"]
+        self.assertEqual((method["family"], method["brief"], method["documentation"], method["effect"],
+                          method["clears_if"]), ("a", "Reads keys.", "More about it.", "reads and clears", "clear"))
+        queue, room, keys, num, _, flow = method["arguments"]
+        self.assertEqual((queue["id"], queue["direction"], queue["length"]), ("queue", "in", None))
+        self.assertEqual((keys["length"], keys["filled"], keys["direction"]), ("room", "*num", "out"))
+        self.assertEqual((num["direction"], num["length"], flow["id"], room["brief"]),
+                         ("inout", 1, "flow", "How many fit."))
+        _, numbers, mac, kind = reader.interface["methods"]["write"]["arguments"]
+        self.assertEqual((numbers["length"], numbers["length_if_zero"], numbers["filled"]), ("*num", 16, "*num"))
+        self.assertEqual((mac["pointer"], mac["length"], kind["enum"]), (True, 6, "status_e"))
+        which, union, mask = reader.interface["structs"]["key_s"]["members"]
+        self.assertEqual((which["enum"], union["by"], mask["mask"]), ("status_e", "which", True))
+        level, rate = union["members"]
+        self.assertEqual((level["if"], level["range"], level["unit"]), (["GOOD"], [1, 100], "%"))
+        self.assertEqual((rate["count"], rate["unit"]), (4, "kbit/s"))
+        self.assertEqual(reader.interface["enums"]["status_e"]["values"]["BAD"], {"value": 7, "brief": "Bad."})
+        self.assertEqual(reader.interface["ids"]["queue"], {"range": [0, 7], "brief": "A queue."})
+
+    def test_the_fingerprint_is_of_the_wire(self):
+        first = read(GOOD).interface["fingerprint"]
+        self.assertEqual(read(GOOD.replace("A level.", "How high it is.")).interface["fingerprint"], first)
+        for old, new in (("level;", "height;"), ("BAD = 7", "BAD = 8"), ("rate[4]", "rate[5]"),
+                         ("vx_uint16 room,", "vx_uint8 room,")):
+            self.assertNotEqual(read(GOOD.replace(old, new)).interface["fingerprint"], first, new)
+
+    def test_what_is_missing_or_contradicts_is_reported_with_its_line(self):
+        for old, new, said in (
+                ("/**< Good. */", "", "GOOD has no comment"),
+                ("/**< Bad. */", "/**< Bad */", "full stop"),
+                ("@param[in]     queue", "@param         queue", "queue of keys_get: @param[in], [out] or [in,out]"),
+                ("@param[in]     room", "@param[out]    room", "cannot be [out]"),
+                (" * @param[in]     room  How many fit.\n", "", "in this order was expected"),
+                ("[room; *num filled]", "[rooms]", "'rooms' is no number or constant"),
+                ("[room; *num filled]", "[*room]", "room is no pointer"),
+                ("[room; *num filled]", "[room, num]", "[room, num] of keys of keys_get"),
+                ("{id queue} The", "{id queues} The", "'queues' is no kind of id"),
+                ("- `queue`: 0..7. A", "- `queue`: A", "'queue' has no range"),
+                ("reads and clears if clear", "looks", "'@par Effect: '"),
+                ("reads and clears if clear", "reads if clear", "goes with 'reads and clears'"),
+                (" * @par Effect: changes\n", "", "write: '@par Effect: '"),
+                ("{if GOOD, 1..100 %}", "{if GOOD, 1..100 percent}", "the unit 'percent'"),
+                ("1..100 %", "1..300 %", "not within 0..255"),
+                ("1..100 %", "9..5 %", "the range"),
+                ("{if BAD,", "{if WORSE,", "there is no such enumerator"),
+                ("/**< {by which} What counts. */", "/**< What counts. */", "is a union"),
+                ("{by which}", "{by what}", "names no member"),
+                ("{status_e} A kind", "{stati_e} A kind", "is no enum, range, unit"),
+                ("vx_uint8 which : 1", "vx_uint8 other : 1", "flags no member"),
+                ("@brief Writes.", "Writes.", "should begin with @brief")):
+            with self.subTest(new):
+                self.assertEqual(GOOD.count(old), 1, old)
+                problems = read(GOOD.replace(old, new)).problems
+                self.assertTrue(any(said in problem for problem in problems), problems)
+                self.assertTrue(all(re.match(r"a\.h:\d+: ", problem) for problem in problems), problems)
+
+
+if __name__ == "__main__":
+    unittest.main()
