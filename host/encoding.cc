@@ -32,7 +32,8 @@ bool is_ascii(char c) { return static_cast<unsigned char>(c) < 0x80; }
 }  // namespace
 
 Utf8::Utf8(std::string_view document) : text_(document) {
-    if (text_.starts_with(mark)) {
+    // Behind a second mark the parsers would disagree about what the document is, so both stay, for them to refuse.
+    if (text_.starts_with(mark) && !text_.substr(mark.size()).starts_with(mark)) {
         text_.remove_prefix(mark.size());
         is_changed_ = true;
     }
