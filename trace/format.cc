@@ -138,6 +138,8 @@ char *put(const RecordView &record, char *to) {
 
 void seal(char *record, std::size_t size) { put_number(record, checksum(record + 4, size - 4)); }
 
+std::size_t size_at(const char *record) { return prefix_size + take_number<std::uint32_t>(record + 4); }
+
 std::string encode(const RecordView &record) {
     std::string bytes(size_of(record), '\0');
     put(record, bytes.data());

@@ -28,6 +28,9 @@ char *put(const RecordView &record, char *to);
 /// @param record All of its bytes.
 void seal(char *record, std::size_t size);
 
+/// The bytes of a record that put() has written.
+std::size_t size_at(const char *record);
+
 /// A record, complete.
 std::string encode(const RecordView &record);
 
