@@ -85,7 +85,11 @@ std::optional<Checks::Difference> Checks::difference(const Type &type, const Jso
 
 std::optional<Checks::Difference> Checks::member_difference(const Type &type, const Json &sent, const Json &got,
                                                             const std::string &place, bool only_flagged) const {
-    // Under which members the flags of a mask say that they count; without a mask all do.
+    // Under which members the flags of a mask say that they count; without a mask all do. Which of them an enum of
+    // flags means, its names alone say.
+    for (const Member &member : type.members)
+        if (only_flagged && member.type->meaning.is_bits && lower(member.name).find("mask") != std::string::npos)
+            return {};
     const Json *flags = nullptr;
     const Type *flags_type = nullptr;
     for (const Member &member : type.members) {
@@ -104,9 +108,13 @@ std::optional<Checks::Difference> Checks::member_difference(const Type &type, co
         const bool is_mask = member->type->kind == Type::flags || member->type->kind == Type::mask;
         if (only_flagged && is_mask) continue;
         if (flags) {
+            // What no flag stands for is reported, or a key.
             const Member *flag = flag_of(*flags_type, name);
-            if (flag && (!flags->contains(flag->name) || (*flags)[flag->name] == 0)) continue;
+            if (!flag || !flags->contains(flag->name) || (*flags)[flag->name] == 0) continue;
         }
+        if (is_truth(*member) && value.is_number_integer() && got[name].is_number_integer() &&
+            (value != 0) == (got[name] != 0))
+            continue;
         if (const auto found = difference(*member->type, value, got[name], place + "." + name, only_flagged))
             return found;
     }
@@ -161,6 +169,9 @@ std::optional<std::string> Checks::lost_setting(const Method &setter, const Json
         const Parameter &parameter = getter.parameters[i];
         const auto from = counterpart(setter, parameter);
         if (parameter.said.direction != Direction::out || !from) continue;
+        if (parameter.said.length.count != setter.parameters[*from].said.length.count &&
+            setter.parameters[*from].is_pointer())
+            continue;
         const TypePtr type = types_.parameter(parameter);
         const bool is_list = parameter.said.length.count > 1;
         const Type &element = parameter.is_udt || !type->element ? *type : *type->element;
