@@ -22,6 +22,9 @@ struct Connection {
     Clock::time_point deadline() const;
 };
 
+/// Adds the path that hosts serve to a URL that names none.
+void complete_url(std::string &url);
+
 /// What every way to a host says of a failure.
 [[noreturn]] void throw_stopped();
 [[noreturn]] void throw_timeout(const Connection &connection);

@@ -15,12 +15,9 @@ namespace lmqctl {
 
 namespace {
 
-// Adds the path that hosts serve to a URL that names none. Returns no error.
+// Returns no error.
 std::string with_path(std::string &url) {
-    const std::size_t scheme = url.find("://");
-    const bool bare = url.starts_with("http") && scheme != std::string::npos && scheme + 3 < url.size() &&
-                      url.find('/', scheme + 3) == std::string::npos;
-    if (bare) url += "/RPC2";
+    complete_url(url);
     return {};
 }
 
