@@ -26,6 +26,8 @@ const std::vector<Command> commands = {
      set_up_snapshot},
     {"diff", "Compares two snapshots, or one with the chip as it is", "lmqctl diff before.json after.json",
      set_up_diff},
+    {"fuzz", "Calls by contract, made up from a seed, on hosts of its own; keeps what goes wrong",
+     "lmqctl fuzz --seed 7 --check '*flow*'", set_up_fuzz},
     {"repl", "A session: a line is a command, or the name and arguments of a method", "lmqctl repl", set_up_repl},
     {"run", "Starts a program whose chip is the host's", "lmqctl --url http://board:8080 run -- PROGRAM ARGUMENT...",
      set_up_run},

@@ -33,6 +33,7 @@ void set_up_completion(CLI::App &command, Context &context);
 void set_up_describe(CLI::App &command, Context &context);
 void set_up_diff(CLI::App &command, Context &context);
 void set_up_explain(CLI::App &command, Context &context);
+void set_up_fuzz(CLI::App &command, Context &context);
 void set_up_list(CLI::App &command, Context &context);
 void set_up_repl(CLI::App &command, Context &context);
 void set_up_run(CLI::App &command, Context &context);

@@ -1,0 +1,31 @@
+// One call to a host and what became of it, the host's own end included.
+#pragma once
+
+#include <string>
+
+#include "session.h"
+
+namespace lmqctl {
+
+struct Outcome {
+    enum Kind {
+        answered,  ///< `answer` is [result, argument...]
+        fault,     ///< the host or the plug-in refused it
+        died,      ///< the driver's process ended over it
+        hung,      ///< there was no answer in time
+    };
+    Kind kind = answered;
+    Json answer = nullptr;
+    int code = 0;           ///< of a fault
+    std::string text = {};  ///< of a fault or an end
+};
+
+struct PlayedCall {
+    Call call;
+    Outcome outcome;
+};
+
+/// Makes a call. `connection` is that of the session: its timeout is when a call hangs. Throws an Error if Ctrl-C came.
+Outcome play(Session &session, const Connection &connection, const Call &call);
+
+}  // namespace lmqctl
