@@ -15,7 +15,8 @@ import reference
 
 HERE = pathlib.Path(__file__).resolve().parent
 ROOT = HERE.parent.parent
-LISTS = [("methods", "Methods"), ("structs", "Structures"), ("enums", "Enums"), ("types", "Basic types"), ("ids", "Ids")]
+LISTS = [("methods", "Methods"), ("structs", "Structures"), ("enums", "Enums"), ("types", "Basic types"),
+         ("constants", "Constants"), ("ids", "Ids")]
 
 
 def navigation(documents, made):
@@ -55,7 +56,7 @@ def configuration(output, documents, made, version):
 
 def palette(scheme, other, icon):
     media = "(prefers-color-scheme: " + ("light" if scheme == "default" else "dark") + ")"
-    return {"media": media, "scheme": scheme, "primary": "indigo", "accent": "indigo",
+    return {"media": media, "scheme": scheme, "primary": "teal", "accent": "teal",
             "toggle": {"icon": f"material/{icon}", "name": f"Switch to {other}"}}
 
 
@@ -66,7 +67,7 @@ def write(source, documents, made):
         (source / path).parent.mkdir(parents=True, exist_ok=True)
         (source / path).write_text(text)
     for path, copied in [*((path, ROOT / path) for path in documents.copies), ("assets/icon.svg", ROOT / "console/icon.svg"),
-                         ("assets/site.css", HERE / "site.css"), ("assets/offline.js", HERE / "offline.js")]:
+                         ("assets/site.css", HERE / "site.css"), ("assets/search.js", HERE / "search.js")]:
         (source / path).parent.mkdir(parents=True, exist_ok=True)
         shutil.copyfile(copied, source / path)
 

@@ -21,6 +21,7 @@ def on_nav(nav, config, files):
     for section in nav.items[-1].children:
         if not isinstance(section, Section):
             continue
+        section.children[0].file.name = "index"  # the theme lets the name of the section lead to its index
         uri = section.children[0].file.src_uri
         families[uri] = section
         text = pathlib.Path(section.children[0].file.abs_src_path).read_text()
@@ -56,8 +57,8 @@ def on_page_context(context, page, config, nav):
         for kind, title in KINDS:
             if title and members[uri][kind]:
                 group = Section(title, members[uri][kind])
+                group.active = page in members[uri][kind]  # before it has a parent, which would follow
                 group.parent = section
-                group.active = page in members[uri][kind]
                 section.children.append(group)
             else:
                 section.children += members[uri][kind]
@@ -65,9 +66,10 @@ def on_page_context(context, page, config, nav):
 
 
 def on_post_page(output, page, config):
-    """Puts the script that makes the search work in files before the theme's own."""
-    script = '<script src="' + "../" * page.url.count("/") + 'assets/offline.js"></script>'
-    return output.replace("</head>", script + "</head>", 1)
+    """Puts the script that the theme's search looks for before the theme's own, and lets the search find the words that it
+    takes for too common: `get` is one."""
+    script = '<script src="' + "../" * page.url.count("/") + 'assets/search.js"></script>'
+    return output.replace("</head>", script + "</head>", 1).replace('"trimmer, stopWordFilter"', '"trimmer"', 1)
 
 
 def on_post_build(config):

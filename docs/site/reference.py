@@ -15,13 +15,13 @@ TITLES = {
     "peripheral": "Peripherals", "policer": "Policers", "status": "Statuses", "time": "Time", "types": "Basic types",
     "vlan_bridge": "VLANs and bridges",
 }
+CONSTANT = re.compile(r"^#define ([A-Z]\w+) +((?:\([^()]*\)|[^\s(/\\]+|\(\([^()]*\)[^()]*\)))(?: */\*\*< *(.*?) *\*/)?$", re.MULTILINE)
 EFFECTS = {
-    "reads": "Changes nothing.",
-    "reads registers": "Changes nothing that the driver knows of, but goes to registers or a bus, where reading may have "
-                       "effects.",
-    "reads and clears": "Takes away what it reads.",
-    "changes": "Changes configuration or state, sends, clears or deletes.",
-    "resets": "Resets, starts or shuts down the chip, a module or the driver.",
+    "reads": "Nothing changes by it, neither configuration nor counters.",
+    "reads registers": "The driver's state does not change, but registers or a bus are read, which may have effects.",
+    "reads and clears": "What is read is taken away: counters, messages.",
+    "changes": "Configuration or state changes, or something is sent, cleared or deleted.",
+    "resets": "The chip, a module or the driver is reset, started or shut down.",
 }
 DIRECTIONS = {"in": "in", "out": "out", "inout": "in, out"}
 
@@ -31,9 +31,10 @@ class Reference:
 
     def __init__(self, interface, include):
         self.interface = interface
-        self.words = Words(interface)
-        self.examples = example.Examples(self.words)
         self.headers = {path.stem: path.read_text() for path in sorted((include / "lmq").glob("*.h"))}
+        self.constants = {header: CONSTANT.findall(text) for header, text in self.headers.items()}
+        self.words = Words(interface, [name for found in self.constants.values() for name, _, _ in found])
+        self.examples = example.Examples(self.words)
         self.home = self.homes()
         self.used = self.uses()
         self.pages = {}
@@ -43,7 +44,7 @@ class Reference:
         for family in self.families():
             self.pages[f"reference/families/{family}.md"] = self.family(family)
         self.pages |= {"reference/README.md": self.overview(), "reference/types/README.md": self.types(),
-                       "reference/ids/README.md": self.ids()}
+                       "reference/ids/README.md": self.ids(), "reference/constants/README.md": self.constant_values()}
         for kind, title in (("methods", "Methods"), ("structs", "Structures"), ("enums", "Enums")):
             self.pages[f"reference/{kind}/README.md"] = self.list_of(kind, title)
 
@@ -119,7 +120,8 @@ class Reference:
 
     def method(self, name):
         said = self.interface["methods"][name]
-        effect = said["effect"] + (f" if `{said['clears_if']}` is not 0" if "clears_if" in said else "")
+        effect = f"[{said['effect']}](../README.md#effects)" + (
+            f" if `{said['clears_if']}` is not 0, else it only reads" if "clears_if" in said else "")
         text = f"# {name}\n\n{self.trail(name)}\n{{ .trail }}\n\n{self.words.text(said['brief'], name)}\n\n"
         if said["documentation"]:
             text += self.words.text(said["documentation"], name) + "\n\n"
@@ -170,9 +172,9 @@ class Reference:
 
     def struct(self, name):
         said = self.interface["structs"][name]
-        rows = [[f"{'&emsp;' * path.count('.')}`{member['name']}`", self.words.type(member, name), self.words.wire(member),
-                 self.words.meaning(member, name, selector)] for path, member, selector in members(said["members"])
-                if "flag" not in member]
+        rows = [[f'<span style="padding-left: {path.count(".")}em">`{member["name"]}`</span>',
+                 self.words.type(member, name), self.words.wire(member), self.words.meaning(member, name, selector)]
+                for path, member, selector in members(said["members"]) if "flag" not in member]
         text = f"# {name}\n\n{self.trail(name)}\n{{ .trail }}\n\n{self.words.text(said['brief'], name)}\n\n"
         if said["kind"] == "union":
             text += "It is a union: its members are alternatives.\n\n"
@@ -211,7 +213,14 @@ class Reference:
         for kind, title in (("methods", "Methods"), ("structs", "Structures"), ("enums", "Enums")):
             names = self.of_family(kind, family)
             text += f"## {title}\n\n" + self.listing(names, kind) if names else ""
+        if self.constants.get(family):
+            text += "## Constants\n\n" + table(["Name", "Value", "Meaning"], self.constant_rows(family, self.words.name))
         return text
+
+    def constant_rows(self, header, shown):
+        """The constants of a header; `shown` makes of a name what stands in the first column."""
+        return [[shown(name), f"`{bare(value)}`", self.words.text(comment, name)]
+                for name, value, comment in self.constants[header]]
 
     def overview(self):
         counted = {kind: len(self.interface[kind]) for kind in ("methods", "structs", "enums", "ids")}
@@ -223,7 +232,7 @@ class Reference:
             "# Reference\n\nEvery driver function is a method, called `lmq.` and its name. "
             f"There are [{counted['methods']} methods](methods/README.md), "
             f"[{counted['structs']} structures](structs/README.md), [{counted['enums']} enums](enums/README.md), "
-            f"[basic types](types/README.md) and [{counted['ids']} kinds of ids](ids/README.md). "
+            f"[basic types](types/README.md), [constants](constants/README.md) and [{counted['ids']} kinds of ids](ids/README.md). "
             "What a status means stands at [vx_status_e](enums/vx_status_e.md).\n\n"
             "The search finds names, words and numbers: try `watchdog`, `VX_ERR_DEV_BUSY` or `28674`. The same is served by "
             "every host, as `lmqctl describe NAME` and in its [console](../docs/console.md).\n\n"
@@ -234,6 +243,14 @@ class Reference:
     def list_of(self, kind, title):
         names = sorted(self.interface[kind])
         return f"# {title}\n\nAll {len(names)}, by name. [By family](../README.md)\n\n" + self.listing(names, kind)
+
+    def constant_values(self):
+        text = "# Constants\n\nNumbers that have a name in the headers: bounds, limits, and values that stand for none.\n\n"
+        for header, found in self.constants.items():
+            if found:
+                text += f"## lmq/{header}.h\n\n" + table(["Name", "Value", "Meaning"], self.constant_rows(
+                    header, lambda name: f"{anchor(name)}`{name}`"))
+        return text
 
     def types(self):
         rows = []
@@ -268,3 +285,8 @@ def members(listed, path="", selector=None):
         yield f"{path}{each['name']}", each, selector
         if each.get("members"):
             yield from members(each["members"], f"{path}{each['name']}." if each["name"] else path, each.get("by"))
+
+
+def bare(value):
+    """A constant's value without its type and brackets."""
+    return re.sub(r"\(vx_[a-z0-9_]+\)|[()]", "", value)

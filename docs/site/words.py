@@ -13,17 +13,19 @@ KINDS = ("methods", "structs", "enums")
 class Words:
     """What a name leads to."""
 
-    def __init__(self, interface):
+    def __init__(self, interface, constants):
+        """@param constants The names of the headers' constants."""
         self.interface = interface
         self.places = {name: f"../{kind}/{name}.md" for kind in KINDS for name in interface[kind]}
         self.places |= {name: f"../types/README.md#{name}" for name in interface["typedefs"]}
+        self.places |= {name: f"../constants/README.md#{name}" for name in constants}
         for enum, said in interface["enums"].items():
             self.places |= {name: f"../enums/{enum}.md#{name}" for name in said["values"]}
 
-    def name(self, name, own=None):
-        """A name as code, with a link unless it is the page's own."""
+    def name(self, name, own=None, behind=""):
+        """A name as code, with a link unless it is the page's own, and with what stands behind it."""
         place = self.places.get(name)
-        return f"[`{name}`]({place})" if place and name != own else f"`{name}`"
+        return f"[`{name}{behind}`]({place})" if place and name != own else f"`{name}{behind}`"
 
     def text(self, text, own=None):
         """A sentence or paragraphs of a comment: names of the interface become links."""
@@ -48,9 +50,13 @@ class Words:
         """The C type of an argument or a member, for a cell of a table."""
         if not item["type"]:
             return "flags" if item.get("mask") else item["kind"]
-        pointer = " `*`" if item.get("pointer") and not self.is_array(item["type"]) else ""
-        bound = f" \\[{item['bound']}\\]" if "bound" in item else ""
-        return self.name(item["type"], own) + pointer + bound
+        pointer = " *" if item.get("pointer") and not self.is_array(item["type"]) else ""
+        bound = f" \\[{self.bound(item)}\\]" if "bound" in item else ""
+        return self.name(item["type"], own, pointer) + bound
+
+    def bound(self, item):
+        """The number of elements, with the constant that says it."""
+        return item["bound"] if item["bound"].isdigit() else f"{self.text(item['bound'])} = {item['count']}"
 
     def is_array(self, type_name):
         return "count" in self.interface["typedefs"].get(type_name, {})

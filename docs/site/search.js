@@ -1,17 +1,26 @@
-// Makes the search work where the site is opened as files, without a web server. Browsers read no JSON from a file and
-// start no worker from one, but both may be scripts: the index is loaded as a script, the worker in a frame of its own.
+// What the theme's search takes from its page: how a query is read, and, where the site is opened as files, without a web
+// server, the index and the worker. Browsers read no JSON from a file and start no worker from one, but both may be
+// scripts: the index is loaded as a script, the worker in a frame of its own.
+
+// The index holds the words of a name: of a name with several all are wanted, the last one may be unfinished.
+window.__search = {
+  transform: (query) =>
+    query
+      .split(/[\s"*:^~]+/)
+      .flatMap((word) => (word.includes("_") ? word.split("_").filter(Boolean).map((part) => `+${part}`) : [word]))
+      .join(" ")
+      .trim(),
+};
+
 if (location.protocol === "file:") {
   const root = new URL("..", document.currentScript.src);
 
-  // The theme takes the index from here, if it is here.
-  window.__search = {
-    index: new Promise((resolve) => {
-      window.lmqSearchIndex = resolve;
-      const script = document.createElement("script");
-      script.src = new URL("search/search_index.js", root);
-      document.head.append(script);
-    }),
-  };
+  window.__search.index = new Promise((resolve) => {
+    window.lmqSearchIndex = resolve;
+    const script = document.createElement("script");
+    script.src = new URL("search/search_index.js", root);
+    document.head.append(script);
+  });
 
   // The theme's worker asks whether its parent has this.
   window.IFrameWorker = class extends EventTarget {
