@@ -10,6 +10,7 @@
 #include "names.h"
 #include "program.h"
 #include "standard_output.h"
+#include "version.h"
 
 namespace lmqctl {
 
@@ -25,7 +26,7 @@ std::string with_path(std::string &url) {
 }
 
 void set_up_connection(CLI::App &app, Context &context) {
-    app.set_version_flag("--version", "lmqctl " LMQCTL_VERSION);
+    app.set_version_flag("--version", std::string("lmqctl ") + version);
     app.add_option("--url", context.connection.url, "The host: http://HOST:PORT/RPC2, https://..., unix:PATH")
         ->transform(CLI::Validator(with_path, ""))
         ->envname("LMQ_URL")

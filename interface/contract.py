@@ -3,7 +3,7 @@
 The comments are Doxygen's, in the strict form that CONTRIBUTING.md describes. Whatever is missing, contradicts C or is
 not in that form is reported with file, line and what was expected.
 
-    contract.py INCLUDE [--json FILE] [--table FILE] [--terms FILE] [--unions FILE]
+    contract.py INCLUDE [--json FILE] [--fingerprint FILE] [--table FILE] [--terms FILE] [--unions FILE]
                                                           writes interface.json and the tables of host and remote driver
     contract.py INCLUDE --check [HEADER...]               reports what is wrong in these headers, or in all
 """
@@ -426,6 +426,7 @@ def main():
     parser.add_argument("include", help="the folder that holds lmq/*.h")
     parser.add_argument("--check", nargs="*", metavar="HEADER", help="only report problems, of these headers")
     parser.add_argument("--json", metavar="FILE", help="write interface.json")
+    parser.add_argument("--fingerprint", metavar="FILE", help="write the fingerprint of the interface")
     parser.add_argument("--table", metavar="FILE", help="write the host's table, C++")
     parser.add_argument("--terms", metavar="FILE", help="write the remote driver's table of arguments, C++")
     parser.add_argument("--unions", metavar="FILE", help="write the remote driver's table of unions, C++")
@@ -445,6 +446,8 @@ def main():
         pathlib.Path(options.json).write_bytes(made)
         # Without a time in it, so that two builds are the same.
         pathlib.Path(options.json + ".gz").write_bytes(gzip.compress(made, mtime=0))
+    if options.fingerprint:
+        pathlib.Path(options.fingerprint).write_text(reader.interface["fingerprint"] + "\n")
     if options.table:
         pathlib.Path(options.table).write_text(table.text(reader.interface))
     if options.terms:
