@@ -26,6 +26,8 @@ const std::vector<Command> commands = {
      set_up_snapshot},
     {"diff", "Compares two snapshots, or one with the chip as it is", "lmqctl diff before.json after.json",
      set_up_diff},
+    {"compat", "Whether clients of one interface go on working with another",
+     "lmqctl compat interface.json http://board:8080", set_up_compat},
     {"repl", "A session: a line is a command, or the name and arguments of a method", "lmqctl repl", set_up_repl},
     {"run", "Starts a program whose chip is the host's", "lmqctl --url http://board:8080 run -- PROGRAM ARGUMENT...",
      set_up_run},

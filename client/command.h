@@ -28,6 +28,7 @@ CLI::Option *add_words(CLI::App &command, const std::string &name, std::vector<s
 
 void set_up_batch(CLI::App &command, Context &context);
 void set_up_call(CLI::App &command, Context &context);
+void set_up_compat(CLI::App &command, Context &context);
 void set_up_complete(CLI::App &command, Context &context);
 void set_up_completion(CLI::App &command, Context &context);
 void set_up_describe(CLI::App &command, Context &context);

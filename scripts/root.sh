@@ -9,7 +9,7 @@ make_root() {
     [[ -n $mirror ]] || die "this machine takes no packages from a Debian 12"
     say "Making a bare Debian 12"
     quietly mmdebstrap --variant=minbase --architectures="$(dpkg --print-architecture)${foreign:+,$foreign}" \
-        --include="${packages// /,}" bookworm "$bare" "$mirror" ||
+        ${packages:+--include="${packages// /,}"} bookworm "$bare" "$mirror" ||
         die_unfetched "mmdebstrap failed; its messages are above"
     mount -t proc proc "$bare/proc"
     mount -t devpts devpts "$bare/dev/pts"
