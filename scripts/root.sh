@@ -1,4 +1,5 @@
 # Roots: Debian 12 in a folder with little in it, made for a build or for a test.
+# shellcheck shell=bash
 # Sourced by bash after setup.sh, as root, inside mounts of the caller's own (unshare --mount).
 
 # make_root FOLDER PACKAGES [ARCHITECTURE]: a root with these packages, which takes packages from where this machine does,

@@ -89,6 +89,7 @@ class Compat(ctl.CtlTest):
         """Clients of the released interface work with this one. If this fails, what was promised is broken."""
         status, printed, _ = self.run_ctl("compat", str(RELEASED), os.environ["LMQ_INTERFACE"])
         self.assertEqual(status, ctl.OK, printed)
+        self.assertNotIn("worded", printed)
 
     def test_what_breaks(self):
         for said, change in BREAKING.items():
