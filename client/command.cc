@@ -33,6 +33,8 @@ const std::vector<Command> commands = {
      set_up_replay},
     {"shrink", "The fewest calls of a trace that still go wrong", "lmqctl shrink night.trace --until died",
      set_up_shrink},
+    {"compat", "Whether clients of one interface go on working with another",
+     "lmqctl compat interface.json http://board:8080", set_up_compat},
     {"repl", "A session: a line is a command, or the name and arguments of a method", "lmqctl repl", set_up_repl},
     {"run", "Starts a program whose chip is the host's", "lmqctl --url http://board:8080 run -- PROGRAM ARGUMENT...",
      set_up_run},

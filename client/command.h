@@ -31,6 +31,7 @@ void add_host_options(CLI::App &command, std::string &host, double &hang);
 
 void set_up_batch(CLI::App &command, Context &context);
 void set_up_call(CLI::App &command, Context &context);
+void set_up_compat(CLI::App &command, Context &context);
 void set_up_complete(CLI::App &command, Context &context);
 void set_up_completion(CLI::App &command, Context &context);
 void set_up_describe(CLI::App &command, Context &context);

@@ -22,8 +22,8 @@ struct Connection {
     Clock::time_point deadline() const;
 };
 
-/// Adds the path that hosts serve to a URL that names none.
-void complete_url(std::string &url);
+/// A URL with the path that hosts serve, if it names none.
+std::string with_path(std::string url);
 
 /// What every way to a host says of a failure.
 [[noreturn]] void throw_stopped();

@@ -156,7 +156,7 @@ void set_up_replay(CLI::App &command, Context &context) {
     command.add_flag("--counters", options->difference.with_counters, "Compare counters and clocks, too");
     command.add_flag("--timing", options->timing, "Make the calls at the pace of the trace");
     command.callback([&context, options] {
-        for (std::string &url : options->urls) complete_url(url);
+        for (std::string &url : options->urls) url = with_path(url);
         replay(context, *options);
     });
 }
