@@ -21,10 +21,12 @@ std::string document(const Fault &fault) {
 
 // The library writes the code in front of the text, so that nothing a client sent can stand before it.
 int fault_code(std::string_view answer) {
-    constexpr std::string_view int_tag = "<int>", i4_tag = "<i4>";
+    constexpr std::string_view opening = "<methodResponse>", fault_tag = "<fault>", int_tag = "<int>", i4_tag = "<i4>";
     const std::string_view head = answer.substr(0, 256);
-    const std::size_t fault = head.find("<fault>");
-    if (fault == std::string_view::npos || head.find("<params>") < fault) return 0;
+    const std::size_t opened = head.find(opening);
+    if (opened == std::string_view::npos) return 0;
+    const std::size_t fault = head.find_first_not_of("\r\n \t", opened + opening.size());
+    if (fault == std::string_view::npos || !head.substr(fault).starts_with(fault_tag)) return 0;
     std::size_t number = head.find(i4_tag, fault);
     number = number == std::string_view::npos ? head.find(int_tag, fault) + int_tag.size() : number + i4_tag.size();
     int code = Fault::internal;
