@@ -28,6 +28,10 @@ const std::vector<Command> commands = {
      set_up_diff},
     {"fuzz", "Calls by contract, made up from a seed, on hosts of its own; keeps what goes wrong",
      "lmqctl fuzz --seed 7 --check '*flow*'", set_up_fuzz},
+    {"trace", "The calls that a host has kept: as lines, at length, in numbers, as a script",
+     "lmqctl trace lmq.trace --status failed --since 03:00\n"
+     "  lmqctl trace lmq.trace --follow              lmqctl trace lmq.trace --as python '*flow*' > again.py",
+     set_up_trace},
     {"repl", "A session: a line is a command, or the name and arguments of a method", "lmqctl repl", set_up_repl},
     {"run", "Starts a program whose chip is the host's", "lmqctl --url http://board:8080 run -- PROGRAM ARGUMENT...",
      set_up_run},

@@ -282,7 +282,10 @@ std::string contract_lines(const std::string &description, const std::string &ta
     const Json interface = Json::parse(description, look, false);
     if (is_too_deep) wrong("it", "is nested too deep");
     if (!interface.is_object()) wrong("it", "is no JSON object");
+    const Json fingerprint = interface.value("fingerprint", Json(""));
     return Dictionary::line(Dictionary::contract, "tag", Json(harmless(tag)).dump(-1, ' ', true)) +
+           Dictionary::line(Dictionary::contract, "fingerprint",
+                            Json(fingerprint.is_string() ? harmless(fingerprint) : "").dump(-1, ' ', true)) +
            lines_of(interface, "methods", Dictionary::said_of_methods, method_keys) +
            lines_of(interface, "structs", Dictionary::said_of_structs, struct_keys) +
            lines_of(interface, "enums", Dictionary::said_of_enums, enum_keys) +
