@@ -35,6 +35,10 @@ const std::vector<Command> commands = {
      set_up_shrink},
     {"compat", "Whether clients of one interface go on working with another",
      "lmqctl compat interface.json http://board:8080", set_up_compat},
+    {"trace", "The calls that a host has kept: as lines, at length, in numbers, as a script",
+     "lmqctl trace lmq.trace --status failed --since 03:00\n"
+     "  lmqctl trace lmq.trace --follow              lmqctl trace lmq.trace --as python '*flow*' > again.py",
+     set_up_trace},
     {"repl", "A session: a line is a command, or the name and arguments of a method", "lmqctl repl", set_up_repl},
     {"run", "Starts a program whose chip is the host's", "lmqctl --url http://board:8080 run -- PROGRAM ARGUMENT...",
      set_up_run},
