@@ -133,6 +133,7 @@ void set_up_filter(CLI::App &command, TraceFilter &filter) {
     command.add_option("--status", filter.status, "Only calls with this status: a name with * and ?, a number, failed")
         ->type_name("STATUS");
     command.add_flag("--fault{any}", filter.fault, "Only faults; --fault=-507 those of one code")->type_name("[=CODE]");
+    command.add_flag("--all", filter.all, "With the calls that ask what there is to call, as lmqctl itself makes them");
     command.add_option("--client", filter.client, "Only calls from this address or user, with * and ?")
         ->type_name("GLOB");
     command.add_option("--slower-than", filter.slower_than_ms, "Only calls that took longer")

@@ -17,6 +17,13 @@ bool has_method(const std::vector<std::string> &patterns, const std::string &nam
            });
 }
 
+// A method of the library, or one of the interface that stands for no function of the driver.
+bool is_introspection(const std::string &name, const Dictionary *dictionary) {
+    if (name.starts_with("system.")) return true;
+    if (!dictionary || !dictionary->has_contract() || !name.starts_with(dictionary->prefix())) return false;
+    return dictionary->said(Dictionary::said_of_methods, dictionary->bare_name(name)).is_null();
+}
+
 bool has_status(const std::string &wanted, const TraceEntry &entry, const Dictionary *dictionary) {
     if (!entry.answer.is_array() || entry.answer.empty() || !entry.answer[0].is_number_integer()) return false;
     const int64_t status = entry.answer[0].get<int64_t>();
@@ -41,6 +48,7 @@ bool TraceFilter::takes(const TraceEntry &entry, const Dictionary *dictionary) c
     if (!client.empty() && !glob(client, entry.client) && !glob(client, entry.user)) return false;
     if (static_cast<double>(entry.took) <= slower_than_ms * 1000 && slower_than_ms > 0) return false;
     if (!has_method(methods, entry.method)) return false;
+    if (!all && methods.empty() && is_introspection(entry.method, dictionary)) return false;
     if (!fault.empty() && (entry.fault == 0 || (fault != "any" && std::to_string(entry.fault) != fault))) return false;
     return status.empty() || has_status(status, entry, dictionary);
 }

@@ -17,6 +17,8 @@ struct TraceFilter {
     std::string client;                ///< a pattern for the client's address or user
     std::optional<int64_t> since, until;
     double slower_than_ms = 0;
+    /// Whether to take calls that ask what there is to call and never reach the driver, also if no pattern names them.
+    bool all = false;
 
     /// Whether only calls can be meant.
     bool is_about_calls() const;

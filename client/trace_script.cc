@@ -9,7 +9,6 @@
 #include "code.h"
 #include "error.h"
 #include "leaves.h"
-#include "time_text.h"
 
 namespace lmqctl {
 
@@ -45,6 +44,20 @@ std::string place_in_python(const std::string &path) {
         at = next;
     }
     return place;
+}
+
+// A number, and an array that has it alone, are the same to a pointer.
+const Json &alone(const Json &value) { return value.is_array() && value.size() == 1 ? value[0] : value; }
+
+// Whether the driver gets the same. What it only writes is compared by its room.
+bool is_same_call(const Method &method, const Json &one, const Json &other) {
+    if (one.size() != other.size()) return false;
+    for (std::size_t i = 0; i < one.size(); ++i) {
+        const bool is_written = i < method.parameters.size() && is_output(method, method.parameters[i]);
+        const auto room = [](const Json &value) { return value.is_array() ? value.size() : 1; };
+        if (is_written ? room(one[i]) != room(other[i]) : alone(one[i]) != alone(other[i])) return false;
+    }
+    return true;
 }
 
 constexpr char python_call[] = R"(
@@ -135,8 +148,9 @@ std::string TraceScript::batch_step(const Step &step) {
     exact.set_flags = false;
     const auto means_the_same = [&](const std::vector<std::string> &words, const ArgumentOptions &options) {
         try {
-            return build_arguments(dictionary, interface_.types, step.method, {words.begin() + 1, words.end()},
-                                   options) == step.entry.arguments;
+            return is_same_call(
+                step.method, step.entry.arguments,
+                build_arguments(dictionary, interface_.types, step.method, {words.begin() + 1, words.end()}, options));
         } catch (const Error &) {
             return false;
         }
@@ -216,10 +230,7 @@ std::string TraceScript::c_step(const Step &step) {
 
 std::string TraceScript::text(const std::string &language, const std::string &file) {
     find_ids();
-    const std::string from = "The calls in " + file +
-                             (steps_.empty() ? ""
-                                             : " from " + time_text(steps_.front().entry.time) + " to " +
-                                                   time_text(steps_.back().entry.time));
+    const std::string from = "The calls in " + file;
     std::string text;
     if (language == "batch") {
         for (const Step &step : steps_) text += batch_step(step);

@@ -63,10 +63,11 @@ class Writer {
     /// Whether to map the file; and whether that has been done, so that there may be zeros behind its end.
     bool maps_;
     bool has_room_ = false;
-    int file_ = -1;
-    MappedTail tail_;
+    // Before the file, whose opening sets them.
     std::uint64_t size_ = 0;
     std::uint64_t next_number_ = 1;
+    int file_;
+    MappedTail tail_;
 };
 
 }  // namespace lmq::trace
