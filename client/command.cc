@@ -33,6 +33,10 @@ const std::vector<Command> commands = {
      set_up_replay},
     {"shrink", "The fewest calls of a trace that still go wrong", "lmqctl shrink night.trace --until died",
      set_up_shrink},
+    {"trace", "The calls that a host has kept: as lines, at length, in numbers, as a script",
+     "lmqctl trace lmq.trace --status failed --since 03:00\n"
+     "  lmqctl trace lmq.trace --follow              lmqctl trace lmq.trace --as python '*flow*' > again.py",
+     set_up_trace},
     {"repl", "A session: a line is a command, or the name and arguments of a method", "lmqctl repl", set_up_repl},
     {"run", "Starts a program whose chip is the host's", "lmqctl --url http://board:8080 run -- PROGRAM ARGUMENT...",
      set_up_run},

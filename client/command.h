@@ -45,6 +45,7 @@ void set_up_search(CLI::App &command, Context &context);
 void set_up_shrink(CLI::App &command, Context &context);
 void set_up_snapshot(CLI::App &command, Context &context);
 void set_up_template(CLI::App &command, Context &context);
+void set_up_trace(CLI::App &command, Context &context);
 void set_up_uses(CLI::App &command, Context &context);
 void set_up_watch(CLI::App &command, Context &context);
 

@@ -3,6 +3,7 @@
 
 #include <zlib.h>
 
+#include <algorithm>
 #include <cstring>
 
 namespace lmq::trace {
@@ -148,6 +149,7 @@ std::string encode(const RecordView &record) {
 }
 
 Decoded decode(std::string_view piece) {
+    if (piece.find_first_not_of('\0') >= std::min(piece.size(), prefix_size)) return {Decoded::Is::room};
     if (piece.size() < prefix_size) return {Decoded::Is::incomplete};
     const std::size_t length = take_number<std::uint32_t>(piece.data() + 4);
     if (length < fixed_size) return {Decoded::Is::damaged};

@@ -38,6 +38,7 @@ std::string encode(const RecordView &record);
 struct Decoded {
     enum class Is {
         record,      ///< A record.
+        room,        ///< Zeros: room for one that has not been written.
         incomplete,  ///< The beginning of one.
         damaged      ///< What cannot be one: its checksum or its length is wrong.
     };

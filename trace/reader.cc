@@ -71,6 +71,7 @@ const RecordView *Reader::next() {
             end_ = End::damaged;
             return nullptr;
         }
+        if (found.is == Decoded::Is::room) break;
         wanted = found.size;
         if (found.is == Decoded::Is::incomplete) continue;
         begin_ += found.size;
@@ -78,7 +79,10 @@ const RecordView *Reader::next() {
         record_ = found.record;
         return &record_;
     }
-    end_ = filled_ > begin_ ? End::incomplete : End::whole;
+    const std::string_view rest(buffer_.data() + begin_, filled_ - begin_);
+    end_ = rest.empty() || decode(rest).is == Decoded::Is::room ? End::whole : End::incomplete;
+    // By the next time a record may be where there was room.
+    if (end_ == End::whole && lseek(file_, static_cast<off_t>(offset_), SEEK_SET) >= 0) filled_ = begin_;
     return nullptr;
 }
 

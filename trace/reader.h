@@ -28,7 +28,7 @@ class Reader {
   public:
     /// What is behind the last record.
     enum class End {
-        whole,       ///< Nothing.
+        whole,       ///< Nothing, or room for more.
         incomplete,  ///< A record that has not been written to its end.
         damaged      ///< Bytes that are no record: the checksum is wrong.
     };

@@ -1,10 +1,11 @@
-// Writing of a trace: records are appended, each with one write(2), so that whoever is killed leaves what it wrote.
+// Writing of a trace: records are appended, each at once, so that whoever is killed leaves what it wrote.
 #pragma once
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 
+#include "mapped_tail.h"
 #include "reader.h"
 #include "record.h"
 
@@ -13,7 +14,8 @@ namespace lmq::trace {
 class Writer {
   public:
     enum class Mode {
-        append,   ///< Goes on with the file that is there, if it is of the same interface; else that is laid aside.
+        append,   ///< Goes on with the file that is there, if it is of the same interface; else that is laid aside. The
+                  ///< file is mapped where that can be done: a record then costs no call to the system.
         replace,  ///< Puts a new file in the place of what is there.
         create    ///< There must be no file of that name.
     };
@@ -51,14 +53,21 @@ class Writer {
     bool take_up(int file);
     void begin();
     void lay_aside();
+    void put(std::string_view record);
+    void cut_off_room();
     [[noreturn]] void fail(const std::string &what) const;
 
     std::string path_;
     Record head_;
     std::uint64_t limit_;
-    int file_ = -1;
+    /// Whether to map the file; and whether that has been done, so that there may be zeros behind its end.
+    bool maps_;
+    bool has_room_ = false;
+    // Before the file, whose opening sets them.
     std::uint64_t size_ = 0;
     std::uint64_t next_number_ = 1;
+    int file_;
+    MappedTail tail_;
 };
 
 }  // namespace lmq::trace

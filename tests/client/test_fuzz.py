@@ -104,7 +104,7 @@ class Shrink(OwnHosts):
         shrunk = lambda until: self.json(ctl.OK, "shrink", trace, "--until", until,  # noqa: E731
                                          "--host-command", self.command())["calls"]
         self.assertEqual(shrunk("vx_watchdog_get:p_cfg.wd_timer=9"), 3)
-        self.assertEqual(shrunk("vx_mac_addr_get:VX_ERR_GLBL_DEV_ID_INVALID"), 2)
+        self.assertEqual(shrunk("vx_mac_addr_get:VX_ERR_DEV_ID_INVALID"), 2)
         printed = self.ok("shrink", trace, "--until", "vx_watchdog_get:wd_timer=9", "--out", f"{self.folder}/few.trace",
                           "--host-command", self.command())
         self.assertEqual(printed.splitlines()[-1], f"{self.folder}/few.trace")

@@ -9,6 +9,8 @@
 #include <unistd.h>
 
 int host_test_driver_id(void);
+int host_test_driver_crash(const volatile int *nowhere);
+int host_test_driver_recurse(volatile int *depth);
 
 static xmlrpc_value *echo(xmlrpc_env *env, xmlrpc_value *params, void *server, void *call) {
     (void)env, (void)server, (void)call;
@@ -54,6 +56,16 @@ static xmlrpc_value *end(xmlrpc_env *env, xmlrpc_value *params, void *server, vo
     if (how < 0) _exit(-how);
     raise(how);
     return xmlrpc_int_new(env, how);
+}
+
+// Crashes in a function of the driver: 0 reads where nothing is, 1 uses up the stack.
+static xmlrpc_value *crash(xmlrpc_env *env, xmlrpc_value *params, void *server, void *call) {
+    (void)server, (void)call;
+    xmlrpc_int how = 0;
+    xmlrpc_decompose_value(env, params, "(i)", &how);
+    if (env->fault_occurred) return NULL;
+    volatile int depth = 0;
+    return xmlrpc_int_new(env, (how == 0 ? host_test_driver_crash(NULL) : host_test_driver_recurse(&depth)) + depth);
 }
 
 static xmlrpc_value *process(xmlrpc_env *env, xmlrpc_value *params, void *server, void *call) {
@@ -165,6 +177,7 @@ int xrpc_init(xmlrpc_registry *registry, xmlrpc_env *env) {
     xmlrpc_registry_add_method2(env, registry, "test.text", text, "s:i", "", NULL);
     xmlrpc_registry_add_method2(env, registry, "test.driver", driver, "i:", "", NULL);
     xmlrpc_registry_add_method2(env, registry, "test.end", end, "i:i", "", NULL);
+    xmlrpc_registry_add_method2(env, registry, "test.crash", crash, "i:i", "", NULL);
     xmlrpc_registry_add_method2(env, registry, "test.process", process, "i:", "", NULL);
     xmlrpc_registry_add_method2(env, registry, "test.lose", lose, "i:i", "", NULL);
     xmlrpc_registry_add_method2(env, registry, "test.speak", speak, "i:6b", "", NULL);
