@@ -22,7 +22,8 @@ std::optional<std::size_t> counterpart(const Method &setter, const Parameter &wa
     for (std::size_t i = 0; i < setter.parameters.size(); ++i) {
         const Parameter &parameter = setter.parameters[i];
         if (parameter.said.direction != Direction::in) continue;
-        const bool is_same_type = parameter.pointee() == wanted.pointee();
+        // As the headers have it: the dictionary names a pointer to a number by what is behind its type.
+        const bool is_same_type = parameter.said.type == wanted.said.type;
         if (is_same_type && bare(parameter.name) == bare(wanted.name)) return i;
         if (is_same_type && parameter.is_udt) of_type.push_back(i);
     }
@@ -185,12 +186,11 @@ std::optional<std::string> Checks::lost_setting(const Method &setter, const Json
         const Parameter &parameter = getter.parameters[i];
         const auto from = counterpart(setter, parameter);
         if (parameter.said.direction != Direction::out || !from) continue;
-        if (parameter.said.length.count != setter.parameters[*from].said.length.count &&
-            setter.parameters[*from].is_pointer())
-            continue;
-        const TypePtr type = types_.parameter(parameter);
+        const Parameter &source = setter.parameters[*from];
+        if (source.is_pointer() && parameter.said.length.count != source.said.length.count) continue;
+        const TypePtr type = types_.parameter(source);
         const bool is_list = parameter.said.length.count > 1;
-        const Type &element = parameter.is_udt || !type->element ? *type : *type->element;
+        const Type &element = source.is_udt || !type->element ? *type : *type->element;
         const auto found = is_list ? difference(*type, sent[*from], answer[i + 1], parameter.name, true)
                                    : difference(element, without_arguments(setter, first_of(sent[*from])),
                                                 first_of(answer[i + 1]), parameter.name, true);

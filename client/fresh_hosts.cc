@@ -1,6 +1,8 @@
 // Fresh hosts, and how much memory a call loses in one.
 #include "fresh_hosts.h"
 
+#include <algorithm>
+
 #include "error.h"
 #include "fetch.h"
 #include "interrupt.h"
@@ -11,7 +13,7 @@ namespace {
 
 // The handler frame loses a list of ten pointers with each call.
 constexpr std::size_t lost_by_design = 102;
-constexpr std::size_t burst = 32, warm_up = probe_calls - 2 * burst;  // calls
+constexpr std::size_t bursts = 3, burst = 48, warm_up = probe_calls - bursts * burst;  // calls
 // Memory is counted in pages, and an allocator takes some ahead.
 constexpr std::size_t noise = 12 << 10;
 
@@ -48,18 +50,19 @@ std::size_t growth(const FreshHost &host, const Call &call) {
                 return false;
         return true;
     };
-    std::size_t least = SIZE_MAX;
     if (!make(warm_up)) return 0;
-    std::optional<std::size_t> before = host.host->worker_memory();
-    // Twice, for what grows once may be a table.
-    for (int i = 0; i < 2; ++i) {
+    std::vector<std::size_t> grown;
+    for (std::size_t i = 0; i < bursts; ++i) {
+        const std::optional<std::size_t> before = host.host->worker_memory();
         if (!make(burst)) return 0;
         const std::optional<std::size_t> after = host.host->worker_memory();
-        if (!before || !after || *after <= *before) return 0;
-        least = std::min(least, *after - *before);
-        before = after;
+        if (!before || !after) return 0;
+        grown.push_back(*after > *before ? *after - *before : 0);
     }
-    return least > burst * lost_by_design + noise ? least / burst - lost_by_design : 0;
+    // The one in the middle: a table may grow once, and an allocator now and then gives some back.
+    std::sort(grown.begin(), grown.end());
+    const std::size_t usual = grown[bursts / 2];
+    return usual > burst * lost_by_design + noise ? usual / burst - lost_by_design : 0;
 }
 
 }  // namespace lmqctl

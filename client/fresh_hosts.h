@@ -43,7 +43,7 @@ class FreshHosts {
     std::unique_ptr<Checks> checks_;
 };
 
-inline constexpr std::size_t probe_calls = 80;
+inline constexpr std::size_t probe_calls = 160;
 
 /// Bytes that a call loses each time it is made, beyond what all calls lose by design; 0 if it loses none, or if nobody
 /// can say. Makes the call `probe_calls` times.

@@ -1,4 +1,4 @@
-// A round is short and looks at few families, so that calls that belong together meet; then comes a fresh chip.
+// A round is about one family, so that calls that belong together meet; then comes a fresh chip and the next family.
 #include "fuzzer.h"
 
 #include <algorithm>
@@ -11,7 +11,8 @@ namespace lmqctl {
 
 namespace {
 
-constexpr std::size_t calls_of_a_round = 400;
+constexpr std::size_t calls_of_a_method = 25;  // of the round's family
+constexpr std::size_t least_calls = 150, most_calls_of_a_round = 700;
 constexpr std::size_t probes_of_a_round = 2;  // methods whose memory is looked at
 constexpr int ends_enough = 3;                // after which a method is called no more
 
@@ -85,17 +86,17 @@ void Fuzzer::round(const std::function<void(const Finding &)> &found) {
     ++rounds_;
     round.found = &found;
     Random &random = round.generator.random();
-    // A family or two, and some strangers.
-    for (std::size_t i = 0, count = 1 + random.below(2); i < count; ++i) {
-        const std::vector<std::size_t> &family = families_[random.one_of(family_names_)];
-        round.focus.insert(round.focus.end(), family.begin(), family.end());
-    }
-    for (int i = 0; i < 5; ++i) round.focus.push_back(random.below(methods_.size()));
+    // All families come once, in an order of their own, before one comes again.
+    if (turns_.empty()) turns_ = family_names_;
+    const std::size_t turn = random.below(turns_.size());
+    round.focus = families_[turns_[turn]];
+    turns_.erase(turns_.begin() + static_cast<std::ptrdiff_t>(turn));
+    const std::size_t calls = std::clamp(round.focus.size() * calls_of_a_method, least_calls, most_calls_of_a_round);
     round.faults_before = round.host.host->worker_faults();
     for (const Call &call : first_)
         if (const auto method = hosts_.dictionary().method(hosts_.dictionary().bare_name(call.method)); method)
             make(round, *method, call.parameters);
-    while (!round.is_over && round.played.size() < calls_of_a_round && !is_done()) {
+    while (!round.is_over && round.played.size() < calls && !is_done()) {
         const Method &method = next_method(round);
         if (given_up_.contains(method.name)) {
             if (given_up_.size() == methods_.size()) throw Error(exit_driver, "all methods end or hang the driver");

@@ -64,7 +64,7 @@ class Fuzzer {
     std::vector<Method> methods_;
     std::vector<std::string> left_out_;
     std::map<std::string, std::vector<std::size_t>> families_;  // places in methods_
-    std::vector<std::string> family_names_;
+    std::vector<std::string> family_names_, turns_;
     std::set<std::string> told_, reached_, given_up_;
     std::map<std::string, int> ends_;    // of the driver, by method
     std::map<std::string, int> probed_;  // by method

@@ -1,6 +1,6 @@
 // lmqctl replay: the calls of a trace made again, and their answers compared with those of the trace, or of two hosts
 // with each other.
-#include <cstdio>
+#include <map>
 #include <thread>
 
 #include "command.h"
@@ -58,7 +58,7 @@ class Replay {
         Progress progress("calls", calls.size());
         const Clock::time_point begin = Clock::now();
         for (std::size_t i = 0; i < calls.size() && !interrupted; ++i) {
-            const std::optional<Method> method = dictionary_.method(dictionary_.bare_name(calls[i].call.method));
+            const std::optional<Method> &method = method_of(calls[i].call.method);
             if (!method || !method->contract) {
                 ++left_out_;
                 continue;
@@ -85,6 +85,13 @@ class Replay {
     }
 
   private:
+    // Each is read from the dictionary once.
+    const std::optional<Method> &method_of(const std::string &name) {
+        const auto known = methods_.find(name);
+        if (known != methods_.end()) return known->second;
+        return methods_.emplace(name, dictionary_.method(dictionary_.bare_name(name))).first->second;
+    }
+
     void make(std::size_t number, const Method &method, const PlayedCall &recorded) {
         ++made_;
         const Outcome first = first_.play(method, recorded);
@@ -118,6 +125,7 @@ class Replay {
     std::unique_ptr<Session> second_session_;
     std::unique_ptr<Player> second_;
     std::unique_ptr<IdMap> between_;  // from the first host's ids to the second's
+    std::map<std::string, std::optional<Method>> methods_;
     Json found_ = Json::array();
     std::size_t made_ = 0, left_out_ = 0, differing_ = 0;
 };
