@@ -154,7 +154,7 @@ class Site(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    if not shutil.which("mkdocs"):
-        print("mkdocs is not installed: apt-get install mkdocs mkdocs-material")
+    if not shutil.which("mkdocs") or not shutil.which("groff"):
+        print("mkdocs or groff is not installed: apt-get install mkdocs mkdocs-material groff-base")
         sys.exit(SKIPPED)
     unittest.main(argv=sys.argv[:1])
