@@ -73,8 +73,8 @@ def write(source, documents, made):
 
 
 def main(interface, output, version=""):
-    if not shutil.which("mkdocs"):
-        sys.exit("The site needs mkdocs and its material theme: apt-get install mkdocs mkdocs-material")
+    if not shutil.which("mkdocs") or not shutil.which("groff"):
+        sys.exit("The site needs mkdocs, its material theme, and groff: apt-get install mkdocs mkdocs-material groff-base")
     output = pathlib.Path(output).resolve()
     documents = chapters.Chapters(ROOT)
     made = reference.Reference(json.loads(pathlib.Path(interface).read_text()), ROOT / "include")
@@ -83,7 +83,7 @@ def main(interface, output, version=""):
     built = subprocess.run(["mkdocs", "build", "--strict", "--clean", "-f", str(output / "mkdocs.yml")],
                            stderr=subprocess.PIPE, text=True)
     if built.returncode:
-        wrong = [line for line in built.stderr.splitlines() if not line.startswith(("INFO", "  - "))]
+        wrong = [line for line in built.stderr.splitlines() if "WARNING" in line or "ERROR" in line]
         sys.exit("\n".join(wrong) + f"\nThe site was not built: mkdocs ended with status {built.returncode}")
     print(f"{output / 'site' / 'index.html'}: {len(documents.pages)} chapters and sources, {len(made.pages)} pages of reference")
 

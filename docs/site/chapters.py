@@ -7,6 +7,8 @@ The README of a folder is the page about.md there, since the theme takes an inde
 
 import os
 import re
+import subprocess
+import sys
 
 # What stands where in the navigation. A document that does not exist is left out, one that is not named here comes last.
 SECTIONS = [
@@ -23,6 +25,7 @@ SECTIONS = [
 ]
 # Folders whose files have pages of their own, even if no document names them.
 SHOWN = ("include", "examples")
+MANUALS = "Manual pages"
 IGNORED = ("build", "dist", "third_party", "node_modules")
 FENCE = re.compile(r"(^ *```.*?^ *```$)", re.MULTILINE | re.DOTALL)
 LINK = re.compile(r"\]\((?!https?:|#|mailto:)([^)#\s]+)(#[^)\s]*)?\)")
@@ -41,6 +44,7 @@ class Chapters:
         documents = self.documents()
         for path in documents:
             self.pages[page_of(path)] = self.document(path)
+        self.manuals = self.manual_pages()
         self.wanted |= {str(path.relative_to(root)) for path in root.glob("include/**/*.h")}
         while self.wanted:
             self.follow(self.wanted.pop())
@@ -59,7 +63,18 @@ class Chapters:
         rest = [(path, re.search(r"^# (.+)$", self.pages[path], re.MULTILINE)[1].replace("`", ""))
                 for path in map(page_of, documents) if path not in named]
         listed[-1][1].extend(rest)
-        return listed
+        return [*listed, (MANUALS, self.manuals)]
+
+    def manual_pages(self):
+        """Makes a page of each manual page, as a terminal shows it."""
+        found = []
+        for path in sorted(self.root.glob("packaging/*.[1-8]")):
+            shown = subprocess.run(["groff", "-man", "-Tutf8", "-rLL=90n", "-P-cbou", str(path)], stdout=subprocess.PIPE,
+                                   text=True, check=True).stdout
+            name = f"{path.stem}({path.suffix[1:]})"
+            self.pages[f"packaging/{path.name}.md"] = f"# {name}\n\n````text\n{shown.strip()}\n````\n"
+            found.append((f"packaging/{path.name}.md", name))
+        return found
 
     def document(self, path):
         parts = FENCE.split((self.root / path).read_text())
@@ -70,8 +85,10 @@ class Chapters:
         return "".join(parts)
 
     def link(self, path, target, section):
-        """A link of a document, to the page of what it leads to."""
+        """A link of a document, to the page of what it leads to; ends the program if there is no such file."""
         there = os.path.normpath(os.path.join(os.path.dirname(path), target))
+        if not (self.root / there).exists():
+            sys.exit(f"{path} has a link to {target}: there is no {there}")
         if (self.root / there).is_dir():
             self.wanted.add(there)
             return f"]({page_of(os.path.join(target, 'README.md'))}{section})"
@@ -128,10 +145,10 @@ def opening(file):
     text = re.sub(r"\A#!.*\n", "", text)
     if file.suffix == ".md":
         return re.match(r"#* *(.*)", text)[1]
-    found = re.match(r'\s*(?:/\*\*(.*?)\*/|"""(.*?)"""|((?:(?://|#) ?.*\n)+))', text, re.DOTALL)
+    found = re.match(r'\s*(?:/\*(.*?)\*/|"""(.*?)"""|((?:(?://|#(?= |\n))[^\n]*\n)+))', text, re.DOTALL)
     if not found:
         return ""
-    words = next(filter(None, found.groups()))
+    words = re.split(r"\n\W*\n", next(filter(None, found.groups())))[0]  # the first paragraph
     words = " ".join(re.sub(r"^\s*(?://|#|\*)? ?|@file|@brief", " ", words, flags=re.MULTILINE).split())
     sentence = re.match(r".*?[.:](?= [A-Z]|$)", words)
     return re.sub(r"([|<*_\[\]])", r"\\\1", sentence[0] if sentence else words)

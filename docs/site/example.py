@@ -22,8 +22,8 @@ class Examples:
         return " ".join(shlex.quote(word) for word in line)
 
     def python(self, name):
-        """The line; the members of the one struct stand as keywords."""
-        values = self.values(name)
+        """The line; the members of the one struct stand as keywords. The package takes no `void *`."""
+        values = {argument: value for argument, value in self.values(name).items() if value is not None}
         structs = [argument for argument, value in values.items() if isinstance(value, dict)]
         given, named = [], False
         for argument, value in values.items():

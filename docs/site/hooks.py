@@ -69,6 +69,8 @@ def on_post_page(output, page, config):
     """Puts the script that the theme's search looks for before the theme's own, and lets the search find the words that it
     takes for too common: `get` is one."""
     script = '<script src="' + "../" * page.url.count("/") + 'assets/search.js"></script>'
+    # Long names break where their words end.
+    output = re.sub(r'(class="md-nav__link[^>]*>\s*)(\w+)(?=\s*<)', lambda it: it[1] + it[2].replace("_", "_<wbr>"), output)
     return output.replace("</head>", script + "</head>", 1).replace('"trimmer, stopWordFilter"', '"trimmer"', 1)
 
 

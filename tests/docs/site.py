@@ -6,6 +6,7 @@ finds things by the search where the site is opened as files.
 """
 
 import collections
+import contextlib
 import html.parser
 import json
 import os
@@ -16,11 +17,13 @@ import sys
 import tempfile
 import time
 import unittest
+import unittest.mock
 import urllib.parse
 
 TESTS = pathlib.Path(__file__).parent.parent
-sys.path[:0] = [str(TESTS), str(TESTS / "console")]
+sys.path[:0] = [str(TESTS), str(TESTS / "console"), str(TESTS.parent / "python")]
 import hosting  # noqa: E402
+import lmq  # noqa: E402
 
 INTERFACE, BUILDER, LMQCTL, HOST = sys.argv[1:5]
 LOADS = {"script": "src", "img": "src", "iframe": "src", "source": "src", "link": "href"}
@@ -135,11 +138,17 @@ class Site(unittest.TestCase):
             self.assertLess(time.monotonic(), deadline, f"the search does not find {what}")
             time.sleep(0.1)
 
-    def test_calls_to_copy_are_accepted(self):
-        lines = {name: next(line.strip() for line in self.source(name).splitlines() if f"    lmqctl call {name}" in line)
-                 for name in self.interface["methods"]}
+    def shown(self, begin):
+        """The line of each method's page that begins so, behind the method's name."""
+        return {name: next(line.strip() for line in self.source(name).splitlines() if f"    {begin}{name}" in line)
+                for name in self.interface["methods"]}
+
+    def source(self, name):
+        return pathlib.Path(self.folder.name, "source", "reference", "methods", f"{name}.md").read_text()
+
+    def test_calls_of_lmqctl_are_accepted(self):
         script = "\n".join(f"{line} --dry-run > /dev/null 2>> errors || echo {name} >> refused"
-                           for name, line in lines.items())
+                           for name, line in self.shown("lmqctl call ").items())
         with hosting.Host(program=HOST) as host, tempfile.TemporaryDirectory() as scratch:
             bin_folder = pathlib.Path(scratch, "bin")
             bin_folder.mkdir()
@@ -149,12 +158,17 @@ class Site(unittest.TestCase):
             refused = pathlib.Path(scratch, "refused")
             self.assertFalse(refused.exists() and refused.read_text() + pathlib.Path(scratch, "errors").read_text())
 
-    def source(self, name):
-        return pathlib.Path(self.folder.name, "source", "reference", "methods", f"{name}.md").read_text()
+    def test_calls_of_python_are_accepted(self):
+        with hosting.Host(program=HOST) as host, tempfile.TemporaryDirectory() as scratch, \
+                unittest.mock.patch.dict(os.environ, XDG_CACHE_HOME=scratch):
+            chip = lmq.connect(host.url)
+            for name, line in self.shown("chip.").items():
+                with self.subTest(line), contextlib.suppress(lmq.StatusError):  # what the driver says is no matter
+                    eval(line, {"chip": chip})
 
 
 if __name__ == "__main__":
-    if not shutil.which("mkdocs"):
-        print("mkdocs is not installed: apt-get install mkdocs mkdocs-material")
+    if not shutil.which("mkdocs") or not shutil.which("groff"):
+        print("mkdocs or groff is not installed: apt-get install mkdocs mkdocs-material groff-base")
         sys.exit(SKIPPED)
     unittest.main(argv=sys.argv[:1])
