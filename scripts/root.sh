@@ -15,6 +15,7 @@ make_root() {
     mount -t proc proc "$bare/proc"
     mount -t devpts devpts "$bare/dev/pts"
     cp -L /etc/resolv.conf "$bare/etc/resolv.conf"
+    quietly in_root "$bare" apt-get -q update || die_unfetched "the lists of packages cannot be fetched"
 }
 
 # in_root FOLDER COMMAND...: runs it there, with nothing of this machine's environment but the way to the packages.

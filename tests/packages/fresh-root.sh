@@ -120,6 +120,5 @@ make_root "$bare" ""
 mkdir "$bare/root/dist"
 cp "$root"/dist/*_all.deb "$root"/dist/*_"$(dpkg --print-architecture)".deb "$bare/root/dist"
 rm -f "$bare"/root/dist/*-dbgsym_*
-quietly in_root "$bare" apt-get -q update || die_unfetched "the lists of packages cannot be fetched"
 for step in without_a_driver as_a_service by_init_script by_their_own_tests upgraded purged; do $step; done
 say "The packages work in a fresh root"
