@@ -62,17 +62,12 @@ class PlainReader {
     /// Reads up to the next tag.
     template <class Events>
     bool read_text(Events &events) {
-        for (;;) {
+        while (!rest_.empty() && rest_.front() != '<') {
+            if (rest_.starts_with("\r\n")) rest_.remove_prefix(1);
             const std::string_view text = take([](char c) { return kind(c) != Byte::other; });
-            if (!text.empty() && !report(text, events)) return false;
-            if (rest_.empty()) return false;
-            if (rest_.front() == '<') return true;
-            if (rest_.starts_with("\r\n")) {
-                rest_.remove_prefix(1);
-            } else if (!read_entity(events)) {
-                return false;
-            }
+            if (!(text.empty() ? read_entity(events) : report(text, events))) return false;
         }
+        return true;
     }
 
     template <class Events>
