@@ -14,9 +14,10 @@ namespace {
 /// Takes tags off the beginning of a text, with the blanks before them.
 bool skip(std::string_view &text, std::initializer_list<std::string_view> tags) {
     for (const std::string_view tag : tags) {
-        const std::size_t at = text.find_first_not_of("\r\n \t");
-        if (at == std::string_view::npos || !text.substr(at).starts_with(tag)) return false;
-        text.remove_prefix(at + tag.size());
+        const auto is_blank = [](char c) { return c == '\r' || c == '\n' || c == ' ' || c == '\t'; };
+        while (!text.empty() && is_blank(text.front())) text.remove_prefix(1);
+        if (!text.starts_with(tag)) return false;
+        text.remove_prefix(tag.size());
     }
     return true;
 }

@@ -10,6 +10,8 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstring>
+#include <iterator>
 #include <limits>
 #include <system_error>
 #include <utility>
@@ -59,19 +61,38 @@ bool read_credentials(std::string_view value, std::string &name, std::string &pa
     return true;
 }
 
-/// All headers of a name.
-std::vector<std::string> values(MHD_Connection *connection, const char *name) {
-    std::pair<const char *, std::vector<std::string>> search(name, {});
-    MHD_get_connection_values(
-        connection, MHD_HEADER_KIND,
-        [](void *to, MHD_ValueKind, const char *key, const char *value) {
-            auto &[wanted, found] = *static_cast<decltype(search) *>(to);
-            if (strcasecmp(key, wanted) == 0) found.emplace_back(value == nullptr ? "" : value);
-            return MHD_YES;
-        },
-        &search);
-    return std::move(search.second);
-}
+/// What the headers say that a proxy may read in another way.
+struct Framing {
+    unsigned hosts = 0, lengths = 0, codings = 0;
+    bool is_chunked = false;
+
+    explicit Framing(MHD_Connection *connection) {
+        MHD_get_connection_values(
+            connection, MHD_HEADER_KIND,
+            [](void *framing, MHD_ValueKind, const char *key, const char *value) {
+                static_cast<Framing *>(framing)->add(key, value == nullptr ? "" : value);
+                return MHD_YES;
+            },
+            this);
+    }
+
+  private:
+    void add(const char *key, const char *value) {
+        switch (std::strlen(key)) {
+            case std::size(MHD_HTTP_HEADER_HOST) - 1: hosts += is(key, MHD_HTTP_HEADER_HOST); break;
+            case std::size(MHD_HTTP_HEADER_CONTENT_LENGTH) - 1:
+                lengths += is(key, MHD_HTTP_HEADER_CONTENT_LENGTH);
+                break;
+            case std::size(MHD_HTTP_HEADER_TRANSFER_ENCODING) - 1:
+                if (!is(key, MHD_HTTP_HEADER_TRANSFER_ENCODING)) break;
+                ++codings;
+                is_chunked = is(value, "chunked");
+                break;
+        }
+    }
+
+    static bool is(const char *text, const char *wanted) { return strcasecmp(text, wanted) == 0; }
+};
 
 }  // namespace
 
@@ -148,16 +169,14 @@ std::optional<Reply> Gate::judge_form(MHD_Connection *connection, std::string_vi
         reply.closes = true;
         return reply;
     };
-    const auto lengths = values(connection, MHD_HTTP_HEADER_CONTENT_LENGTH);
-    const auto codings = values(connection, MHD_HTTP_HEADER_TRANSFER_ENCODING);
-    if (lengths.size() > 1) return closing("The request has more than one Content-Length.");
-    if (!lengths.empty() && !codings.empty())
+    const Framing framing(connection);
+    if (framing.lengths > 1) return closing("The request has more than one Content-Length.");
+    if (framing.lengths > 0 && framing.codings > 0)
         return closing("The request has a Content-Length and a Transfer-Encoding.");
-    if (codings.size() > 1 || (codings.size() == 1 && strcasecmp(codings[0].c_str(), "chunked") != 0)) {
+    if (framing.codings > 1 || (framing.codings == 1 && !framing.is_chunked)) {
         return closing("The only Transfer-Encoding is chunked.");
     }
-    const auto hosts = values(connection, MHD_HTTP_HEADER_HOST);
-    if (hosts.size() > 1 || (hosts.empty() && version == MHD_HTTP_VERSION_1_1)) {
+    if (framing.hosts > 1 || (framing.hosts == 0 && version == MHD_HTTP_VERSION_1_1)) {
         return closing("A request has one Host header.");
     }
     return std::nullopt;

@@ -18,6 +18,9 @@ class Lease {
     /// @param token  What the client shows; empty if nothing.
     Reply serve(std::string_view method, std::string_view body, std::string_view token);
 
+    /// Whether somebody holds it at this moment.
+    bool is_held();
+
     /// Why a call that changes something is refused to whoever shows this token; none if it is not.
     std::optional<Reply> judge(std::string_view token);
 
@@ -29,7 +32,6 @@ class Lease {
         Clock::time_point until;
     };
 
-    bool is_held();
     bool is_holder(std::string_view token);
     Reply take(std::string_view body, std::string_view token);
     Reply refused(const std::string &what) const;

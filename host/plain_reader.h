@@ -62,17 +62,12 @@ class PlainReader {
     /// Reads up to the next tag.
     template <class Events>
     bool read_text(Events &events) {
-        for (;;) {
+        while (!rest_.empty() && rest_.front() != '<') {
+            if (rest_.starts_with("\r\n")) rest_.remove_prefix(1);
             const std::string_view text = take([](char c) { return kind(c) != Byte::other; });
-            if (!text.empty() && !report(text, events)) return false;
-            if (rest_.empty()) return false;
-            if (rest_.front() == '<') return true;
-            if (rest_.starts_with("\r\n")) {
-                rest_.remove_prefix(1);
-            } else if (!read_entity(events)) {
-                return false;
-            }
+            if (!(text.empty() ? read_entity(events) : report(text, events))) return false;
         }
+        return true;
     }
 
     template <class Events>
@@ -96,22 +91,32 @@ class PlainReader {
     /// Reads a tag, behind its '<'.
     template <class Events>
     bool read_tag(Events &events) {
-        const bool closes = rest_.front() == '/';
-        if (closes) rest_.remove_prefix(1);
+        if (rest_.front() == '/') {
+            rest_.remove_prefix(1);
+            if (open_.empty() || !rest_.starts_with(open_.back())) return false;
+            rest_.remove_prefix(open_.back().size());
+            return skip('>') && close(events);
+        }
         const std::string_view name = take([](char c) { return kind(c) == Byte::name; });
         if (name.empty() || !is_letter(name.front())) return false;
-        const bool is_empty = !closes && rest_.starts_with('/');
-        if (is_empty) rest_.remove_prefix(1);
-        if (!rest_.starts_with('>')) return false;
-        rest_.remove_prefix(1);
-        if (!closes) {
-            open_.push_back(name);
-            if (!events.open(name)) return false;
-        }
-        if (!closes && !is_empty) return true;
-        if (open_.empty() || open_.back() != name) return false;
+        const bool is_empty = skip('/');
+        if (!skip('>')) return false;
+        open_.push_back(name);
+        return events.open(name) && (!is_empty || close(events));
+    }
+
+    template <class Events>
+    bool close(Events &events) {
+        const std::string_view name = open_.back();
         open_.pop_back();
         return events.close(name);
+    }
+
+    /// Takes a byte off the front if it is the wanted one.
+    bool skip(char wanted) {
+        if (rest_.empty() || rest_.front() != wanted) return false;
+        rest_.remove_prefix(1);
+        return true;
     }
 
     /// Takes the bytes off the front that are wanted.

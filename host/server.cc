@@ -177,7 +177,9 @@ void Server::judge_document(Exchange &exchange) {
     Verdict verdict = prepass_.examine(exchange.body.text());
     if (!verdict.fault) verdict.fault = filters_.judge(verdict, exchange.user);
     if (!verdict.fault) verdict.fault = guard_.judge(verdict.read, filters_.read_only(exchange.user));
-    if (!verdict.fault && !guard_.reads(verdict.read)) exchange.reply = lease_.judge(exchange.lease_token);
+    if (!verdict.fault && lease_.is_held() && !guard_.reads(verdict.read)) {
+        exchange.reply = lease_.judge(exchange.lease_token);
+    }
     exchange.method = std::move(verdict.method);
     exchange.inner = std::move(verdict.inner);
     if (exchange.reply) return exchange.body.clear();

@@ -19,6 +19,8 @@ class Server(ThreadingMixIn, SimpleXMLRPCServer):
 
 
 server = Server(("127.0.0.1", int(sys.argv[1])), Handler, logRequests=False)
-server.register_function(lambda device, mode: [0, device, mode], "lmq.vx_reset")
+MASK = {"wd_enable": 0, "wd_timer": 0, "wd_action": 0, "reserved": 0}
+WATCHDOG = {"wd_enable": 0, "wd_timer": 0, "wd_action": 0, "mask_s": MASK}
+server.register_function(lambda device, config: [0, device, {**config, **WATCHDOG}], "lmq.vx_watchdog_get")
 server.register_function(lambda start: [0, start], "lmq.lmq_init_system")
 server.serve_forever()

@@ -18,6 +18,19 @@ static xmlrpc_value *echo(xmlrpc_env *env, xmlrpc_value *params, void *server, v
     return params;
 }
 
+// A method of the library's older kind, which the host leaves to the library.
+static xmlrpc_value *old_echo(xmlrpc_env *env, xmlrpc_value *params, void *server) {
+    (void)env, (void)server;
+    xmlrpc_INCREF(params);
+    return params;
+}
+
+// Neither a result nor a fault.
+static xmlrpc_value *nothing(xmlrpc_env *env, xmlrpc_value *params, void *server, void *call) {
+    (void)env, (void)params, (void)server, (void)call;
+    return NULL;
+}
+
 // Sleeps for some milliseconds and returns them.
 static xmlrpc_value *sleep_ms(xmlrpc_env *env, xmlrpc_value *params, void *server, void *call) {
     (void)server, (void)call;
@@ -172,6 +185,8 @@ static xmlrpc_value *unprintable(xmlrpc_env *env, xmlrpc_value *params, void *se
 
 int xrpc_init(xmlrpc_registry *registry, xmlrpc_env *env) {
     xmlrpc_registry_add_method2(env, registry, "test.echo", echo, "?", "", NULL);
+    xmlrpc_registry_add_method(env, registry, NULL, "test.old_echo", old_echo, NULL);
+    xmlrpc_registry_add_method2(env, registry, "test.nothing", nothing, "i:", "", NULL);
     xmlrpc_registry_add_method2(env, registry, "test.sleep", sleep_ms, "i:i", "", NULL);
     xmlrpc_registry_add_method2(env, registry, "test.until", until, "i:s", "", NULL);
     xmlrpc_registry_add_method2(env, registry, "test.text", text, "s:i", "", NULL);

@@ -246,6 +246,23 @@ class Http(unittest.TestCase):
         with serve() as host:
             self.assertEqual(host.proxy().test.echo(text), [text])
 
+    def test_the_host_writes_answers_as_the_library_does(self):
+        """The host has seen how test.echo was registered, and calls it by itself; test.old_echo goes by the library."""
+        arguments = [-2**31, 8, True, False, None, "", "a<b>&\r\n\t\x7f'\"", "\u00e4\u4e2d", 1.5, b"\0\xff", [], {},
+                     [[{"": [None]}]], {"a&b<": 1, "inner": {"list": [1, "x", {}]}}]
+        with serve() as host:
+            for sent in (arguments, arguments[:8] + arguments[10:]):  # the library has to read fractions and bytes
+                body = xmlrpc.client.dumps(tuple(sent), "test.echo", allow_none=True).encode()
+                body = body.replace(b"<int>8</int>", b"<i8>-9223372036854775808</i8>")
+                answer = host.post(body)
+                self.assertIn(b"<i8>-9223372036854775808</i8>", answer[1])
+                self.assertEqual(host.post(body.replace(b"test.echo", b"test.old_echo")), answer)
+
+    def test_a_method_without_a_result(self):
+        with serve(errors="lmq-host: a call could not be answered: The method has no result.\n") as host:
+            self.assertEqual(host.post(call("test.nothing"))[0], 500)
+            self.assertEqual(host.proxy().test.echo(1), [1])
+
     def test_result_without_an_xml_form(self):
         with serve(errors="lmq-host: a call could not be answered: .*\n") as host, host.connect() as connection:
             connection.request("POST", "/RPC2", call("test.unprintable"), XML)
