@@ -10,7 +10,7 @@ namespace lmqctl {
 
 namespace {
 
-constexpr std::string_view mark = "lmqctl dictionary 2 ";
+constexpr std::string_view mark = "lmqctl dictionary 3 ";
 
 }  // namespace
 
@@ -237,6 +237,11 @@ Json Dictionary::said(Kind kind, const std::string &name) const {
 
 std::string Dictionary::contract_tag() const {
     const Json tag = said(contract, "tag");
+    return tag.is_string() ? tag.get<std::string>() : "";
+}
+
+std::string Dictionary::fingerprint() const {
+    const Json tag = said(contract, "fingerprint");
     return tag.is_string() ? tag.get<std::string>() : "";
 }
 
