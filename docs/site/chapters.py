@@ -17,7 +17,7 @@ SECTIONS = [
                ("CHANGELOG.md", "Changes")]),
     ("Guides", [("docs/console.md", "The console"), ("docs/python.md", "Python"), ("client/README.md", "lmqctl"),
                 ("remote/README.md", "C and C++ programs"), ("docs/lab.md", "A lab of boards"),
-                ("docs/trace.md", "Traces"), ("driver/README.md", "The simulated chip")]),
+                ("docs/trace.md", "Traces"), ("trace/README.md", "Traces"), ("driver/README.md", "The simulated chip")]),
     ("Boards", [("host/README.md", "The host"), ("docs/target.md", "The target"), ("docs/drivers.md", "A real driver"),
                 ("packaging/README.md", "Packages and services"), ("docs/size.md", "Size of the plug-in")]),
     ("Inside", [("CONTRIBUTING.md", "Contributing"), ("tests/README.md", "Tests"), ("bench/README.md", "Benchmarks"),
@@ -95,12 +95,12 @@ class Chapters:
         if target.endswith(".md"):
             return f"]({page_of(target)}{section})"
         self.wanted.add(there)
-        return f"]({target}{'' if is_picture(target) else '.md'}{section})"
+        return f"]({target}{'' if is_copied(target) else '.md'}{section})"
 
     def follow(self, path):
         """Makes the page of a file or folder that something links to."""
         there = self.root / path
-        if is_picture(path):
+        if is_copied(path):
             self.copies.add(path)
         elif there.is_dir():
             if f"{path}/about.md" not in self.pages:
@@ -120,7 +120,7 @@ class Chapters:
                 whole = f"{path}/{name}"
                 if whole.startswith(SHOWN) and file.suffix in LANGUAGES and f"{whole}.md" not in self.pages:
                     self.wanted.add(whole)
-                has_page = not is_picture(whole) and (whole in self.wanted or f"{whole}.md" in self.pages)
+                has_page = not is_copied(whole) and (whole in self.wanted or f"{whole}.md" in self.pages)
                 shown = f"[`{name}`]({name}.md)" if has_page else f"[`{name}`]({name})" if whole in self.pages else f"`{name}`"
                 rows += f"| {shown} | {opening(file)} |\n"
         return f"# {path}/\n\n| File | What it holds |\n| --- | --- |\n{rows}"
@@ -132,8 +132,9 @@ def page_of(path):
     return os.path.join(folder, "about.md") if name == "README.md" and folder.strip("./") else path
 
 
-def is_picture(path):
-    return path.endswith((".webp", ".png", ".svg"))
+def is_copied(path):
+    """Whether a file goes along as it is: pictures, and data that nobody reads as a page."""
+    return path.endswith((".webp", ".png", ".svg", ".json"))
 
 
 def opening(file):

@@ -15,7 +15,9 @@ TITLES = {
     "peripheral": "Peripherals", "policer": "Policers", "status": "Statuses", "time": "Time", "types": "Basic types",
     "vlan_bridge": "VLANs and bridges",
 }
-CONSTANT = re.compile(r"^#define ([A-Z]\w+) +((?:\([^()]*\)|[^\s(/\\]+|\(\([^()]*\)[^()]*\)))(?: */\*\*< *(.*?) *\*/)?$", re.MULTILINE)
+# A constant of a header: its name, its value, which may be in brackets and have a type, and the comment behind it.
+CONSTANT = re.compile(r"^#define ([A-Z]\w+) +((?:\([^()]*\)|[^\s(/\\]+|\(\([^()]*\)[^()]*\)))"
+                      r"(?: */\*\*< *(.*?) *\*/)?$", re.MULTILINE)
 EFFECTS = {
     "reads": "Nothing changes by it, neither configuration nor counters.",
     "reads registers": "The driver's state does not change, but registers or a bus are read, which may have effects.",
@@ -262,22 +264,32 @@ class Reference:
             table(["Type", "Is", "Meaning"], rows)
 
     def ids(self):
-        text = "# Ids\n\nMany integers name something: a port, a flow, a bridge. Each kind of id comes from somewhere.\n\n"
+        text = ("# Ids\n\nMany integers name something: a port, a flow, a bridge. For each kind of id: the methods that answer "
+                "one, those that take one, and the structures that hold one.\n\n")
         for kind, said in self.interface["ids"].items():
             text += f"## {kind}\n\n{self.words.text(said['brief'])}"
             if "range" in said:
                 low, high = said["range"]
                 text += f" Range: {low}." if low == high else f" Range: {low} to {high}."
-            for title, directions in (("Answered by", ("out", "inout")), ("Taken by", ("in", "inout"))):
-                names = [name for name, method in self.interface["methods"].items()
-                         if any(each.get("id") == kind and each["direction"] in directions
-                                for each in method["arguments"])]
+            for title, names in (("Answered by", self.methods_with(kind, ("out", "inout"))),
+                                 ("Taken by", self.methods_with(kind, ("in", "inout"))),
+                                 ("Held by", self.structs_with(kind))):
                 if len(names) > 100:
                     text += f"\n\n**{title}** {len(names)} methods."
                 elif names:
                     text += f"\n\n**{title}** " + ", ".join(self.words.name(name) for name in names) + "."
             text += "\n\n"
         return text
+
+    def methods_with(self, kind, directions):
+        """The methods with an argument of a kind of id, in one of these directions."""
+        return [name for name, said in self.interface["methods"].items()
+                if any(each.get("id") == kind and each["direction"] in directions for each in said["arguments"])]
+
+    def structs_with(self, kind):
+        return [name for name, said in self.interface["structs"].items()
+                if any(member.get("id") == kind for _, member, _ in members(said["members"]))]
+
 
 def members(listed, path="", selector=None):
     """All members at any depth: (path, member, the member that selects among its alternatives)."""
