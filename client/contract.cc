@@ -132,6 +132,7 @@ const Key meaning_keys[] = {{"name", check_member_name, true},
                             {"unit", check_text},
                             {"id", check_name},
                             {"ipv4", check_flag},
+                            {"counter", check_flag},
                             {"text", check_flag},
                             {"mac", check_flag},
                             {"pointer", check_flag},
@@ -148,7 +149,7 @@ const Key method_keys[] = {{"family", check_name, true},        {"brief", check_
                            {"documentation", check_text},       {"effect", check_text, true},
                            {"clears_if", check_name},           {"result", check_text},
                            {"arguments", check_arguments, true}};
-const Key struct_keys[] = {{"brief", check_text, true}, {"members", check_members, true}};
+const Key struct_keys[] = {{"brief", check_text, true}, {"kind", check_name}, {"members", check_members, true}};
 const Key enum_keys[] = {{"brief", check_text, true}, {"values", check_values, true}};
 const Key value_keys[] = {{"brief", check_text}};
 const Key typedef_keys[] = {{"brief", check_text}};
@@ -245,6 +246,7 @@ Meaning meaning_of(const Json &entry) {
     meaning.is_bits = entry.contains("bits_of");
     meaning.enumeration = entry.value(meaning.is_bits ? "bits_of" : "enum", "");
     meaning.is_ipv4 = entry.value("ipv4", false);
+    meaning.is_counter = entry.value("counter", false);
     meaning.is_text = entry.value("text", false);
     if (entry.contains("range")) meaning.range = {entry["range"][0], entry["range"][1]};
     if (entry.contains("or")) meaning.also = entry["or"].get<std::vector<int64_t>>();
@@ -292,7 +294,11 @@ Json parsed_description(const std::string &description) {
 
 std::string contract_lines(const std::string &description, const std::string &tag) {
     const Json interface = parsed_description(description);
+    const Json fingerprint = interface.value("fingerprint", Json(""));
     return Dictionary::line(Dictionary::contract, "tag", Json(without_controls(tag)).dump(-1, ' ', true)) +
+           Dictionary::line(
+               Dictionary::contract, "fingerprint",
+               Json(fingerprint.is_string() ? without_controls(fingerprint) : "").dump(-1, ' ', true)) +
            lines_of(interface, "methods", Dictionary::said_of_methods, method_keys) +
            lines_of(interface, "structs", Dictionary::said_of_structs, struct_keys) +
            lines_of(interface, "enums", Dictionary::said_of_enums, enum_keys) +

@@ -18,6 +18,7 @@ struct Meaning {
     bool is_bits = false;     ///< the enumerators are or'ed together
     bool is_ipv4 = false;     ///< an IPv4 address in one word
     bool is_text = false;     ///< characters
+    bool is_counter = false;  ///< counts up
     std::optional<std::pair<int64_t, int64_t>> range;
     std::vector<int64_t> also;  ///< values beyond the range that stand for none or for all
     std::string unit, id;       ///< "ms"; the kind of thing whose id it is
