@@ -29,6 +29,22 @@ std::optional<std::size_t> counterpart(const Method &setter, const Parameter &wa
     return of_type.size() == 1 ? std::optional(of_type[0]) : std::nullopt;
 }
 
+// Whether a member leaves open what of a struct was set: flags in an enum, which says by its names alone what they
+// mean, or a switch that says that the entry is none.
+bool may_be_unsaid(const Member &member, const Json &value) {
+    const std::string name = lower(member.name);
+    if (member.type->meaning.is_bits) return name.find("mask") != std::string::npos;
+    return name.find("valid") != std::string::npos && value == 0;
+}
+
+// Without the members that stand for what an argument of the call says already.
+Json without_arguments(const Method &method, Json value) {
+    if (value.is_object())
+        for (const Parameter &parameter : method.parameters)
+            if (!parameter.is_pointer()) value.erase(parameter.name);
+    return value;
+}
+
 const Json &first_of(const Json &value) { return value.is_array() && !value.empty() ? value[0] : value; }
 
 }  // namespace
@@ -85,11 +101,15 @@ std::optional<Checks::Difference> Checks::difference(const Type &type, const Jso
 
 std::optional<Checks::Difference> Checks::member_difference(const Type &type, const Json &sent, const Json &got,
                                                             const std::string &place, bool only_flagged) const {
-    // Under which members the flags of a mask say that they count; without a mask all do.
+    // Under which members the flags of a mask say that they count; without a mask all do. Which of them an enum of
+    // flags means, its names alone say.
     const Json *flags = nullptr;
     const Type *flags_type = nullptr;
     for (const Member &member : type.members) {
-        if (!only_flagged || !is_valid_mask(type, member) || !sent.contains(member.name)) continue;
+        if (!only_flagged || !sent.contains(member.name)) continue;
+        const bool is_mask = member.type->kind == Type::flags || member.type->kind == Type::mask;
+        if (!is_mask && !may_be_unsaid(member, sent[member.name])) continue;
+        if (!is_mask || !is_valid_mask(type, member)) return {};
         flags = &sent[member.name];
         flags_type = member.type.get();
         if (flags_type->kind == Type::mask) {
@@ -104,9 +124,13 @@ std::optional<Checks::Difference> Checks::member_difference(const Type &type, co
         const bool is_mask = member->type->kind == Type::flags || member->type->kind == Type::mask;
         if (only_flagged && is_mask) continue;
         if (flags) {
+            // What no flag stands for is reported, or a key.
             const Member *flag = flag_of(*flags_type, name);
-            if (flag && (!flags->contains(flag->name) || (*flags)[flag->name] == 0)) continue;
+            if (!flag || !flags->contains(flag->name) || (*flags)[flag->name] == 0) continue;
         }
+        if (is_truth(*member) && value.is_number_integer() && got[name].is_number_integer() &&
+            (value != 0) == (got[name] != 0))
+            continue;
         if (const auto found = difference(*member->type, value, got[name], place + "." + name, only_flagged))
             return found;
     }
@@ -161,12 +185,15 @@ std::optional<std::string> Checks::lost_setting(const Method &setter, const Json
         const Parameter &parameter = getter.parameters[i];
         const auto from = counterpart(setter, parameter);
         if (parameter.said.direction != Direction::out || !from) continue;
+        if (parameter.said.length.count != setter.parameters[*from].said.length.count &&
+            setter.parameters[*from].is_pointer())
+            continue;
         const TypePtr type = types_.parameter(parameter);
         const bool is_list = parameter.said.length.count > 1;
         const Type &element = parameter.is_udt || !type->element ? *type : *type->element;
-        const auto found =
-            is_list ? difference(*type, sent[*from], answer[i + 1], parameter.name, true)
-                    : difference(element, first_of(sent[*from]), first_of(answer[i + 1]), parameter.name, true);
+        const auto found = is_list ? difference(*type, sent[*from], answer[i + 1], parameter.name, true)
+                                   : difference(element, without_arguments(setter, first_of(sent[*from])),
+                                                first_of(answer[i + 1]), parameter.name, true);
         if (found)
             return found->place + ": " + json_text(found->sent) + " was set, " + json_text(found->got) + " was read";
     }

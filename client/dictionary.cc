@@ -61,7 +61,7 @@ std::optional<Method::Told> Method::told(const std::string &parameter) const {
     for (const std::string &line : split(help, '\n')) {
         if (line.starts_with("OUTPUTS:")) is_output = true;
         if (line.starts_with("Returns:")) break;
-        const std::size_t colon = line.find(" : ") != std::string::npos ? line.find(" : ") : line.find(":");
+        const std::size_t colon = line.find(" : ") != std::string::npos ? line.find(" : ") : line.find(':');
         if (colon == std::string::npos) continue;
         std::string word = line.substr(0, colon), text = line.substr(colon + 1);
         word.erase(0, word.find_first_not_of(' '));
@@ -198,6 +198,11 @@ const Enum *Dictionary::enumeration(const std::string &type) const {
         result.values.push_back(value);
         if (value.name.ends_with("_BASE") && value.base.empty()) base = &result.values.back();
     }
+    // The dictionary lists an enum that a macro makes without its enumerators; the contract has them.
+    const Json its_own = result.values.empty() ? said(said_of_enums, type) : Json();
+    if (its_own.contains("values"))
+        for (const auto &[name, value] : its_own["values"].items())
+            result.values.push_back({name, value["value"], value["value"], ""});
     return &parsed_enums_.emplace(type, std::move(result)).first->second;
 }
 

@@ -59,7 +59,9 @@ class FuzzReport {
                           [&](const std::string &text) { context_.note("shrinking: " + text); });
         const std::optional<std::vector<PlayedCall>> shrunk = shrinker.shrink(finding.calls);
         const std::vector<PlayedCall> &kept = shrunk ? *shrunk : finding.calls;
-        write_calls(file, kept);
+        write_calls(file, kept, hosts_.dictionary().fingerprint(),
+                    "lmqctl fuzz --seed " + std::to_string(command_.options.seed) + ": " + finding.text + "; until " +
+                        finding.condition.text());
         const std::string calls = std::to_string(kept.size()) + (kept.size() == 1 ? " call" : " calls");
         if (!context_.json)
             print(finding.text + "\n  " + file + ": " +
@@ -149,13 +151,7 @@ void set_up_fuzz(CLI::App &command, Context &context) {
             ->allow_extra_args(false)
             ->type_name("CALL")
             ->capture_default_str();
-    command
-        .add_option("--host-command", options->host,
-                    "Starts a host; --listen is added. Else the lmq-host beside lmqctl")
-        ->type_name("COMMAND");
-    command.add_option("--hang", options->hang, "Seconds after which a call hangs")
-        ->check(CLI::Range(0.1, 3600.0))
-        ->capture_default_str();
+    add_host_options(command, options->host, options->hang);
     command.add_option("--out", options->folder, "Folder for the traces of what is found")->capture_default_str();
     command.callback([&context, options, first] { fuzz(context, *options, first->count() > 0); });
 }

@@ -36,6 +36,11 @@ int64_t greatest(const Type &type) {
 
 }  // namespace
 
+bool is_truth(const Member &member) {
+    return member.type->kind == Type::integer && !member.type->meaning.range && member.type->meaning.id.empty() &&
+           (member.brief.starts_with("TRUE") || member.brief.starts_with("Whether "));
+}
+
 std::size_t elements_of(const Method &method, std::size_t at, const Json &parameters) {
     const Length &length = method.parameters[at].said.length;
     if (length.argument.empty()) return length.count * std::max<std::size_t>(length.times, 1);
@@ -183,10 +188,21 @@ int64_t Generator::hostile_number(const Type &type) {
 }
 
 Json Generator::structure(const Type &type) {
+    if (type.kind == Type::ipv6) {
+        Json bytes = Json::array({0x20, 0x01, 0x0d, 0xb8, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, random_.between(1, 3)});
+        if (random_.percent(30)) bytes[0] = 0xff;
+        return Json{{type.path[0], Json{{type.path[1], bytes}}}};
+    }
+    if (type.is_union) return overlay(type, Json::object());
     Json made = Json::object();
     // What selects an alternative comes first, wherever it stands.
     for (const Member &member : type.members)
-        if (member.type->kind != Type::overlay) made[member.name] = value(*member.type, member.name);
+        if (type.member(member.name + "_s"))
+            continue;  // the word over the flags that this one holds
+        else if (is_truth(member))
+            made[member.name] = hostile_ ? random_.below(3) : random_.below(2);
+        else if (member.type->kind != Type::overlay)
+            made[member.name] = value(*member.type, member.name);
     for (const Member &member : type.members)
         if (member.type->kind == Type::overlay) made[member.name] = overlay(*member.type, made);
     return made;

@@ -52,6 +52,9 @@ class Generator {
     std::map<std::string, std::vector<Values>> accepted_;  // by family
 };
 
+/// Whether a member is TRUE or FALSE in a number of another type: its sentence says so.
+bool is_truth(const Member &member);
+
 /// How many elements an argument stands for in a call with these parameters; 1 without a contract.
 std::size_t elements_of(const Method &method, std::size_t at, const Json &parameters);
 

@@ -1,6 +1,7 @@
 // One call to a host and what became of it, the host's own end included.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "session.h"
@@ -16,13 +17,15 @@ struct Outcome {
     };
     Kind kind = answered;
     Json answer = nullptr;
-    int code = 0;           ///< of a fault
-    std::string text = {};  ///< of a fault or an end
+    int code = 0;               ///< of a fault
+    std::string text = {};      ///< of a fault or an end
+    std::string document = {};  ///< that the host answered with; empty if there was none
 };
 
 struct PlayedCall {
     Call call;
     Outcome outcome;
+    int64_t time = 0;  ///< when it began, in microseconds since 1970; 0 if nobody knows
 };
 
 /// Makes a call. `connection` is that of the session: its timeout is when a call hangs. Throws an Error if Ctrl-C came.

@@ -42,6 +42,7 @@ std::optional<std::vector<PlayedCall>> Shrinker::shrink(const std::vector<Played
     std::optional<Calls> first = attempt(calls);
     if (!first) return {};
     best_ = std::move(*first);
+    keep_family();
     drop_calls();
     simplify_calls();
     // What has become simpler may have made a call superfluous.
@@ -59,6 +60,21 @@ bool Shrinker::drop_chunk(std::size_t begin, std::size_t count) {
     best_ = std::move(*played);
     say_(std::to_string(best_.size()) + (best_.size() == 1 ? " call" : " calls") + " left");
     return true;
+}
+
+// The first call, which brings the chip up, and those of the family in which it goes wrong: most of what is left out so
+// is left out for good.
+void Shrinker::keep_family() {
+    const auto family = [&](const PlayedCall &each) {
+        const auto method = hosts_.dictionary().method(hosts_.dictionary().bare_name(each.call.method));
+        return method && method->contract ? method->contract->family : "";
+    };
+    const std::string wanted = family(best_.back());
+    Calls left;
+    for (const PlayedCall &each : best_)
+        if (left.empty() || family(each) == wanted) left.push_back(each);
+    if (left.size() == best_.size()) return;
+    if (std::optional<Calls> played = attempt(left)) best_ = std::move(*played);
 }
 
 // Chunks of half of all, of a quarter and so on. Those near the end are kept longest: they are the likeliest to matter.

@@ -26,6 +26,7 @@ class Shrinker {
     using Calls = std::vector<PlayedCall>;
     std::optional<Calls> attempt(const Calls &calls);
     bool is_fulfilled(const FreshHost &host, const Calls &played, bool is_last_of_method) const;
+    void keep_family();
     void drop_calls();
     bool drop_chunk(std::size_t begin, std::size_t count);
     void simplify_calls();

@@ -15,7 +15,7 @@ namespace {
 using lmq::trace::Kind;
 
 constexpr uint64_t process_died = 502;
-constexpr char multicall[] = "system.multicall";
+constexpr char multicall_name[] = "system.multicall";
 
 void take_call(const lmq::trace::RecordView &record, TraceEntry &entry) {
     try {
@@ -93,7 +93,7 @@ std::vector<TraceEntry> entries_of(const lmq::trace::RecordView &record) {
     if (entry.kind == Kind::call) {
         take_call(record, entry);
         take_answer(record, entry);
-        const bool has_calls = entry.method == multicall && entry.arguments.is_array() && !entry.arguments.empty() &&
+        const bool has_calls = entry.method == multicall_name && entry.arguments.is_array() && !entry.arguments.empty() &&
                                entry.arguments[0].is_array() && !entry.arguments[0].empty();
         if (has_calls) return calls_in(entry);
     }

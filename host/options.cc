@@ -19,6 +19,7 @@
 
 #include "config_file.h"
 #include "process.h"
+#include "version.h"
 
 namespace lmq::host {
 namespace {
@@ -295,7 +296,8 @@ std::optional<Options> read_options(int argc, char **argv, int &status) {
     const auto file = std::make_shared<ConfigFile>(app);
     app.formatter(std::make_shared<Help>());
     app.config_formatter(file);
-    app.set_version_flag("--version", "lmq-host " LMQ_HOST_VERSION, "Print the version and leave")->configurable(false);
+    app.set_version_flag("--version", std::string("lmq-host ") + version, "Print the version and leave")
+        ->configurable(false);
     app.set_help_flag("-h,--help", "Print this text and leave")->configurable(false);
     app.set_config("--config", "", "Read options from a file of lines NAME=VALUE")
         ->type_name("PATH")
