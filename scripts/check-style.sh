@@ -17,5 +17,5 @@ git ls-files -z '*.cc' '*.h' '*.c' ':!families' | xargs -0 clang-format-14 --dry
 configured "$root/build/clang" || configure clang -DBUILD_TESTING=ON
 say "Looking for mistakes"
 quietly run-clang-tidy-14 -quiet -j "$(nproc)" -p build/clang \
-    "^$root/(marshal|frame|introspect|driver|host|client|bench)/.*\.(cc|cxx)\$" ||
+    "^$root/(marshal|frame|introspect|driver|host|client|trace|bench)/.*\.(cc|cxx)\$" ||
     die "clang-tidy objects; its messages are above"

@@ -28,7 +28,7 @@ import sites
 
 HERE = pathlib.Path(__file__).resolve().parent
 ROOT = HERE.parents[1]
-FOLDERS = ["marshal", "frame", "host", "driver", "client"]
+FOLDERS = ["marshal", "frame", "host", "driver", "client", "trace"]
 # Those that measure, build, or take at random what they send; and those whose case is the size of the build.
 LEFT_OUT = r"^(bench|docs|fuzz|real-driver|host\.soak|plugin_footprint)"
 LOG_SIZE = 1 << 20  # as in mutant.h
