@@ -9,13 +9,11 @@
 
 namespace lmqctl {
 
-namespace trace = lmq::trace;
-
 namespace {
 
 constexpr uint64_t worker_died = 502, gave_up = 499;  // statuses of a record
 
-Outcome outcome_of(const trace::RecordView &record, const std::string &place) {
+Outcome outcome_of(const lmq::trace::RecordView &record, const std::string &place) {
     Outcome outcome;
     outcome.document = record.answer;
     if (record.status == gave_up && record.answer.empty()) outcome.kind = Outcome::hung;
@@ -63,31 +61,32 @@ void add_calls(PlayedCall call, std::vector<PlayedCall> &to) {
 
 std::vector<PlayedCall> read_calls(const std::string &file, std::string *note) try {
     std::vector<PlayedCall> calls;
-    for (const std::string &part : trace::parts_of(file)) {
-        trace::Reader reader(part);
+    for (const std::string &part : lmq::trace::parts_of(file)) {
+        lmq::trace::Reader reader(part);
         if (note) *note = reader.head().note;
-        while (const trace::RecordView *record = reader.next()) {
-            if (record->kind != trace::Kind::call) continue;
+        while (const lmq::trace::RecordView *record = reader.next()) {
+            if (record->kind != lmq::trace::Kind::call) continue;
             const std::string place = part + ", record " + std::to_string(record->number);
-            auto [method, parameters] = request_value(trace::call_document(record->call), place);
+            auto [method, parameters] = request_value(lmq::trace::call_document(record->call), place);
             add_calls({{std::move(method), std::move(parameters)}, outcome_of(*record, place), record->time}, calls);
         }
-        if (note && reader.end() != trace::Reader::End::whole) *note += (note->empty() ? "" : "; ") + reader.end_text();
+        if (note && reader.end() != lmq::trace::Reader::End::whole)
+            *note += (note->empty() ? "" : "; ") + reader.end_text();
     }
     return calls;
-} catch (const trace::Error &error) {
+} catch (const lmq::trace::Error &error) {
     throw UsageError(error.what());
 }
 
 void write_calls(const std::string &file, const std::vector<PlayedCall> &calls, const std::string &fingerprint,
                  const std::string &note) try {
-    trace::Record head;
+    lmq::trace::Record head;
     head.maker = "lmqctl " LMQCTL_VERSION;
     head.fingerprint = fingerprint;
     head.note = note;
-    trace::Writer writer(file, head, trace::Writer::Mode::replace);
+    lmq::trace::Writer writer(file, head, lmq::trace::Writer::Mode::replace);
     for (const PlayedCall &each : calls) {
-        trace::Record record;
+        lmq::trace::Record record;
         record.number = writer.next_number() + static_cast<uint64_t>(&each - calls.data());
         record.time = each.time;
         record.status = each.outcome.kind == Outcome::died   ? worker_died
@@ -96,9 +95,9 @@ void write_calls(const std::string &file, const std::vector<PlayedCall> &calls, 
         record.method = each.call.method;
         record.call = request_xml(each.call.method, each.call.parameters);
         record.answer = each.outcome.document;
-        writer.write(trace::RecordView(record));
+        writer.write(lmq::trace::RecordView(record));
     }
-} catch (const trace::Error &error) {
+} catch (const lmq::trace::Error &error) {
     throw Error(exit_output, error.what());
 }
 
