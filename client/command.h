@@ -26,16 +26,20 @@ std::vector<std::string> command_names();
 CLI::Option *add_words(CLI::App &command, const std::string &name, std::vector<std::string> &words,
                        const std::string &description);
 
+void set_up_apply(CLI::App &command, Context &context);
 void set_up_batch(CLI::App &command, Context &context);
+void set_up_boards(CLI::App &command, Context &context);
 void set_up_call(CLI::App &command, Context &context);
 void set_up_complete(CLI::App &command, Context &context);
 void set_up_completion(CLI::App &command, Context &context);
 void set_up_describe(CLI::App &command, Context &context);
 void set_up_diff(CLI::App &command, Context &context);
 void set_up_explain(CLI::App &command, Context &context);
+void set_up_get(CLI::App &command, Context &context);
 void set_up_list(CLI::App &command, Context &context);
 void set_up_repl(CLI::App &command, Context &context);
 void set_up_run(CLI::App &command, Context &context);
+void set_up_save(CLI::App &command, Context &context);
 void set_up_search(CLI::App &command, Context &context);
 void set_up_snapshot(CLI::App &command, Context &context);
 void set_up_template(CLI::App &command, Context &context);

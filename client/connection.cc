@@ -13,6 +13,13 @@ Clock::time_point Connection::deadline() const {
     return std::min(until, Clock::now() + patience);
 }
 
+std::string with_usual_path(const std::string &url) {
+    const std::size_t scheme = url.find("://");
+    const bool bare = url.starts_with("http") && scheme != std::string::npos && scheme + 3 < url.size() &&
+                      url.find('/', scheme + 3) == std::string::npos;
+    return bare ? url + "/RPC2" : url;
+}
+
 void throw_stopped() { throw Error(exit_connection, "interrupted; the host goes on with the call"); }
 
 void throw_timeout(const Connection &connection) {

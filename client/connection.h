@@ -16,11 +16,15 @@ struct Connection {
     /// All calls end by then, whatever `timeout` says.
     Clock::time_point until = Clock::time_point::max();
     std::string cacert, cert, key;
+    std::string password_command;                      ///< for a shell; what it prints is the password
     const volatile std::sig_atomic_t *stop = nullptr;  ///< a call ends when it is not 0
 
     /// When a call that begins now must have its answer.
     Clock::time_point deadline() const;
 };
+
+/// A URL with the path that hosts serve, if it names none.
+std::string with_usual_path(const std::string &url);
 
 /// What every way to a host says of a failure.
 [[noreturn]] void throw_stopped();

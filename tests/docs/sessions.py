@@ -103,6 +103,7 @@ def main(cmake, build, *documents):
         folder = pathlib.Path(prefix, "bin")
         sys.path.insert(0, f"{prefix}/lib/python3/dist-packages")
         kept = hosting.environment(PATH=f"{folder}:{os.environ['PATH']}", XDG_CACHE_HOME=f"{prefix}/cache",
+                                   HOME=prefix, XDG_CONFIG_HOME=f"{prefix}/.config",
                                    COLUMNS="120")
         os.environ.clear()
         os.environ.update(kept)
