@@ -1,9 +1,16 @@
 """What there is on a chip, and what has changed there."""
 
 import json
+import pathlib
+import sys
 import unittest
+from unittest import mock
 
 from ctl import DRIVER, OK, USAGE, CtlTest
+
+sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "sim"))
+
+import harness
 
 # A session that sets up a bit of everything, and what shows each of its calls in a difference: the call that reads it,
 # with a member.
@@ -92,6 +99,85 @@ class State(CtlTest):
         self.refused(USAGE, "no column brgid; did you mean brg_id?", "get", "bridges", "--columns", "brgid")
         self.assertEqual(self.ok("call", "lmq_get_bridge_config_all", "0", "--columns", "brg_id,brg_cfg.vlan_id"),
                          "BRG_ID  BRG_CFG.VLAN_ID\n200     100\n")
+
+    def test_settings(self):
+        """A file leads back, one member at a time; what it cannot say, or a chip does not take, is named."""
+        saved = self.folder / "chip.conf"
+        self.assertRegex(self.ok("save", str(saved)), r"chip\.conf: \d+ settings\n")
+        self.assertIn("\n# Sets the members of the watchdog that the mask flags.\nvx_watchdog_set dev_id=0 p_cfg='{", saved.read_text())
+        self.assertEqual(self.ok("diff", str(saved)), "")
+        self.ok("call", "vx_watchdog_set", "0", "p_cfg.wd_timer=70", "p_cfg.wd_action=VX_WD_ACTION_REBOOT")
+        self.ok("call", "vx_l2_port_stp_state_set", "0", "3", "VX_L2_STP_STATE_FORWARDING")
+        part = self.folder / "part.conf"
+        part.write_text("vx_watchdog_set 0 p_cfg.wd_timer=5  # the rest stays\n")
+        self.assertEqual(self.run_ctl("diff", str(part)), (1, "vx_watchdog_set(0).p_cfg.wd_timer: 5 -> 70\n", ""))
+        printed = self.ok("apply", "--dry-run", str(part))
+        self.assertEqual(printed, "vx_watchdog_set(0).p_cfg.wd_timer: 70 -> 5\n"
+                                  "vx_watchdog_set dev_id=0 p_cfg='{\"wd_timer\":5}'\n1 to set; nothing was sent\n")
+        self.assertTrue(self.ok("apply", str(part)).endswith("1 set, 0 not\n"))
+        status, printed, _ = self.run_ctl("diff", "live", str(saved))
+        self.assertEqual(status, 1)
+        self.assertIn("vx_watchdog_set(0).p_cfg.wd_action: VX_WD_ACTION_REBOOT -> VX_WD_ACTION_WARNING\n", printed)
+        self.assertIn("vx_l2_port_stp_state_set(0, 3).stp_state: VX_L2_STP_STATE_FORWARDING -> ", printed)
+        self.ok("apply", str(saved))
+        self.assertEqual(self.ok("diff", str(saved)), "")
+        for line, why in (("vx_watchdog_get 0", "line 1: vx_watchdog_get is no setting"),
+                          ("vx_watchdog_set 0 p_cfg.wd_tmr=1", "line 1: p_cfg: no member wd_tmr"),
+                          ("\nvx_watchdog_set 0 {}\nvx_watchdog_set 0 {}", "line 3: it is set a second time")):
+            part.write_text(line + "\n")
+            self.refused(USAGE, why, "apply", str(part))
+        snapshot = self.folder / "any.json"
+        self.ok("snapshot", str(snapshot), "*watchdog*")
+        self.refused(USAGE, "holds settings, and", "diff", str(saved), str(snapshot))
+
+
+class RoundTrip(CtlTest):
+    """What a scenario of the simulated chip leaves, put onto a chip that has just been started."""
+
+    SCENARIOS = ("test_cosq", "test_l2", "test_classifier", "test_peripheral", "test_eth_port", "test_time", "test_watchdog")
+
+    def saved_after(self, module):
+        """The settings after the first scenario of each class, where the system was started as here."""
+        files = []
+
+        def stop(test):
+            host = test.proxy._ServerProxy__host
+            file = self.folder / f"{module}-{len(files)}.conf"
+            self.ok("--url", f"http://{host}/RPC2", "save", str(file))
+            files.append(file)
+            original(test)
+
+        original = harness.SimTest.stop
+        found = vars(__import__(module)).values()
+        with mock.patch.object(harness.SimTest, "stop", stop):
+            for case in found:
+                plain = isinstance(case, type) and issubclass(case, harness.SimTest) and case is not harness.SimTest and \
+                    not (case.environment or case.system or case.device) and case.start is harness.SimTest.start
+                if not plain:
+                    continue
+                names = unittest.defaultTestLoader.getTestCaseNames(case)
+                result = case(names[0]).run()
+                self.assertTrue(result.wasSuccessful(), result.errors + result.failures)
+        return files
+
+    def test_scenarios(self):
+        count = 0
+        for module in self.SCENARIOS:
+            for file in self.saved_after(module):
+                with self.subTest(file.name):
+                    url = self.start_host("--listen", "127.0.0.1:0")
+                    self.ok("--url", url, "call", "lmq_init_system", "p_cfg.num_dev=1", "p_cfg.dev_cfg[0].enbl=1")
+                    status, printed, errors = self.run_ctl("--url", url, "apply", str(file))
+                    self.assertEqual(errors, "")
+                    named = [line for line in printed.splitlines() if line.startswith(("cannot be set:", "taken, but"))]
+                    self.assertEqual(status, DRIVER if named else OK)
+                    again = self.folder / "again.conf"
+                    self.ok("--url", url, "save", str(again))
+                    left = [line for line in self.run_ctl("diff", str(file), str(again))[1].splitlines()]
+                    self.assertEqual((left, named), ([], []))
+                    self.assertEqual(again.read_text(), file.read_text())
+                    count += 1
+        self.assertGreater(count, 5)
 
 
 if __name__ == "__main__":
