@@ -59,8 +59,9 @@ std::string c_code(const Dictionary &dictionary, Types &types, const Method &met
             // The host says int for an enum, and what an array type is of for the type.
             const bool is_known = parameter.pointee() == "int" && !parameter.said.type.empty();
             const std::string declared = is_known ? parameter.said.type : parameter.pointee();
-            before += "    " + declared + " " + parameter.name +
-                      (is_list ? "[" + std::to_string(arguments[i].size()) + "]" : "") + " = " + word + ";\n";
+            before.append("    ").append(declared).append(" ").append(parameter.name);
+            if (is_list) before.append("[").append(std::to_string(arguments[i].size())).append("]");
+            before.append(" = ").append(word).append(";\n");
             // The host says int where the header has a pointer to an enum, which a pointer to int does not become.
             const bool may_be_enum = declared == "int";
             word = (may_be_enum ? "(void *)" : "") + std::string(is_list ? "" : "&") + parameter.name;

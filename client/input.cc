@@ -34,6 +34,12 @@ Json empty_of(const Type &element) {
     }
 }
 
+[[noreturn]] void refuse_unknown(const Type &type, const std::string &key, const std::string &place) {
+    const std::string what = type.kind == Type::flags ? "flag" : type.kind == Type::overlay ? "alternative" : "member";
+    throw UsageError(place + ": no " + what + " " + key + (type.name.empty() ? "" : " in " + type.name) +
+                     did_you_mean(key, type.member_names()));
+}
+
 // A value as people wrote it.
 std::string written(const Json &json) { return json.is_string() ? json.get<std::string>() : json_text(json); }
 
@@ -130,14 +136,10 @@ Json Input::members(const Type &type, const Json &json, const std::string &place
     Json value = Json::object();
     for (const auto &[key, inside] : json.items()) {
         const Member *member = type.member(key);
-        if (!member) {
-            const std::string what = type.kind == Type::flags     ? "flag"
-                                     : type.kind == Type::overlay ? "alternative"
-                                                                  : "member";
-            throw UsageError(place + ": no " + what + " " + key + (type.name.empty() ? "" : " in " + type.name) +
-                             did_you_mean(key, type.member_names()));
-        }
-        value[key] = from_json(*member->type, inside, place + "." + key);
+        if (!member) refuse_unknown(type, key, place);
+        std::string inside_place = place;
+        inside_place.append(".").append(key);
+        value[key] = from_json(*member->type, inside, inside_place);
     }
     return value;
 }
