@@ -10,7 +10,7 @@ namespace lmqctl {
 
 namespace {
 
-constexpr std::string_view mark = "lmqctl dictionary 2 ";
+constexpr std::string_view mark = "lmqctl dictionary 3 ";
 
 }  // namespace
 

@@ -20,13 +20,19 @@ std::string getter_of(const std::string &setter) {
     return "";
 }
 
+// A range that is wider numbers things of which few are there, such as GEM ports.
+constexpr int64_t most_ids = 64;
+
 // Whether all ids of a kind are known beforehand: things that are made and deleted are no settings.
 bool is_fixed(const Dictionary &dictionary, const Parameter &id) {
     const Meaning &meaning = id.said.meaning;
     if (id.is_pointer()) return false;
     if (meaning.id.empty()) return meaning.range || !meaning.enumeration.empty();
-    if (meaning.id == "gem-port" || meaning.id == "vlan") return false;
-    return meaning.range || dictionary.said(Dictionary::ids, meaning.id).contains("range");
+    const Json kind = dictionary.said(Dictionary::ids, meaning.id);
+    if (!meaning.range && !kind.contains("range")) return false;
+    const int64_t first = meaning.range ? meaning.range->first : kind["range"][0].get<int64_t>();
+    const int64_t last = meaning.range ? meaning.range->second : kind["range"][1].get<int64_t>();
+    return last - first < most_ids;
 }
 
 bool reads_what_it_sets(const Dictionary &dictionary, Setting &setting) {
