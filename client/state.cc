@@ -32,7 +32,7 @@ bool is_fixed(const Dictionary &dictionary, const Parameter &id) {
     if (!meaning.range && !kind.contains("range")) return false;
     const int64_t first = meaning.range ? meaning.range->first : kind["range"][0].get<int64_t>();
     const int64_t last = meaning.range ? meaning.range->second : kind["range"][1].get<int64_t>();
-    return last - first < most_ids;
+    return first >= 0 && last - first < most_ids;
 }
 
 bool reads_what_it_sets(const Dictionary &dictionary, Setting &setting) {
