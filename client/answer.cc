@@ -41,6 +41,13 @@ Json json_answer(const Dictionary &dictionary, Types &types, const Method &metho
     return json;
 }
 
+const Member *selected(const Type &overlay, const Json &structure) {
+    const Json selector = structure.is_object() ? structure.value(overlay.selector, Json()) : Json();
+    if (!selector.is_number_integer()) return nullptr;
+    const auto chosen = overlay.selected.find(selector.get<int64_t>());
+    return chosen == overlay.selected.end() ? nullptr : overlay.member(chosen->second);
+}
+
 Json filled(const Method &method, std::size_t parameter, const Json &answer) {
     const std::string &counter = method.parameters[parameter].said.length.filled;
     Json value = answer[parameter + 1];

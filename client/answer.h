@@ -19,6 +19,9 @@ const Json &result_of(const Json &answer);
 /// An answer as --json shows it. A fault is an object under "fault".
 Json json_answer(const Dictionary &dictionary, Types &types, const Method &method, const Json &answer);
 
+/// The alternative of an overlay that its selector, a member of the same struct, means; nullptr if none is.
+const Member *selected(const Type &overlay, const Json &structure);
+
 /// What an answer has for a parameter: of a list, the elements that the driver filled.
 Json filled(const Method &method, std::size_t parameter, const Json &answer);
 

@@ -2,6 +2,7 @@
 #include "answer.h"
 #include "arguments.h"
 #include "code.h"
+#include "columns.h"
 #include "command.h"
 #include "error.h"
 #include "names.h"
@@ -16,7 +17,7 @@ struct CallOptions {
     std::vector<std::string> words, counts;
     ArgumentOptions arguments;
     bool dry_run = false, full = false, raw = false, no_valid = false;
-    std::string as;
+    std::string as, columns;
 };
 
 // "8" for all lists, "p_cfg=8" for one.
@@ -49,6 +50,9 @@ void call(Context &context, CallOptions options) {
     const Json answer = context.session().call(full_name, arguments);
     if (options.raw)
         print(context.session().last_xml());
+    else if (!options.columns.empty() && !is_fault(answer) && is_success(dictionary, method, result_of(answer)))
+        show(context,
+             table_of(dictionary, context.types(), context.output(), method, answer, split(options.columns, ',')));
     else if (context.json)
         print(json_text(json_answer(dictionary, context.types(), method, answer), 2) + "\n");
     else
@@ -74,6 +78,8 @@ void set_up_call(CLI::App &command, Context &context) {
     command.add_flag("--force", options->arguments.force,
                      "Send arrays of another length than is due, and numbers out of range");
     command.add_flag("--full", options->full, "Show all alternatives and all zeros");
+    command.add_option("--columns", options->columns, "Show a table with these members, with commas between")
+        ->type_name("MEMBER,...");
     command.add_flag("--raw", options->raw, "Show the answer's XML");
     command.add_flag("--dry-run", options->dry_run, "Show the request, and send nothing");
     command.add_option("--as", options->as, "Show the call as code, and send nothing")

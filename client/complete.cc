@@ -6,6 +6,7 @@
 #include <set>
 
 #include "arguments.h"
+#include "boards.h"
 #include "names.h"
 #include "program.h"
 
@@ -87,6 +88,16 @@ Line sorted(const CLI::App &app, const std::vector<std::string> &words, bool in_
         }
     }
     return line;
+}
+
+// Names, and where many can be meant their groups.
+void add_boards(Candidates &candidates, const std::string &kind) {
+    for (const Board &board : known_boards()) {
+        candidates.add(board.name, board.connection.url);
+        for (const std::string &group : board.groups)
+            if (kind == "BOARDS") candidates.add(group, "a group");
+    }
+    if (kind == "BOARDS") candidates.add("all", "all boards");
 }
 
 void add_options(Candidates &candidates, const CLI::App *app) {
@@ -267,6 +278,7 @@ std::vector<Completion> completed(Context &context, const std::vector<std::strin
     if (!line.is_known) return {};
     if (line.waiting) {
         candidates.add(choices(*line.waiting), "");
+        if (line.waiting->get_type_name().starts_with("BOARD")) add_boards(candidates, line.waiting->get_type_name());
         return candidates.found;
     }
     if (typed.starts_with('-')) {
@@ -274,10 +286,11 @@ std::vector<Completion> completed(Context &context, const std::vector<std::strin
         add_options(candidates, &app);
         return candidates.found;
     }
-    if (!line.connection.empty()) {
+    if (!context.in_session) {
         CLI::App options;
         set_up_options(options, context);
         options.parse(std::vector<std::string>(line.connection.rbegin(), line.connection.rend()));
+        choose_host(options, context);
     }
     const CLI::Option *place = line.command ? argument(*line.command, line.places.size()) : nullptr;
     const std::string kind = place ? place->get_name(true) : "";

@@ -16,6 +16,7 @@ struct Connection {
     /// All calls end by then, whatever `timeout` says.
     Clock::time_point until = Clock::time_point::max();
     std::string cacert, cert, key;
+    std::string password_command;                      ///< for a shell; what it prints is the password
     const volatile std::sig_atomic_t *stop = nullptr;  ///< a call ends when it is not 0
 
     /// When a call that begins now must have its answer.

@@ -15,7 +15,7 @@ namespace lmqctl {
 
 Session &Context::session() {
     if (!session_) {
-        if (!connection.user.empty()) connection.password = password_of(connection.user);
+        if (!connection.user.empty() && connection.password.empty()) connection.password = password_of(connection);
         session_ = std::make_unique<Session>(connection);
     }
     return *session_;

@@ -1,6 +1,7 @@
 // What all commands share: the options before the command, the session and the dictionary, each made when first needed.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -11,10 +12,16 @@
 
 namespace lmqctl {
 
+struct Board;
+
 struct Context {
     Connection connection;
     bool json = false, no_color = false, verbose = false, refresh = false;
-    int exit_status = 0;      ///< what the command leaves
+    int exit_status = 0;    ///< what the command leaves
+    std::string board, on;  ///< the board that was named; the patterns of those that were
+    /// Of one of many boards: which it is, and who puts its tables together with those of the others.
+    const Board *one_of_many = nullptr;
+    std::function<void(const std::string &packed_table)> hand_over;
     bool in_session = false;  ///< the command is a line of a session
 
     Session &session();

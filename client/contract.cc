@@ -153,7 +153,7 @@ const Key struct_keys[] = {{"brief", check_text, true}, {"kind", check_name}, {"
 const Key enum_keys[] = {{"brief", check_text, true}, {"values", check_values, true}};
 const Key value_keys[] = {{"brief", check_text}};
 const Key typedef_keys[] = {{"brief", check_text}};
-const Key id_keys[] = {{"brief", check_text}, {"range", check_range}};
+const Key id_keys[] = {{"brief", check_text}, {"range", check_range}, {"lists", check_names}};
 
 template <std::size_t count>
 void check_object(const Json &json, const Key (&keys)[count], const std::string &place) {

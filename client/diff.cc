@@ -1,10 +1,10 @@
-// lmqctl diff: two snapshots, or a snapshot and the chip as it is, member by member.
-#include <map>
-
+// lmqctl diff: two snapshots or files of settings, or one and the chip as it is, member by member.
 #include "command.h"
+#include "differences.h"
 #include "error.h"
 #include "file.h"
 #include "standard_output.h"
+#include "state.h"
 #include "survey.h"
 
 namespace lmqctl {
@@ -45,75 +45,51 @@ Json live(Context &context, const std::string &file, const Json &snapshot) {
     }
 }
 
-using Members = std::map<std::string, Json>;
-
-void flatten(const std::string &name, const Json &value, Members &to) {
-    if (!value.is_structured() || value.empty()) {
-        to[name] = value;
-        return;
-    }
-    for (const auto &[key, inside] : value.items())
-        flatten(value.is_array() ? name + "[" + key + "]" : name + "." + key, inside, to);
-}
-
-Members members_of(const Json &entry) {
-    Members found;
-    for (const char *what : {"fault", "status"})
-        if (entry.contains(what)) flatten(std::string(" ") + what, entry[what], found);
-    if (entry.contains("arguments"))
-        for (const auto &[name, value] : entry["arguments"].items()) flatten("." + name, value, found);
-    return found;
-}
-
-// A member that differs; without a member, a call that only one side has, for which that side is true. What a side does
-// not have is null.
-struct Difference {
-    std::string call, member;
-    Json before, after;
+// One of the two sides: a snapshot or a file of settings.
+struct Side {
+    std::string name;
+    Json snapshot;  // null for settings
+    State state;
 };
 
-void compare(const std::string &call, const Members &before, const Members &after, std::vector<Difference> &to) {
-    for (const auto &[name, value] : before) {
-        const auto found = after.find(name);
-        const Json now = found == after.end() ? Json() : found->second;
-        if (now != value) to.push_back({call, name, value, now});
-    }
-    for (const auto &[name, value] : after)
-        if (!before.contains(name)) to.push_back({call, name, nullptr, value});
+bool is_snapshot(const std::string &file) {
+    const std::string text = read_text(file);
+    const std::size_t first = text.find_first_not_of(" \t\r\n");
+    return first != std::string::npos && text[first] == '{';
 }
 
-std::vector<Difference> differences(const Json &before, const Json &after) {
-    std::vector<Difference> found;
-    for (const auto &[call, entry] : before.items()) {
-        if (after.contains(call))
-            compare(call, members_of(entry), members_of(after[call]), found);
-        else
-            found.push_back({call, "", true, nullptr});
-    }
-    for (const auto &[call, entry] : after.items())
-        if (!before.contains(call)) found.push_back({call, "", nullptr, true});
-    return found;
+Side side_of(Context &context, const std::string &file) {
+    if (is_snapshot(file)) return {file, load(file), {}};
+    return {file, nullptr, state_of_file(context, file)};
 }
 
-std::string shown(const Json &value) {
-    if (value.is_null()) return "(none)";
-    return value.is_string() ? value.get<std::string>() : json_text(value);
+// The chip, asked for what the other side has.
+Json live_answers(Context &context, const Side &other) {
+    if (!other.snapshot.is_null()) return live(context, other.name, other.snapshot);
+    return state_answers(restricted(state_of_chip(context, {}), other.state));
+}
+
+Json answers_of(const Side &side) {
+    return side.snapshot.is_null() ? state_answers(side.state) : side.snapshot["answers"];
 }
 
 void diff(Context &context, const DiffOptions &options) {
-    const Json old = load(options.before), before = old["answers"];
-    const Json after = options.after == "live" ? live(context, options.before, old) : load(options.after)["answers"];
-    const std::vector<Difference> found = differences(before, after);
-    Json json = Json::array();
-    std::string text;
-    for (const Difference &each : found) {
-        json.push_back({{"call", each.call}, {"member", each.member}, {"before", each.before}, {"after", each.after}});
-        if (each.member.empty())
-            text += each.call + ": only in " + (each.before.is_null() ? options.after : options.before) + "\n";
-        else
-            text += each.call + each.member + ": " + shown(each.before) + " -> " + shown(each.after) + "\n";
+    const bool is_reversed = options.before == "live", with_live = is_reversed || options.after == "live";
+    const Side first = side_of(context, is_reversed ? options.after : options.before);
+    Json before = answers_of(first), after;
+    if (with_live) {
+        after = live_answers(context, first);
+        if (is_reversed) std::swap(before, after);
+    } else {
+        const Side second = side_of(context, options.after);
+        if (first.snapshot.is_null() != second.snapshot.is_null())
+            throw UsageError((first.snapshot.is_null() ? first : second).name + " holds settings, and " +
+                             (first.snapshot.is_null() ? second : first).name + " is a snapshot");
+        after = answers_of(second);
     }
-    print(context.json ? json_text(json, 2) + "\n" : text);
+    const std::vector<Difference> found = differences(before, after);
+    print(context.json ? json_text(differences_json(found), 2) + "\n"
+                       : differences_text(found, options.before, options.after));
     if (!found.empty()) context.exit_status = exit_differ;
 }
 
@@ -121,8 +97,8 @@ void diff(Context &context, const DiffOptions &options) {
 
 void set_up_diff(CLI::App &command, Context &context) {
     const auto options = std::make_shared<DiffOptions>();
-    command.add_option("A", options->before, "A snapshot")->required();
-    command.add_option("B", options->after, "Another; live: the same calls made now")->capture_default_str();
+    command.add_option("A", options->before, "A snapshot, or settings that save has written; or live")->required();
+    command.add_option("B", options->after, "Another; live: the chip, asked the same now")->capture_default_str();
     command.callback([&context, options] { diff(context, *options); });
 }
 

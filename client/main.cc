@@ -3,10 +3,13 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 
+#include "boards.h"
 #include "command.h"
 #include "error.h"
+#include "many.h"
 #include "names.h"
 #include "program.h"
 #include "standard_output.h"
@@ -16,19 +19,16 @@ namespace lmqctl {
 
 namespace {
 
-// Returns no error.
-std::string add_path(std::string &url) {
-    url = with_path(url);
-    return {};
-}
-
 void set_up_connection(CLI::App &app, Context &context) {
     app.set_version_flag("--version", std::string("lmqctl ") + version);
-    app.add_option("--url", context.connection.url, "The host: http://HOST:PORT/RPC2, https://..., unix:PATH")
-        ->transform(CLI::Validator(add_path, ""))
-        ->envname("LMQ_URL")
+    app.add_option("--url", context.connection.url,
+                   "The host: http://HOST:PORT/RPC2, https://..., unix:PATH; else LMQ_URL")
         ->capture_default_str()
         ->type_name("URL");
+    app.add_option("--board", context.board, "The host of that name in boards.toml; else LMQ_BOARD")
+        ->type_name("BOARD");
+    app.add_option("--on", context.on, "Do it at all boards whose names or groups match; with commas between, or all")
+        ->type_name("BOARDS");
     app.add_option("--user", context.connection.user, "User; the password from LMQ_PASSWORD, or asked for")
         ->type_name("NAME");
     app.add_option("--timeout", context.connection.timeout, "Seconds to wait for an answer; 0: for ever")
@@ -40,7 +40,33 @@ void set_up_connection(CLI::App &app, Context &context) {
     app.add_option("--key", context.connection.key, "Key of the own certificate, PEM")->type_name("FILE");
 }
 
+void take_from_environment(const CLI::App &app, Context &context) {
+    const auto is_given = [&](const char *option) { return app.get_option(option)->count() > 0; };
+    if (is_given("--url") || is_given("--board") || is_given("--on")) return;
+    const char *url = std::getenv("LMQ_URL"), *board = std::getenv("LMQ_BOARD");
+    if (url && *url)
+        context.connection.url = url;
+    else if (board)
+        context.board = board;
+}
+
 }  // namespace
+
+void choose_host(const CLI::App &app, Context &context) {
+    // A line that many boards carry out says to each of them what was said to all.
+    if (context.one_of_many) {
+        context.connection = connection_to(*context.one_of_many, context.connection);
+        return;
+    }
+    const int said = static_cast<int>(app.get_option("--url")->count() + app.get_option("--board")->count() +
+                                      app.get_option("--on")->count());
+    if (said > 1) throw UsageError("--url, --board and --on exclude each other: each says where");
+    take_from_environment(app, context);
+    if (context.board.empty())
+        context.connection.url = with_path(context.connection.url);
+    else
+        context.connection = connection_to(board_named(context.board), context.connection);
+}
 
 void set_up_options(CLI::App &app, Context &context) {
     if (!context.in_session) set_up_connection(app, context);
@@ -128,11 +154,21 @@ std::string complaint(const CLI::App &app, const CLI::ParseError &error) {
 int carry_out_words(CLI::App &app, Context &context, const std::vector<std::string> &words) {
     try {
         set_up_commands(app, context);
+        // Behind the last word, before the command.
+        app.parse_complete_callback([&] {
+            if (context.in_session) return;
+            choose_host(app, context);
+            if (context.one_of_many || app.get_option("--on")->count() == 0) return;
+            context.exit_status = on_many(context, app, words);
+            throw CLI::Success();
+        });
         parse(app, words);
     } catch (const CLI::CallForHelp &) {
         print(help(app));
     } catch (const CLI::CallForVersion &version) {
         print(std::string(version.what()) + "\n");
+    } catch (const CLI::Success &) {
+        // Others have carried it out.
     } catch (const CLI::ParseError &error) {
         throw UsageError(complaint(app, error));
     }

@@ -61,6 +61,41 @@ std::string Output::one_line(const Type &type, const Json &value) const {
     }
 }
 
+std::string Output::in_a_cell(const Type &type, const Json &value) const {
+    if (value.is_array() && value.size() == 1) return in_a_cell(type.element ? *type.element : type, value[0]);
+    if (const std::string line = one_line(type, value); !line.empty()) return line;
+    if (value.is_object()) return members_in_a_cell(type, value);
+    std::string text;
+    for (const Json &item : value) {
+        if (is_zero(item)) continue;
+        const std::string inside = in_a_cell(type.element ? *type.element : type, item);
+        text += (text.empty() ? "" : " ") + (item.is_object() ? "{" + inside + "}" : inside);
+    }
+    return text.empty() ? "0" : text;
+}
+
+std::string Output::members_in_a_cell(const Type &type, const Json &object) const {
+    std::string text;
+    for (const Member &member : type.members) {
+        if (!object.contains(member.name) || is_valid_mask(type, member)) continue;
+        const Type *held = member.type.get();
+        const Json *inside = &object[member.name];
+        std::string name = member.name;
+        if (held->kind == Type::overlay) {
+            const Member *chosen = selected(*held, object);
+            if (!chosen || !inside->contains(chosen->name)) continue;
+            name = chosen->name;
+            held = chosen->type.get();
+            inside = &(*inside)[name];
+        }
+        if (is_zero(*inside)) continue;
+        const std::string shown = in_a_cell(*held, *inside);
+        text += (text.empty() ? "" : " ") + name +
+                (inside->is_object() && one_line(*held, *inside).empty() ? "{" + shown + "}" : "=" + shown);
+    }
+    return text.empty() ? "0" : text;
+}
+
 std::string Output::value(const std::string &name, const Type &type, const Json &value, unsigned indent) const {
     const std::string margin(indent, ' ');
     std::string line = one_line(type, value);

@@ -29,8 +29,13 @@ class Output {
 
     std::string paint(const char *code, const std::string &text) const;
 
-  private:
     std::string one_line(const Type &type, const Json &value) const;  ///< empty if it needs several
+
+    /// In one line in any case: what needs several as "member=value", without what is 0.
+    std::string in_a_cell(const Type &type, const Json &value) const;
+
+  private:
+    std::string members_in_a_cell(const Type &type, const Json &object) const;
     std::string elements(const Type &element, const Json &items, unsigned indent) const;
     std::string members(const Type &type, const Json &object, unsigned indent) const;
     /// What was sent, without the members that were not given.

@@ -14,6 +14,9 @@ namespace lmqctl {
 void set_up_options(CLI::App &app, Context &context);
 void set_up_commands(CLI::App &app, Context &context);
 
+/// Takes what the options, the environment and the boards file say of where the host is.
+void choose_host(const CLI::App &app, Context &context);
+
 /// Carries out the words behind the program's name. Returns the exit status; errors are said on standard error.
 int carry_out(Context &context, const std::vector<std::string> &words);
 

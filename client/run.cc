@@ -8,6 +8,7 @@
 
 #include "command.h"
 #include "error.h"
+#include "password.h"
 
 namespace lmqctl {
 
@@ -29,8 +30,9 @@ void set(const char *name, const std::string &value) {
     if (!value.empty()) setenv(name, value.c_str(), 1);
 }
 
-void run(const Context &context, std::vector<std::string> words) {
-    const Connection &connection = context.connection;
+void run(Context &context, std::vector<std::string> words) {
+    Connection &connection = context.connection;
+    if (!connection.password_command.empty()) connection.password = password_of(connection);
     set("LMQ_URL", connection.url);
     set("LMQ_USER", connection.user);
     set("LMQ_PASSWORD", connection.password);

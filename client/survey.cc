@@ -15,6 +15,29 @@
 
 namespace lmqctl {
 
+Json comparable(Context &context, const Type &type, const Json &value) {
+    if (const std::string address = address_to_text(type, value); !address.empty()) return address;
+    if (!value.is_structured()) return plain(type, value, &context.dictionary());
+    Json kept = value.is_array() ? Json::array() : Json::object();
+    for (const auto &[key, inside] : value.items()) {
+        if (value.is_array()) {
+            kept.push_back(comparable(context, type.element ? *type.element : type, inside));
+            continue;
+        }
+        const Member *member = type.member(key);
+        if (!member) {
+            kept[key] = inside;
+        } else if (const Member *chosen =
+                       member->type->kind == Type::overlay ? selected(*member->type, value) : nullptr;
+                   chosen && inside.contains(chosen->name)) {
+            kept[key][chosen->name] = comparable(context, *chosen->type, inside[chosen->name]);
+        } else if (member->type->kind != Type::overlay || member->type->selected.empty()) {
+            kept[key] = comparable(context, *member->type, inside);
+        }
+    }
+    return kept;
+}
+
 namespace {
 
 constexpr int64_t most_values = 64;       // of a range or an enum that is asked for as a whole; numbers that are tried
@@ -67,7 +90,7 @@ Json entry_of(Context &context, const Call &call, const Json &answer) {
     for (std::size_t i = 0; i < method->parameters.size() && i + 1 < answer.size(); ++i)
         if (const Parameter &parameter = method->parameters[i]; parameter.is_pointer())
             entry["arguments"][parameter.name] =
-                plain(*context.types().parameter(parameter), filled(*method, i, answer), &dictionary);
+                comparable(context, *context.types().parameter(parameter), filled(*method, i, answer));
     return entry;
 }
 
@@ -108,10 +131,12 @@ void make(Context &context, const std::vector<Call> &calls, const Take &take) {
     }
 }
 
+using Keep = std::function<void(const std::string &key, const Reading &reading)>;
+
 class Survey {
   public:
-    Survey(Context &context, const SurveyOptions &options)
-        : context_(context), dictionary_(context.dictionary()), options_(options) {
+    Survey(Context &context, const SurveyOptions &options, Keep keep)
+        : context_(context), dictionary_(context.dictionary()), options_(options), keep_(std::move(keep)) {
         if (!options.ports.empty()) ports_ = numbers_of("--ports", options.ports, 1);
         if (!options.registers.empty()) registers_ = numbers_of("--registers", options.registers, 4);
         for (const std::string &name : dictionary_.names(Dictionary::methods)) {
@@ -121,19 +146,47 @@ class Survey {
                 if (!parameter.said.length.filled.empty()) add_kinds(*context.types().parameter(parameter));
             methods_.push_back(method);
         }
+        if (!options.only.empty()) keep_what_is_needed();
     }
 
-    Json answers() {
+    void ask() {
         for (int round = 0; round < most_rounds; ++round) {
             std::vector<Call> calls;
             for (const Method &method : methods_) add_calls(method, calls);
             if (calls.empty()) break;
             make(context_, calls, [&](const Call &call, const Json &answer) { take(call, answer); });
         }
-        return std::move(answers_);
     }
 
   private:
+    bool is_wanted(const Method &method) const {
+        const std::vector<std::string> &only = options_.only;
+        return only.empty() ? glob(options_.pattern, method.name)
+                            : std::find(only.begin(), only.end(), method.name) != only.end();
+    }
+
+    static bool is_list(const Method &method) {
+        return std::any_of(method.parameters.begin(), method.parameters.end(),
+                           [](const Parameter &parameter) { return !parameter.said.length.filled.empty(); });
+    }
+
+    // Of the others the lists, if ids that they name are among the inputs.
+    void keep_what_is_needed() {
+        const auto takes_listed = [&](const Method &method) {
+            return is_wanted(method) &&
+                   std::any_of(method.parameters.begin(), method.parameters.end(), [&](const Parameter &parameter) {
+                       const Meaning &meaning = parameter.said.meaning;
+                       return parameter.said.direction == Direction::in && !meaning.id.empty() && !range_of(meaning);
+                   });
+        };
+        const bool with_lists = std::any_of(methods_.begin(), methods_.end(), takes_listed);
+        methods_.erase(std::remove_if(methods_.begin(), methods_.end(),
+                                      [&](const Method &method) {
+                                          return !is_wanted(method) && !(with_lists && is_list(method));
+                                      }),
+                       methods_.end());
+    }
+
     // The values that an input is asked for. Nothing if they are not known; `is_tried` if they may not exist.
     struct Values {
         std::optional<Numbers> numbers;
@@ -253,8 +306,7 @@ class Survey {
             for (std::size_t i = 0; i < method.parameters.size() && i + 1 < answer.size(); ++i)
                 if (method.parameters[i].is_pointer())
                     find_things(*context_.types().parameter(method.parameters[i]), filled(method, i, answer));
-        if (!glob(options_.pattern, method.name) || (!success && tried_.contains(key))) return;
-        answers_[key] = entry_of(context_, call, answer);
+        if (is_wanted(method) && (success || !tried_.contains(key))) keep_(key, {method, call, answer});
     }
 
     // The ids in an answer; of alternatives, in the one that is selected.
@@ -289,12 +341,24 @@ class Survey {
     std::vector<Method> methods_;
     std::set<std::string> listed_, made_, tried_;
     std::map<std::string, std::set<int64_t>> found_;
-    Json answers_ = Json::object();
+    const Keep keep_;
 };
 
 }  // namespace
 
-Json survey(Context &context, const SurveyOptions &options) { return Survey(context, options).answers(); }
+Json survey(Context &context, const SurveyOptions &options) {
+    Json answers = Json::object();
+    Survey(context, options, [&](const std::string &key, const Reading &reading) {
+        answers[key] = entry_of(context, reading.call, reading.answer);
+    }).ask();
+    return answers;
+}
+
+std::vector<Reading> read_all(Context &context, const SurveyOptions &options) {
+    std::vector<Reading> readings;
+    Survey(context, options, [&](const std::string &, const Reading &reading) { readings.push_back(reading); }).ask();
+    return readings;
+}
 
 Json take_answers(Context &context, const std::vector<Call> &calls) {
     Json answers = Json::object();

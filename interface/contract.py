@@ -82,6 +82,7 @@ class Reader:
         for kind, said in self.kinds.items():
             if "range" not in said and kind not in self.given_out:
                 self.problems.add(said["where"], f"the kind '{kind}' has no range, and no call answers such an id")
+            self.check_lists(kind, said)
         self.interface["fingerprint"] = fingerprint(self.interface)
 
     # Comments and their parts.
@@ -186,7 +187,7 @@ class Reader:
             self.given_out.add(said["id"])
 
     def kinds_of_ids(self, name):
-        """The kinds of ids that "@page ids" of a header lists: - `kind`: [RANGE.] Sentence."""
+        """The kinds of ids that "@page ids" of a header lists: - `kind`: [RANGE.] Sentence. [Listed by FUNCTION, ....]"""
         for line, text in self.comments[name].before.items():
             if not text.startswith("@page ids"):
                 continue
@@ -199,9 +200,27 @@ class Reader:
                     low, high = (self.constant(each, where) for each in match.groups())
                     kinds[kind]["range"] = [low, high]
                     said = said[match.end():]
+                said, *listed = re.split(r"\s+Listed by\s+(?=[\w,\s]+\.\s*$)", said)
+                if listed:
+                    kinds[kind]["lists"] = re.findall(r"\w+", listed[0])
                 kinds[kind]["brief"] = self.sentence(said, where, f"the kind {kind}")
             return kinds
         return {}
+
+    def check_lists(self, kind, said):
+        """Each method that lists a kind only reads, and takes or answers such ids."""
+        structs = self.interface["structs"]
+
+        def holds(entry):
+            inside = structs.get(entry["type"], {}).get("members", []) + entry.get("members", [])
+            return entry.get("id") == kind or any(holds(each) for each in inside)
+
+        for name in said.get("lists", []):
+            method = self.interface["methods"].get(name)
+            if method is None:
+                self.problems.add(said["where"], f"the kind '{kind}' is listed by {name}, which is no function")
+            elif method["effect"] != "reads" or not any(holds(each) for each in method["arguments"]):
+                self.problems.add(said["where"], f"the kind '{kind}' is listed by {name}, which does not read any")
 
     # Declarations.
 

@@ -11,31 +11,31 @@
 /**
  * @page ids Kinds of ids
  *
- * What an id names. {id KIND} in the comment of an argument, a member or a type refers to this list. Ids of a kind
- * without a range are answered by a call: by the one that makes the thing, or by one that lists what there is.
- * - `acl-filter`: A filter of custom packets, by what it looks for.
- * - `bridge`: A bridge, by the number that its creator gave it; lmq_get_bridge_config_all lists them.
+ * What an id names, for {id KIND} in the comment of an argument, a member or a type. Ids of a kind without a range are
+ * answered by the call that makes the thing or one that lists what there is. Listed by: calls that show all of them.
+ * - `acl-filter`: A filter of custom packets, by what it looks for. Listed by vx_acl_custom_pkt_filter_get.
+ * - `bridge`: A bridge, by the number that its creator gave it. Listed by lmq_get_bridge_config_all.
  * - `bridge-port`: A port of a bridge, as the call that adds it answers.
- * - `classifier-domain`: 0..(VX_CLS_DOMAIN_ID_NUM - 1). A domain of a port's classifier.
+ * - `classifier-domain`: 0..(VX_CLS_DOMAIN_ID_NUM - 1). A domain of a port's classifier. Listed by vx_cls_domain_get.
  * - `classifier-entry`: 0..(LMQ_FE_CL_MAX_ENTRY - 1). An entry of a port's classifier.
  * - `device`: 0..(LMQ_NUM_DEVICES - 1). A device that the driver drives.
  * - `eth-port`: VX_PORT_ETH0..(VX_PORT_ETH0 + LMQ_PORT_ETH_NUM - 1). An Ethernet port, a UNI.
  * - `fdb-entry`: An entry of the forwarding database.
- * - `flow`: A flow, upstream or downstream.
- * - `gem-port`: 0..4095. A GEM port, as the OLT numbers it (ITU-T G.984.3, 12 bits).
- * - `group-policer`: A policer that others share.
- * - `ip-host`: An IP host channel or layer 3 interface, by the handle that the call that makes it answers.
- * - `led`: 0..(LMQ_LED_ID_MAX - 1). A LED that the device drives.
- * - `pin`: 0..(LMQ_GPIO_ID_MAX - 1). A pin of the GPIO block.
- * - `policer`: A policer of flows.
+ * - `flow`: A flow, upstream or downstream. Listed by vx_flow_us_all_get, vx_flow_ds_all_get.
+ * - `gem-port`: 0..4095. A GEM port, as the OLT numbers it (ITU-T G.984.3). Listed by vx_gpon_onu_active_gem_port_get.
+ * - `group-policer`: A policer that others share. Listed by vx_rate_group_policer_get.
+ * - `ip-host`: An IP host channel or layer 3 interface, by its handle. Listed by lmq_get_ip_host_interface_config.
+ * - `led`: 0..(LMQ_LED_ID_MAX - 1). A LED that the device drives. Listed by vx_led_get.
+ * - `pin`: 0..(LMQ_GPIO_ID_MAX - 1). A pin of the GPIO block. Listed by vx_gpio_get.
+ * - `policer`: A policer of flows. Listed by vx_rate_policer_get.
  * - `pon-port`: VX_PORT_SNI0..VX_PORT_SNI0. The PON port, which is the SNI.
- * - `port`: VX_PORT_SNI0..VX_PORT_VOIP0. A port of the device, by its number in vx_port_num_t.
- * - `queue`: 0..7. A queue of a port, 7 the one with the highest priority.
- * - `tcont`: 0..(VX_GPON_MAX_TCONTS - 1). A T-CONT of the PON port.
- * - `traffic-descriptor`: A GEM traffic descriptor.
+ * - `port`: VX_PORT_SNI0..VX_PORT_VOIP0. A port of the chip. Listed by vx_eth_port_config_get, vx_eth_port_status_get.
+ * - `queue`: 0..7. A queue of a port, 7 the one with the highest priority. Listed by vx_cosq_queue_get.
+ * - `tcont`: 0..(VX_GPON_MAX_TCONTS - 1). A T-CONT of the PON port. Listed by vx_gpon_onu_active_tcont_get.
+ * - `traffic-descriptor`: A GEM traffic descriptor. Listed by vx_gpon_onu_gem_traffic_desc_get.
  * - `trap`: 0..0xFFFFFFFF. A trap of packets for the CPU, by the handle that its registration gave. No call registers.
- * - `us-queue`: 0..31. An upstream priority queue of the PON port.
- * - `vlan`: 0..4095. A VLAN identifier (IEEE 802.1Q, 12 bits).
+ * - `us-queue`: 0..31. An upstream priority queue of the PON port. Listed by vx_gpon_onu_tcont_queue_map_get.
+ * - `vlan`: 0..4095. A VLAN identifier (IEEE 802.1Q, 12 bits). Listed by vx_mcast_vlan_get.
  */
 
 /**

@@ -70,12 +70,12 @@ def known():
 
 
 def matching(pattern):
-    """The boards whose name or group matches a pattern, in the order of the files."""
+    """The boards whose name or group matches a pattern, in the order of the files; "all" matches all."""
     import fnmatch
 
     boards = known()
     found = [board for name, board in boards.items()
-             if any(fnmatch.fnmatchcase(each, pattern) for each in (name, *board.groups))]
+             if pattern == "all" or any(fnmatch.fnmatchcase(each, pattern) for each in (name, *board.groups))]
     if not found:
         raise Error(f"no board matches {pattern!r}{did_you_mean(pattern, boards)}")
     return found

@@ -46,7 +46,7 @@ class CtlTest(unittest.TestCase):
 
     def run_ctl(self, *words, stdin="", **variables):
         """Runs lmqctl without a terminal. Returns its exit status, standard output and standard error."""
-        done = subprocess.run([os.environ["LMQ_CTL"], *words], input=stdin, capture_output=True, text=True, timeout=60,
+        done = subprocess.run([os.environ["LMQ_CTL"], *words], input=stdin, capture_output=True, text=True, timeout=300,
                               env=dict(self.environment, **variables), errors="replace", start_new_session=True)
         return done.returncode, done.stdout, done.stderr
 

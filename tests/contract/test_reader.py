@@ -13,7 +13,7 @@ GOOD = """
 /**
  * @page ids Kinds of ids
  * - `flow`: A flow.
- * - `queue`: 0..7. A queue.
+ * - `queue`: 0..7. A queue. Listed by queue_get.
  */
 #define MOST 16
 typedef unsigned char vx_uint8;
@@ -51,6 +51,15 @@ typedef struct {
  * @return A status.
  */
 status_e keys_get(vx_uint8 queue, vx_uint16 room, key_s *keys, vx_uint16 *num, vx_uint8 clear, vx_flow_id_t *flow);
+/**
+ * @brief Reads a queue.
+ * @par Effect: reads
+ * @param[in]  which   {id queue} Which one.
+ * @param[out] p_level Its level.
+ * @return A status.
+ */
+status_e queue_get(vx_uint8 which, vx_uint16 *p_level);
+
 /**
  * @brief Writes.
  * @par Effect: changes
@@ -93,7 +102,7 @@ class Reading(unittest.TestCase):
         self.assertEqual((level["if"], level["range"], level["unit"]), (["GOOD"], [1, 100], "%"))
         self.assertEqual((rate["count"], rate["unit"]), (4, "kbit/s"))
         self.assertEqual(reader.interface["enums"]["status_e"]["values"]["BAD"], {"value": 7, "brief": "Bad."})
-        self.assertEqual(reader.interface["ids"]["queue"], {"range": [0, 7], "brief": "A queue."})
+        self.assertEqual(reader.interface["ids"]["queue"], {"range": [0, 7], "brief": "A queue.", "lists": ["queue_get"]})
 
     def test_the_fingerprint_is_of_the_wire(self):
         first = read(GOOD).interface["fingerprint"]
@@ -114,6 +123,8 @@ class Reading(unittest.TestCase):
                 ("[room; *num filled]", "[room, num]", "[room, num] of keys of keys_get"),
                 ("{id queue} The", "{id queues} The", "'queues' is no kind of id"),
                 ("- `queue`: 0..7. A", "- `queue`: A", "'queue' has no range"),
+                ("Listed by queue_get.", "Listed by queues_get.", "listed by queues_get, which is no function"),
+                ("Listed by queue_get.", "Listed by write.", "listed by write, which does not read any"),
                 ("reads and clears if clear", "looks", "'@par Effect: '"),
                 ("reads and clears if clear", "reads if clear", "goes with 'reads and clears'"),
                 (" * @par Effect: changes\n", "", "write: '@par Effect: '"),

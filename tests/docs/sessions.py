@@ -125,7 +125,8 @@ def main(cmake, build, *documents):
         sys.path.insert(0, f"{prefix}/lib/python3/dist-packages")
         # Debian's Python first: another one may lack Debian's packages.
         kept = hosting.environment(PATH=f"{folder}:/usr/bin:{os.environ['PATH']}", XDG_CACHE_HOME=f"{prefix}/cache",
-                                   PYTHONPATH=f"{prefix}/lib/python3/dist-packages", COLUMNS="120")
+                                   PYTHONPATH=f"{prefix}/lib/python3/dist-packages", COLUMNS="120",
+                                   HOME=prefix, XDG_CONFIG_HOME=f"{prefix}/.config")
         os.environ.clear()
         os.environ.update(kept)
         tree(pathlib.Path(prefix, "tree"), build)
