@@ -5,7 +5,7 @@
 packages_of_libraries="libxmlrpc-core-c3-dev libmicrohttpd-dev libcli11-dev libexpat1-dev libgnutls28-dev libcrypt-dev libbsd-dev nlohmann-json3-dev libcurl4-openssl-dev"
 
 packages_to_build="g++ cmake ninja-build pkg-config python3 $packages_of_libraries libmimalloc-dev libedit-dev libjs-dygraphs"
-packages_to_test="libgtest-dev libbenchmark-dev valgrind openssl clang libclang-rt-14-dev zsh fish python3-pytest python3-pytest-xdist mypy python3-prometheus-client prometheus chromium chromium-driver python3-selenium"
+packages_to_test="libgtest-dev libbenchmark-dev valgrind openssl clang libclang-rt-14-dev zsh fish python3-pytest python3-pytest-xdist mypy python3-prometheus-client prometheus chromium chromium-driver python3-selenium librpc-xml-perl libxmlrpc-lite-perl libfrontier-rpc-perl ruby-xmlrpc php-cli php-xmlrpc xmlrpc-api-utils emacs-nox elpa-xml-rpc"
 packages_for_style="git clang-format-14 clang-tidy-14"
 
 # For the target: what the machine has to have, and what is linked with there.
