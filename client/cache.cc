@@ -14,11 +14,9 @@
 
 namespace lmqctl {
 
-namespace {
-
 namespace fs = std::filesystem;
 
-fs::path folder() {
+fs::path cache_folder() {
     const char *cache = std::getenv("XDG_CACHE_HOME"), *home = std::getenv("HOME");
     if (cache && *cache == '/') return fs::path(cache) / "lmqctl";
     return home && *home ? fs::path(home) / ".cache" / "lmqctl" : fs::path();
@@ -33,10 +31,8 @@ std::string fingerprint(const std::string &text) {
     return digits;
 }
 
-}  // namespace
-
 std::optional<std::string> load_cached(const std::string &url) {
-    const fs::path where = folder();
+    const fs::path where = cache_folder();
     if (where.empty()) return {};
     const int file = open((where / ("url-" + fingerprint(url))).c_str(), O_RDONLY | O_CLOEXEC);
     if (file < 0) return {};
@@ -50,7 +46,7 @@ std::optional<std::string> load_cached(const std::string &url) {
 }
 
 std::string store_cached(const std::string &url, const std::string &text) {
-    const fs::path where = folder();
+    const fs::path where = cache_folder();
     if (where.empty()) return "neither XDG_CACHE_HOME nor HOME is set";
     std::error_code failure;
     fs::create_directories(where, failure);

@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "dictionary.h"
+#include "safe_text.h"
 
 namespace lmqctl {
 
@@ -23,26 +24,6 @@ bool is_name(const std::string &text) {
     return !text.empty() && text.size() <= 200 && std::all_of(text.begin(), text.end(), [](unsigned char letter) {
         return letter == '_' || letter == '-' || letter == ' ' || (letter < 0x80 && std::isalnum(letter));
     });
-}
-
-// Without what a terminal obeys or turns round: control characters, of C1 as well, and marks of direction.
-std::string harmless(const std::string &text) {
-    std::string kept;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const auto byte = static_cast<unsigned char>(text[i]);
-        const auto next = static_cast<unsigned char>(i + 1 < text.size() ? text[i + 1] : 0);
-        const auto third = static_cast<unsigned char>(i + 2 < text.size() ? text[i + 2] : 0);
-        const bool is_direction =
-            byte == 0xe2 && ((next == 0x80 && ((third >= 0x8b && third <= 0x8f) || (third >= 0xa8 && third <= 0xae))) ||
-                             (next == 0x81 && third >= 0xa0 && third <= 0xaf));
-        if (byte == 0xc2 && next < 0xa0)
-            ++i;
-        else if (is_direction)
-            i += 2;
-        else if (byte == '\n' || (byte >= 0x20 && byte != 0x7f))
-            kept += text[i];
-    }
-    return kept;
 }
 
 void make_harmless(Json &json) {

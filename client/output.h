@@ -11,6 +11,7 @@ namespace lmqctl {
 struct Style {
     bool full = false;   ///< all alternatives, all zeros
     bool color = false;  ///< for a terminal
+    bool hex = false;    ///< numbers in hexadecimal
 };
 
 class Output {
@@ -30,6 +31,7 @@ class Output {
     std::string paint(const char *code, const std::string &text) const;
 
   private:
+    std::string scalar(const Type &type, const Json &value) const;
     std::string one_line(const Type &type, const Json &value) const;  ///< empty if it needs several
     std::string elements(const Type &element, const Json &items, unsigned indent) const;
     std::string members(const Type &type, const Json &object, unsigned indent) const;

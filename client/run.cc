@@ -8,6 +8,7 @@
 
 #include "command.h"
 #include "error.h"
+#include "lease_file.h"
 
 namespace lmqctl {
 
@@ -32,6 +33,7 @@ void set(const char *name, const std::string &value) {
 void run(const Context &context, std::vector<std::string> words) {
     const Connection &connection = context.connection;
     set("LMQ_URL", connection.url);
+    set("LMQ_LEASE", kept_lease(connection.url));
     set("LMQ_USER", connection.user);
     set("LMQ_PASSWORD", connection.password);
     set("LMQ_CACERT", connection.cacert);

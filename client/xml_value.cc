@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <memory>
 
+#include "answer_check.h"
 #include "error.h"
 #include "http_answer.h"
 
@@ -196,6 +197,8 @@ std::string request_xml(const std::string &method, const Json &parameters) {
 }
 
 Json answer_value(const std::string &document, const std::string &url) {
+    if (const std::string why = why_unsafe(document); !why.empty())
+        throw Error(exit_connection, url + ": what answers there does not speak XML-RPC: " + why);
     xmlrpc_limit_set(XMLRPC_XML_SIZE_LIMIT_ID, largest_answer);
     Environment e;
     xmlrpc_value *result = nullptr;
