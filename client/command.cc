@@ -31,6 +31,7 @@ const std::vector<Command> commands = {
      set_up_i2c},
     {"mdio", "Reads and writes registers of an MDIO slave", "lmqctl mdio 1:0..31        lmqctl mdio 1:0[15]=1",
      set_up_mdio},
+    {"spi", "Transfers on an SPI line", "lmqctl spi 0:0x9f000000        lmqctl spi 0=0x55 0", set_up_spi},
     {"doctor", "What is wrong between here and the chip, and what to do", "lmqctl doctor", set_up_doctor},
     {"lock", "Takes the lease: nobody else changes anything for a time", "lmqctl lock --for 20m", set_up_lock},
     {"unlock", "Gives the lease back", "lmqctl unlock", set_up_unlock},

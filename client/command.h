@@ -43,6 +43,7 @@ void set_up_repl(CLI::App &command, Context &context);
 void set_up_run(CLI::App &command, Context &context);
 void set_up_search(CLI::App &command, Context &context);
 void set_up_snapshot(CLI::App &command, Context &context);
+void set_up_spi(CLI::App &command, Context &context);
 void set_up_template(CLI::App &command, Context &context);
 void set_up_unlock(CLI::App &command, Context &context);
 void set_up_uses(CLI::App &command, Context &context);

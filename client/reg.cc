@@ -1,9 +1,8 @@
 // lmqctl reg, i2c, mdio: registers of the chip and of what stands on its buses, one by one, by bits, in ranges.
 #include <algorithm>
 #include <chrono>
-#include <cstdio>
 
-#include "answer.h"
+#include "bus.h"
 #include "command.h"
 #include "error.h"
 #include "interrupt.h"
@@ -116,7 +115,8 @@ class Registers {
     Registers(Context &context, const Bus &bus, unsigned device) : context_(context), bus_(bus), device_(device) {}
 
     std::vector<uint64_t> read(const Place &place) {
-        const Method &method = found(reader_, bus_.readers);
+        if (!reader_) reader_ = bus_method(context_, bus_.readers, arguments());
+        const Method &method = *reader_;
         std::vector<Call> calls;
         for (int64_t at = place.first; at <= place.last; at += bus_.in_a_call * bus_.stride) {
             const int64_t count = std::min(bus_.in_a_call, (place.last - at) / bus_.stride + 1);
@@ -125,7 +125,7 @@ class Registers {
         }
         std::vector<uint64_t> values;
         for (const Json &answer : context_.session().multicall(calls)) {
-            check(method, answer);
+            check_answer(context_, method, answer);
             const Json &data = answer.is_array() && !answer.empty() ? answer.back() : answer;
             for (const Json &value : data.is_array() ? data : Json::array({data}))
                 values.push_back(value.get<uint64_t>() & (~uint64_t{0} >> (64 - bus_.width)));
@@ -134,27 +134,18 @@ class Registers {
     }
 
     void write(const Place &place, const std::vector<uint64_t> &values) {
-        const Method &method = found(writer_, bus_.writers);
+        if (!writer_) writer_ = bus_method(context_, bus_.writers, arguments());
+        const Method &method = *writer_;
         Json data = Json::array();
         // Numbers of the wire have a sign.
         for (const uint64_t value : values) data.push_back(static_cast<int32_t>(value));
         const Call made = call(method, place.slave, place.first, static_cast<int64_t>(values.size()),
                                bus_.has_slave ? data : data[0]);
-        check(method, context_.session().call(made.method, made.parameters));
+        check_answer(context_, method, context_.session().call(made.method, made.parameters));
     }
 
   private:
-    const Method &found(std::optional<Method> &method, const char *pattern) {
-        if (method) return *method;
-        std::string name;
-        for (const std::string &each : context_.dictionary().names(Dictionary::methods))
-            if (glob(pattern, each) && (name.empty() || each.size() < name.size())) name = each;
-        if (!name.empty()) method = context_.dictionary().method(name);
-        if (!method || method->parameters.size() != (bus_.has_slave ? 5U : 3U))
-            throw Error(exit_fault,
-                        context_.connection.url + ": this host has no method " + pattern + " of a known form");
-        return *method;
-    }
+    std::size_t arguments() const { return bus_.has_slave ? 5 : 3; }
 
     Call call(const Method &method, int64_t slave, int64_t address, int64_t count, const Json &data) {
         Json parameters = Json::array({device_});
@@ -165,26 +156,11 @@ class Registers {
         return {context_.dictionary().full_name(method.name), parameters};
     }
 
-    void check(const Method &method, const Json &answer) {
-        if (is_fault(answer)) throw Fault(answer["faultCode"], answer["faultString"]);
-        if (!is_success(context_.dictionary(), method, result_of(answer)))
-            throw Error(exit_driver,
-                        method.name + " answered " +
-                            Output(context_.dictionary(), context_.types(), {}).status(method, result_of(answer)));
-    }
-
     Context &context_;
     const Bus &bus_;
     const unsigned device_;
     std::optional<Method> reader_, writer_;
 };
-
-std::string hexadecimal(uint64_t value, unsigned bits, bool with_prefix = true) {
-    char text[32];
-    std::snprintf(text, sizeof text, "%s%0*llx", with_prefix ? "0x" : "", static_cast<int>((bits + 3) / 4),
-                  static_cast<unsigned long long>(value));
-    return text;
-}
 
 std::string name_of(const Bus &bus, const Place &place) {
     const std::string address = hexadecimal(static_cast<uint64_t>(place.first), bus.has_slave ? 8 : 32);

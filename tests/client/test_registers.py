@@ -51,6 +51,18 @@ class Registers(CtlTest):
         self.assertEqual(self.ok("mdio", "1:5", "1:6[15:12]"), "0x01:0x05  0x1234  4660\n0x01:0x06[15:12]  0x5  5\n")
         self.assertEqual(len(self.ok("mdio", "1:0..31").splitlines()), 4)
 
+    def test_spi(self):
+        self.ok("call", "vx_spi_enable_set", "0", "1", "0")
+        self.assertEqual(self.ok("spi", "0=0x5a"), "0 = 0x5a\n")
+        self.assertEqual(self.ok("spi", "0"), "0  0x5a\n")
+        self.refused(DRIVER, "vx_spi_write answered", "spi", "1:1=2")
+        self.ok("call", "vx_spi_set", "0", "1", "p_cfg.cmd_length=32", "p_cfg.data_length=64")
+        self.assertEqual(self.ok("spi", "1:0x02001000=0xdeadbeef,0x12345678"),
+                         "1:0x02001000 = 0xdeadbeef 0x12345678\n")
+        self.assertEqual(self.ok("spi", "1:0x03001000"), "1:0x03001000  0xdeadbeef 0x12345678\n")
+        for word in ("x", "0=256", "0:1,2,3,4", "0:1=1,2,3", "0:", "0=1,2"):
+            self.refused(USAGE, "expected LINE", "spi", word)
+
     def test_watch(self):
         """It shows the first sample, and what changes from then on."""
         self.ok("reg", "0x5000=1")

@@ -103,7 +103,7 @@ def main(cmake, build, *documents):
         folder = pathlib.Path(prefix, "bin")
         sys.path.insert(0, f"{prefix}/lib/python3/dist-packages")
         kept = hosting.environment(PATH=f"{folder}:{os.environ['PATH']}", XDG_CACHE_HOME=f"{prefix}/cache",
-                                   COLUMNS="120")
+                                   XDG_RUNTIME_DIR=f"{prefix}/run", COLUMNS="120")
         os.environ.clear()
         os.environ.update(kept)
         results = [run(folder / "lmq-host", document) for document in documents]
