@@ -2,6 +2,7 @@
 #include "answer.h"
 
 #include "error.h"
+#include "names.h"
 #include "scalar_text.h"
 #include "session.h"
 
@@ -81,6 +82,19 @@ Json plain(const Type &type, const Json &value, const Dictionary *names) {
             result[key] = member ? plain(kind, inside, names) : inside;
     }
     return result;
+}
+
+Json with_printed(Json answer, const std::string &printed) {
+    if (!printed.empty()) answer["printed"] = printed;
+    return answer;
+}
+
+std::string printed_text(const std::string &printed) {
+    if (printed.empty()) return "";
+    std::string text = "printed by the driver\n";
+    for (const std::string &line : split(printed.substr(0, printed.size() - 1), '\n'))
+        text.append(line.empty() ? "" : "  ").append(line).append("\n");
+    return text;
 }
 
 }  // namespace lmqctl

@@ -22,6 +22,12 @@ Json json_answer(const Dictionary &dictionary, Types &types, const Method &metho
 /// The alternative of an overlay that its selector, a member of the same struct, means; nullptr if none is.
 const Member *selected(const Type &overlay, const Json &structure);
 
+/// The same with what the driver printed meanwhile, as it is shown, under "printed"; without it if it printed nothing.
+Json with_printed(Json answer, const std::string &printed);
+
+/// What the driver printed, as people see it under an answer; empty if it printed nothing.
+std::string printed_text(const std::string &printed);
+
 /// What an answer has for a parameter: of a list, the elements that the driver filled.
 Json filled(const Method &method, std::size_t parameter, const Json &answer);
 

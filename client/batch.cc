@@ -96,7 +96,10 @@ void batch(Context &context, const BatchOptions &options) {
                     text += shown(context, options, entry, answer);
                 }
             }
-            print(text);
+            // The calls of a request print into one text.
+            const std::string printed = context.session().printed();
+            if (context.json && !answers.empty()) answers.back() = with_printed(answers.back(), printed);
+            print(text + (context.json ? "" : printed_text(printed)));
             progress.reached(done);
         }
     }

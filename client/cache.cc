@@ -16,11 +16,9 @@
 
 namespace lmqctl {
 
-namespace {
-
 namespace fs = std::filesystem;
 
-fs::path folder() {
+fs::path cache_folder() {
     const char *cache = std::getenv("XDG_CACHE_HOME"), *home = std::getenv("HOME");
     if (cache && *cache == '/') return fs::path(cache) / "lmqctl";
     return home && *home ? fs::path(home) / ".cache" / "lmqctl" : fs::path();
@@ -34,6 +32,8 @@ std::string fingerprint(const std::string &text) {
     std::snprintf(digits, sizeof digits, "%016llx", static_cast<unsigned long long>(hash));
     return digits;
 }
+
+namespace {
 
 std::optional<std::string> content(const fs::path &path) {
     const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
@@ -50,13 +50,13 @@ std::optional<std::string> content(const fs::path &path) {
 }  // namespace
 
 std::optional<std::string> load_cached(const std::string &url) {
-    const fs::path where = folder();
+    const fs::path where = cache_folder();
     if (where.empty()) return {};
     return content(where / ("url-" + fingerprint(url)));
 }
 
 std::optional<std::string> load_cached_interface(const std::string &of_interface) {
-    const fs::path where = folder();
+    const fs::path where = cache_folder();
     if (where.empty() || of_interface.empty()) return {};
     const std::string line = "\n" + Dictionary::line(Dictionary::contract, "fingerprint", Json(of_interface).dump());
     std::error_code ignored;
@@ -69,7 +69,7 @@ std::optional<std::string> load_cached_interface(const std::string &of_interface
 }
 
 std::string store_cached(const std::string &url, const std::string &text) {
-    const fs::path where = folder();
+    const fs::path where = cache_folder();
     if (where.empty()) return "neither XDG_CACHE_HOME nor HOME is set";
     std::error_code failure;
     fs::create_directories(where, failure);

@@ -3,10 +3,17 @@
 // user: without a cache the client asks the host.
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 
 namespace lmqctl {
+
+/// The folder of what is kept; empty if neither XDG_CACHE_HOME nor HOME says where.
+std::filesystem::path cache_folder();
+
+/// A name for the file of a text, such as a URL.
+std::string fingerprint(const std::string &text);
 
 /// The dictionary's text last seen behind a URL.
 std::optional<std::string> load_cached(const std::string &url);

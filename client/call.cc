@@ -1,4 +1,6 @@
 // lmqctl call: the arguments put together, the call, its answer.
+#include <unistd.h>
+
 #include "answer.h"
 #include "arguments.h"
 #include "code.h"
@@ -16,7 +18,7 @@ struct CallOptions {
     std::string method;
     std::vector<std::string> words, counts;
     ArgumentOptions arguments;
-    bool dry_run = false, full = false, raw = false, no_valid = false;
+    bool dry_run = false, full = false, raw = false, hex = false, no_valid = false;
     std::string as, columns;
 };
 
@@ -34,6 +36,20 @@ void take_counts(const std::vector<std::string> &given, ArgumentOptions &to) {
     }
 }
 
+// Another program gets the document as it came.
+void print_raw(const std::string &document) {
+    if (isatty(STDOUT_FILENO) == 1)
+        print(document);
+    else
+        print_as_is(document);
+}
+
+Output output(Context &context, const CallOptions &options) {
+    Style style = context.style(options.full);
+    style.hex = options.hex;
+    return Output(context.dictionary(), context.types(), style);
+}
+
 void call(Context &context, CallOptions options) {
     take_counts(options.counts, options.arguments);
     const Dictionary &dictionary = context.dictionary_for(options.method);
@@ -48,15 +64,16 @@ void call(Context &context, CallOptions options) {
         return;
     }
     const Json answer = context.session().call(full_name, arguments);
+    const std::string printed = options.raw ? "" : context.session().printed();
     if (options.raw)
-        print(context.session().last_xml());
+        print_raw(context.session().last_xml());
     else if (!options.columns.empty() && !is_fault(answer) && is_success(dictionary, method, result_of(answer)))
         show(context,
              table_of(dictionary, context.types(), context.output(), method, answer, split(options.columns, ',')));
     else if (context.json)
-        print(json_text(json_answer(dictionary, context.types(), method, answer), 2) + "\n");
+        print(json_text(with_printed(json_answer(dictionary, context.types(), method, answer), printed), 2) + "\n");
     else
-        print(context.output(options.full).answer(method, answer));
+        print(output(context, options).answer(method, answer) + printed_text(printed));
     context.exit_status = exit_status_of(dictionary, method, answer);
 }
 
@@ -80,6 +97,7 @@ void set_up_call(CLI::App &command, Context &context) {
     command.add_flag("--full", options->full, "Show all alternatives and all zeros");
     command.add_option("--columns", options->columns, "Show a table with these members, with commas between")
         ->type_name("MEMBER,...");
+    command.add_flag("--hex", options->hex, "Show numbers in hexadecimal");
     command.add_flag("--raw", options->raw, "Show the answer's XML");
     command.add_flag("--dry-run", options->dry_run, "Show the request, and send nothing");
     command.add_option("--as", options->as, "Show the call as code, and send nothing")

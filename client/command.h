@@ -38,10 +38,15 @@ void set_up_complete(CLI::App &command, Context &context);
 void set_up_completion(CLI::App &command, Context &context);
 void set_up_describe(CLI::App &command, Context &context);
 void set_up_diff(CLI::App &command, Context &context);
+void set_up_doctor(CLI::App &command, Context &context);
 void set_up_explain(CLI::App &command, Context &context);
 void set_up_fuzz(CLI::App &command, Context &context);
 void set_up_get(CLI::App &command, Context &context);
+void set_up_i2c(CLI::App &command, Context &context);
 void set_up_list(CLI::App &command, Context &context);
+void set_up_lock(CLI::App &command, Context &context);
+void set_up_mdio(CLI::App &command, Context &context);
+void set_up_reg(CLI::App &command, Context &context);
 void set_up_repl(CLI::App &command, Context &context);
 void set_up_replay(CLI::App &command, Context &context);
 void set_up_run(CLI::App &command, Context &context);
@@ -49,9 +54,12 @@ void set_up_save(CLI::App &command, Context &context);
 void set_up_search(CLI::App &command, Context &context);
 void set_up_shrink(CLI::App &command, Context &context);
 void set_up_snapshot(CLI::App &command, Context &context);
+void set_up_spi(CLI::App &command, Context &context);
 void set_up_template(CLI::App &command, Context &context);
 void set_up_trace(CLI::App &command, Context &context);
+void set_up_unlock(CLI::App &command, Context &context);
 void set_up_uses(CLI::App &command, Context &context);
 void set_up_watch(CLI::App &command, Context &context);
+void set_up_who(CLI::App &command, Context &context);
 
 }  // namespace lmqctl

@@ -7,6 +7,7 @@
 #include "file.h"
 #include "interface_diff.h"
 #include "password.h"
+#include "safe_text.h"
 #include "session.h"
 #include "standard_output.h"
 
@@ -96,7 +97,7 @@ void compat(Context &context, const CompatOptions &options) {
     else if (!diff.changes.empty())
         text += ": " + counted(diff.changes.size(), "change");
     if (diff.texts > 0) text += "; " + counted(diff.texts, "text") + " worded differently";
-    print(context.json ? json_text(json, 2) + "\n" : without_controls(text) + "\n");
+    print(context.json ? json_text(json, 2) + "\n" : harmless(text) + "\n");
     if (breaking > 0) context.exit_status = exit_breaking;
 }
 

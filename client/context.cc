@@ -9,7 +9,9 @@
 #include "cache.h"
 #include "error.h"
 #include "fetch.h"
+#include "lease_file.h"
 #include "password.h"
+#include "standard_output.h"
 
 namespace lmqctl {
 
@@ -17,6 +19,7 @@ Session &Context::session() {
     if (!session_) {
         if (!connection.user.empty() && connection.password.empty()) connection.password = password_of(connection);
         session_ = std::make_unique<Session>(connection);
+        session_->show_lease(kept_lease(connection.url));
     }
     return *session_;
 }
@@ -49,7 +52,6 @@ const Dictionary &Context::checked(Check is_current) {
 }
 
 bool Context::renew_contract() {
-    const auto complain = [](const std::string &text) { std::fprintf(stderr, "lmqctl: %s\n", text.c_str()); };
     std::optional<std::string> text = changed_contract(session(), *dictionary_, complain);
     if (!text) return false;
     dictionary_ = std::make_unique<Dictionary>(std::move(*text));
@@ -116,7 +118,7 @@ Style Context::style(bool full) const {
 Output Context::output(bool full) { return Output(dictionary(), types(), style(full)); }
 
 void Context::note(const std::string &text) const {
-    if (verbose) std::fprintf(stderr, "lmqctl: %s\n", text.c_str());
+    if (verbose) complain(text);
 }
 
 }  // namespace lmqctl

@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "dictionary.h"
+#include "safe_text.h"
 
 namespace lmqctl {
 
@@ -25,32 +26,8 @@ bool is_name(const std::string &text) {
     });
 }
 
-}  // namespace
-
-// Control characters of C1 as well.
-std::string without_controls(const std::string &text) {
-    std::string kept;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const auto byte = static_cast<unsigned char>(text[i]);
-        const auto next = static_cast<unsigned char>(i + 1 < text.size() ? text[i + 1] : 0);
-        const auto third = static_cast<unsigned char>(i + 2 < text.size() ? text[i + 2] : 0);
-        const bool is_direction =
-            byte == 0xe2 && ((next == 0x80 && ((third >= 0x8b && third <= 0x8f) || (third >= 0xa8 && third <= 0xae))) ||
-                             (next == 0x81 && third >= 0xa0 && third <= 0xaf));
-        if (byte == 0xc2 && next < 0xa0)
-            ++i;
-        else if (is_direction)
-            i += 2;
-        else if (byte == '\n' || (byte >= 0x20 && byte != 0x7f))
-            kept += text[i];
-    }
-    return kept;
-}
-
-namespace {
-
 void make_harmless(Json &json) {
-    if (json.is_string()) json = without_controls(json.get<std::string>());
+    if (json.is_string()) json = harmless(json.get<std::string>());
     if (json.is_structured())
         for (Json &inside : json) make_harmless(inside);
 }
@@ -180,7 +157,7 @@ void check_arguments(const Json &json, const std::string &place) {
 void check_values(const Json &json, const std::string &place) {
     if (!json.is_object()) wrong(place, "is no object");
     for (const auto &[name, value] : json.items())
-        check_object(value, value_keys, place + "." + without_controls(name));
+        check_object(value, value_keys, place + "." + harmless(name));
 }
 
 // The entries under a key, as lines.
@@ -189,7 +166,7 @@ std::string lines_of(const Json &interface, const char *key, Dictionary::Kind ki
     if (!interface.contains(key) || !interface[key].is_object()) wrong(key, "are missing");
     std::string text;
     for (const auto &[name, entry] : interface[key].items()) {
-        const std::string place = std::string(key) + "." + without_controls(name);
+        const std::string place = std::string(key) + "." + harmless(name);
         if (!is_name(name)) wrong(place, "is no name");
         check_object(entry, keys, place);
         Json kept = Json::object();
@@ -295,10 +272,10 @@ Json parsed_description(const std::string &description) {
 std::string contract_lines(const std::string &description, const std::string &tag) {
     const Json interface = parsed_description(description);
     const Json fingerprint = interface.value("fingerprint", Json(""));
-    return Dictionary::line(Dictionary::contract, "tag", Json(without_controls(tag)).dump(-1, ' ', true)) +
+    return Dictionary::line(Dictionary::contract, "tag", Json(harmless(tag)).dump(-1, ' ', true)) +
            Dictionary::line(
                Dictionary::contract, "fingerprint",
-               Json(fingerprint.is_string() ? without_controls(fingerprint) : "").dump(-1, ' ', true)) +
+               Json(fingerprint.is_string() ? harmless(fingerprint) : "").dump(-1, ' ', true)) +
            lines_of(interface, "methods", Dictionary::said_of_methods, method_keys) +
            lines_of(interface, "structs", Dictionary::said_of_structs, struct_keys) +
            lines_of(interface, "enums", Dictionary::said_of_enums, enum_keys) +

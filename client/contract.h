@@ -66,9 +66,6 @@ MethodContract method_contract(const Json &entry);
 /// it is not.
 Json parsed_description(const std::string &description);
 
-/// A text without what a terminal obeys or turns round: control characters but for line breaks, marks of direction.
-std::string without_controls(const std::string &text);
-
 /// The lines for a dictionary that a host's description of its interface amounts to. `tag` is what the host calls this
 /// version. Texts lose what a terminal would obey. Throws std::runtime_error that says what is wrong with it.
 std::string contract_lines(const std::string &description, const std::string &tag);

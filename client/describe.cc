@@ -207,11 +207,7 @@ Json described(Context &context, const std::string &name) {
         const std::optional<int64_t> number = dictionary.define_number(name);
         return {{"kind", "define"}, {"name", name}, {"value", *text}, {"number", number ? Json(*number) : Json()}};
     }
-    if (auto base = dictionary.behind(name)) {
-        Json json{{"kind", "typedef"}, {"name", name}, {"behind", Json::array()}};
-        for (; base; base = dictionary.behind(*base)) json["behind"].push_back(*base);
-        return json;
-    }
+    if (dictionary.behind(name)) return {{"kind", "typedef"}, {"name", name}, {"behind", dictionary.chain(name)}};
     if (const Enum *values = dictionary.enum_of(name))
         return {{"kind", "enumerator"}, {"name", name}, {"of", values->type}, {"number", values->named(name)->number}};
     return {};
@@ -231,10 +227,9 @@ std::string describe(Context &context, const std::string &typed) {
         return output.paint("1", "enum " + name) + "\n" +
                line_of(brief_of(dictionary, Dictionary::said_of_enums, name)) + enumerators(dictionary, *values);
     if (const auto text = dictionary.define(name)) return "#define " + name + " " + *text + "\n";
-    if (auto base = dictionary.behind(name)) {
-        std::string text = "typedef " + name + " = " + *base;
-        // No chain is longer; a longer one is a ring.
-        for (int steps = 0; steps < 32 && (base = dictionary.behind(*base)); ++steps) text += " = " + *base;
+    if (dictionary.behind(name)) {
+        std::string text = "typedef " + name;
+        for (const std::string &base : dictionary.chain(name)) text.append(" = ").append(base);
         return text + "\n" + line_of(brief_of(dictionary, Dictionary::said_of_typedefs, name));
     }
     if (const Enum *values = dictionary.enum_of(name))

@@ -148,12 +148,12 @@ std::optional<Method> Dictionary::method(const std::string &name) const {
     Method method{bare_name(name), "", "", {}, json["help"], json["letters"]};
     for (const Json &record : json["signature"]) {
         if (method.result.empty()) {
-            method.result = record["application_type"];
-            method.result_base = record["primative_type"];
+            method.result = record.at("application_type");
+            method.result_base = record.at("primative_type");
             continue;
         }
-        method.parameters.push_back(
-            {record["application_type"], record["primative_type"], record["declaration_name"], record["isUDT"]});
+        method.parameters.push_back({record.at("application_type"), record.at("primative_type"),
+                                     record.at("declaration_name"), record.at("isUDT")});
     }
     if (Json said = this->said(said_of_methods, method.name); said.is_object()) {
         MethodContract told = method_contract(said);
@@ -218,14 +218,20 @@ std::optional<std::string> Dictionary::behind(const std::string &type) const {
     return Json::parse(*entry).get<std::string>();
 }
 
+std::vector<std::string> Dictionary::chain(const std::string &type) const {
+    std::vector<std::string> steps;
+    // No chain is longer; a longer one is a ring.
+    constexpr std::size_t longest = 32;
+    for (auto next = behind(type); next && steps.size() < longest; next = behind(*next)) steps.push_back(*next);
+    return steps;
+}
+
 std::string Dictionary::base_type(const std::string &type) const {
     std::string base = type;
-    // No chain is longer; a longer one is a ring.
-    for (int steps = 0; steps < 32; ++steps) {
-        if (has(enums, base)) return "int";
-        const std::optional<std::string> next = behind(base);
-        if (!next) break;
-        base = *next;
+    if (has(enums, base)) return "int";
+    for (const std::string &step : chain(type)) {
+        if (has(enums, step)) return "int";
+        base = step;
     }
     return base;
 }

@@ -106,6 +106,7 @@ class Dictionary {
     const Enum *enumeration(const std::string &type) const;
     std::optional<std::string> define(const std::string &name) const;
     std::optional<std::string> behind(const std::string &type) const;  ///< one step of the typedef chain
+    std::vector<std::string> chain(const std::string &type) const;     ///< all steps of it
     std::string base_type(const std::string &type) const;              ///< the chain's end; "int" for an enum
 
     /// What the contract says of something; null without one.

@@ -49,7 +49,7 @@ Json signature_of(const Json &answer) {
 Json members_of(const Json &answer) {
     Json members = Json::array();
     if (answer.is_array())
-        for (const Json &record : answer) members.push_back({{"type", record["type"]}, {"name", record["name"]}});
+        for (const Json &record : answer) members.push_back({{"type", record.at("type")}, {"name", record.at("name")}});
     return members;
 }
 
@@ -82,7 +82,7 @@ std::string fetch_dictionary(Session &session) {
     const std::vector<Json> lists = session.multicall(
         {{prefix + "listUDTs"}, {prefix + "listEnums"}, {prefix + "listDefines"}, {prefix + "listTypedefs"}});
     for (const Json &list : lists)
-        if (is_fault(list)) throw Fault(list["faultCode"], list["faultString"]);
+        if (is_fault(list)) throw Fault(list.at("faultCode"), list.at("faultString"));
 
     std::vector<Call> questions;
     for (const Json &name : names)
@@ -104,11 +104,11 @@ std::string fetch_dictionary(Session &session) {
     }
     for (const Json &type : lists[1]) {
         Json values = Json::array();
-        for (const Json &value : type["values"]) values.push_back({value["name"], value["value"]});
-        text += Dictionary::line(Dictionary::enums, type["type"], values.dump());
+        for (const Json &value : type.at("values")) values.push_back({value.at("name"), value.at("value")});
+        text += Dictionary::line(Dictionary::enums, type.at("type"), values.dump());
     }
     for (const Json &define : lists[2])
-        text += Dictionary::line(Dictionary::defines, define["name"], define["value"].dump());
+        text += Dictionary::line(Dictionary::defines, define.at("name"), define.at("value").dump());
     for (const auto &[name, base] : lists[3].items()) text += Dictionary::line(Dictionary::typedefs, name, base.dump());
     return text;
 }

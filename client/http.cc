@@ -25,20 +25,23 @@ class PlainHttp : public Http {
             path = parse(connection.url.substr(7));
         }
         path_ = path.substr(0, path.find('?'));
-        post_ = "POST " + path;
+        call_path_ = path;
         head_ = " HTTP/1.1\r\nHost: " + host_header_ + "\r\nUser-Agent: lmqctl/" LMQCTL_VERSION "\r\n";
         if (!connection.user.empty())
             head_ += "Authorization: Basic " + base64(connection.user + ":" + connection.password) + "\r\n";
     }
 
-    HttpAnswer post(const std::string &document) override {
-        return exchange(post_ + head_ + "Content-Type: text/xml\r\nContent-Length: " + std::to_string(document.size()) +
-                        "\r\n\r\n" + document);
-    }
-
-    HttpAnswer get(const std::string &name, const std::string &tag) override {
-        return exchange("GET " + path_.substr(0, path_.rfind('/') + 1) + name + head_ +
-                        (tag.empty() ? "" : "If-None-Match: " + tag + "\r\n") + "\r\n");
+    HttpAnswer send(const HttpRequest &request) override {
+        std::string text = std::string(request.method) + " ";
+        text += request.name.empty() ? call_path_ : path_.substr(0, path_.rfind('/') + 1) + request.name;
+        text += head_;
+        if (!lease_.empty()) text += "Lmq-Lease: " + lease_ + "\r\n";
+        if (!request.tag.empty()) text += "If-None-Match: " + request.tag + "\r\n";
+        if (!request.body.empty()) {
+            text += std::string("Content-Type: ") + (request.name.empty() ? "text/xml" : "application/json") + "\r\n";
+            text += "Content-Length: " + std::to_string(request.body.size()) + "\r\n";
+        }
+        return exchange(text + "\r\n" + request.body);
     }
 
   private:
@@ -62,8 +65,6 @@ class PlainHttp : public Http {
     std::string parse(const std::string &rest) {
         const std::size_t path = rest.find_first_of("/?#");
         std::string authority = rest.substr(0, path);
-        if (authority.find('@') != std::string::npos)
-            throw UsageError(connection_.url + ": the user is named by --user, not in the URL");
         host_header_ = authority;
         const std::size_t bracket = authority.find(']'), colon = authority.rfind(':');
         if (colon != std::string::npos && (bracket == std::string::npos || colon > bracket)) {
@@ -92,7 +93,7 @@ class PlainHttp : public Http {
     }
 
     const Connection connection_;
-    std::string socket_path_, host_, port_ = "80", host_header_ = "localhost", path_, post_, head_;
+    std::string socket_path_, host_, port_ = "80", host_header_ = "localhost", path_, call_path_, head_;
     Socket socket_{connection_};
     AnswerReader reader_{connection_.url, [this](std::string &to) { return socket_.receive(to); }};
 };
@@ -100,6 +101,15 @@ class PlainHttp : public Http {
 }  // namespace
 
 std::unique_ptr<Http> make_http(const Connection &connection) {
+    const std::size_t scheme = connection.url.find("://");
+    const std::string authority =
+        scheme == std::string::npos
+            ? ""
+            : connection.url.substr(scheme + 3, connection.url.find_first_of("/?#", scheme + 3) - scheme - 3);
+    // What stands in front of the sign may be a password: it is not repeated.
+    if (authority.find('@') != std::string::npos)
+        throw UsageError(connection.url.substr(0, scheme + 3) + "..." + authority.substr(authority.rfind('@')) +
+                         ": the user is named by --user and the password by LMQ_PASSWORD, not in the URL");
     if (connection.url.starts_with("https://")) return make_https(connection);
     if (!connection.url.starts_with("http://") && !connection.url.starts_with("unix:")) throw_bad_url(connection);
     return std::make_unique<PlainHttp>(connection);

@@ -11,6 +11,13 @@
 
 namespace lmqctl {
 
+struct HttpRequest {
+    const char *method = "GET";
+    std::string name;  ///< of a document that stands beside the one that calls go to; empty for that one
+    std::string body;
+    std::string tag;  ///< of the version that is known: status 304 says that it is the same
+};
+
 class Http {
   public:
     Http() = default;
@@ -18,13 +25,15 @@ class Http {
     Http &operator=(const Http &) = delete;
     virtual ~Http() = default;
 
-    /// Posts a document. The connection stays open for the next one. Nothing is ever sent twice: a call may have been
+    /// Sends a request. The connection stays open for the next one. Nothing is ever sent twice: a call may have been
     /// carried out although its answer was lost. Throws an Error if there is no answer.
-    virtual HttpAnswer post(const std::string &document) = 0;
+    virtual HttpAnswer send(const HttpRequest &request) = 0;
 
-    /// Gets a document that stands beside the one that calls go to. With the tag of a version, status 304 says that it
-    /// is the same.
-    virtual HttpAnswer get(const std::string &name, const std::string &tag) = 0;
+    /// The token that requests show from now on; empty for none.
+    void show_lease(const std::string &token) { lease_ = token; }
+
+  protected:
+    std::string lease_;
 };
 
 /// Throws a UsageError for a URL that is none.

@@ -23,6 +23,15 @@ std::optional<std::size_t> length_of(std::string_view text, int base) {
 
 }  // namespace
 
+void keep_field(const std::string &name, const std::string &value, HttpAnswer &answer) {
+    if (name == "etag") answer.tag = value;
+    constexpr std::string_view place = "/output/";
+    // It becomes part of a request.
+    if (name == "lmq-output" && value.starts_with(place) && value.size() > place.size() && value.size() < 40 &&
+        value.find_first_not_of("0123456789", place.size()) == std::string::npos)
+        answer.output = value.substr(1);
+}
+
 HttpAnswer AnswerReader::read() {
     HttpAnswer answer;
     Head head;
@@ -61,7 +70,7 @@ void AnswerReader::read_field(const std::string &field, Head &head, HttpAnswer &
     const std::string name = lower(field.substr(0, colon));
     std::string value = colon == std::string::npos ? "" : field.substr(colon + 1);
     value.erase(0, value.find_first_not_of(" \t"));
-    if (name == "etag") answer.tag = value;
+    keep_field(name, value, answer);
     value = lower(value);
     if (name == "content-length" && !(head.length = length_of(value, 10))) no_http();
     if (name == "transfer-encoding") head.is_chunked = value.ends_with("chunked");

@@ -13,8 +13,12 @@ struct HttpAnswer {
     int status = 0;
     std::string body;
     std::string tag;          ///< of the document, from its ETag field
+    std::string output;       ///< where what the call printed is, from its Lmq-Output field: a name for Http::send
     bool stays_open = false;  ///< the connection takes another request
 };
+
+/// Takes what is kept of a field of the header: its name in small letters, its value without blanks around it.
+void keep_field(const std::string &name, const std::string &value, HttpAnswer &answer);
 
 class AnswerReader {
   public:

@@ -2,6 +2,9 @@
 #include <curl/curl.h>
 #include <dlfcn.h>
 
+#include <algorithm>
+#include <string_view>
+
 #include "error.h"
 #include "http.h"
 #include "names.h"
@@ -50,12 +53,12 @@ std::size_t store(char *data, std::size_t, std::size_t length, void *into) {
     return length;
 }
 
-std::size_t store_tag(char *data, std::size_t, std::size_t length, void *into) {
+std::size_t store_field(char *data, std::size_t, std::size_t length, void *into) {
     const std::string field(data, length);
-    if (lower(field.substr(0, 5)) == "etag:") {
-        const std::size_t begin = field.find_first_not_of(" \t", 5), end = field.find_first_of("\r\n");
-        if (begin < end) *static_cast<std::string *>(into) = field.substr(begin, end - begin);
-    }
+    const std::size_t colon = std::min(field.find(':'), length - 1);
+    const std::size_t begin = field.find_first_not_of(" \t", colon + 1), end = field.find_first_of("\r\n");
+    if (begin < end)
+        keep_field(lower(field.substr(0, colon)), field.substr(begin, end - begin), *static_cast<HttpAnswer *>(into));
     return length;
 }
 
@@ -69,12 +72,15 @@ class CurlHttp : public Http {
         curl_.global_init(CURL_GLOBAL_ALL);
         handle_ = curl_.init();
         if (!handle_) throw std::bad_alloc();
-        headers_ = curl_.append(curl_.append(nullptr, "Content-Type: text/xml"), "Expect:");
         curl_.setopt(handle_, CURLOPT_USERAGENT, "lmqctl/" LMQCTL_VERSION);
         curl_.setopt(handle_, CURLOPT_NOSIGNAL, 1L);
         curl_.setopt(handle_, CURLOPT_WRITEFUNCTION, &store);
         curl_.setopt(handle_, CURLOPT_PROTOCOLS_STR, "https");
-        curl_.setopt(handle_, CURLOPT_HEADERFUNCTION, &store_tag);
+        curl_.setopt(handle_, CURLOPT_HEADERFUNCTION, &store_field);
+        // A document goes through a function that gives it out once: libcurl would send it again by itself where a kept
+        // connection breaks without an answer.
+        curl_.setopt(handle_, CURLOPT_READFUNCTION, &CurlHttp::give);
+        curl_.setopt(handle_, CURLOPT_READDATA, this);
         curl_.setopt(handle_, CURLOPT_ERRORBUFFER, detail_);
         if (!connection_.user.empty()) {
             curl_.setopt(handle_, CURLOPT_HTTPAUTH, CURLAUTH_BASIC);
@@ -91,39 +97,47 @@ class CurlHttp : public Http {
         if (!connection_.key.empty()) curl_.setopt(handle_, CURLOPT_SSLKEY, connection_.key.c_str());
     }
 
-    ~CurlHttp() override {
-        curl_.cleanup(handle_);
-        curl_.free_all(headers_);
-    }
+    ~CurlHttp() override { curl_.cleanup(handle_); }
 
-    HttpAnswer post(const std::string &document) override {
-        curl_.setopt(handle_, CURLOPT_URL, connection_.url.c_str());
-        curl_.setopt(handle_, CURLOPT_HTTPHEADER, headers_);
-        curl_.setopt(handle_, CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(document.size()));
-        curl_.setopt(handle_, CURLOPT_POSTFIELDS, document.data());
-        return perform();
-    }
-
-    HttpAnswer get(const std::string &name, const std::string &tag) override {
-        const std::string path = connection_.url.substr(0, connection_.url.find_first_of("?#"));
-        // The slash of a path, not one of "https://".
-        const std::size_t slash = path.find('/', 8) == std::string::npos ? std::string::npos : path.rfind('/');
-        const std::string url = path.substr(0, slash) + "/" + name, field = "If-None-Match: " + tag;
-        curl_slist *fields = tag.empty() ? nullptr : curl_.append(nullptr, field.c_str());
+    HttpAnswer send(const HttpRequest &request) override {
+        const std::string url = request.name.empty() ? connection_.url : beside(request.name);
+        curl_slist *fields = curl_.append(nullptr, "Expect:");
+        const auto add = [&](const std::string &field) { fields = curl_.append(fields, field.c_str()); };
+        if (!lease_.empty()) add("Lmq-Lease: " + lease_);
+        if (!request.tag.empty()) add("If-None-Match: " + request.tag);
+        if (!request.body.empty())
+            add(std::string("Content-Type: ") + (request.name.empty() ? "text/xml" : "application/json"));
+        const std::unique_ptr<curl_slist, decltype(curl_.free_all)> holder(fields, curl_.free_all);
         curl_.setopt(handle_, CURLOPT_URL, url.c_str());
         curl_.setopt(handle_, CURLOPT_HTTPHEADER, fields);
-        curl_.setopt(handle_, CURLOPT_HTTPGET, 1L);
-        const std::unique_ptr<curl_slist, decltype(curl_.free_all)> holder(fields, curl_.free_all);
+        curl_.setopt(handle_, request.body.empty() ? CURLOPT_HTTPGET : CURLOPT_POST, 1L);
+        curl_.setopt(handle_, CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(request.body.size()));
+        curl_.setopt(handle_, CURLOPT_CUSTOMREQUEST, request.method);
+        left_ = request.body;
         return perform();
     }
 
   private:
+    static std::size_t give(char *to, std::size_t, std::size_t room, void *self) {
+        auto &left = static_cast<CurlHttp *>(self)->left_;
+        const std::size_t size = left.copy(to, room);
+        left.remove_prefix(size);
+        return size;
+    }
+
+    std::string beside(const std::string &name) const {
+        const std::string path = connection_.url.substr(0, connection_.url.find_first_of("?#"));
+        // The slash of a path, not one of "https://".
+        const std::size_t slash = path.find('/', 8) == std::string::npos ? std::string::npos : path.rfind('/');
+        return path.substr(0, slash) + "/" + name;
+    }
+
     HttpAnswer perform() {
         HttpAnswer answer;
         detail_[0] = '\0';
         curl_.setopt(handle_, CURLOPT_TIMEOUT_MS, milliseconds_left());
         curl_.setopt(handle_, CURLOPT_WRITEDATA, &answer.body);
-        curl_.setopt(handle_, CURLOPT_HEADERDATA, &answer.tag);
+        curl_.setopt(handle_, CURLOPT_HEADERDATA, &answer);
         if (const CURLcode result = curl_.perform(handle_); result != CURLE_OK) fail(result);
         long status = 0;
         curl_.getinfo(handle_, CURLINFO_RESPONSE_CODE, &status);
@@ -166,7 +180,7 @@ class CurlHttp : public Http {
     const Connection connection_;
     const Curl curl_;
     CURL *handle_ = nullptr;
-    curl_slist *headers_ = nullptr;
+    std::string_view left_;  // of the document
     char detail_[CURL_ERROR_SIZE] = "";
 };
 

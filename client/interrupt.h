@@ -3,6 +3,7 @@
 
 #include <signal.h>
 
+#include <chrono>
 #include <csignal>
 
 namespace lmqctl {
@@ -21,5 +22,8 @@ class CatchInterrupt {
   private:
     struct sigaction before_ {};
 };
+
+/// Sleeps until then, or Ctrl-C.
+void sleep_until(std::chrono::steady_clock::time_point end);
 
 }  // namespace lmqctl

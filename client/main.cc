@@ -92,16 +92,15 @@ int with_errors_said(const Context &context, const std::function<int()> &action)
         return action();
     } catch (const Fault &fault) {
         std::fflush(stdout);
-        std::fprintf(stderr, "lmqctl: fault %d: %s\n", fault.code, fault.what());
+        complain("fault " + std::to_string(fault.code) + ": " + fault.what());
         return exit_fault;
     } catch (const Error &error) {
         std::fflush(stdout);
-        std::fprintf(stderr, "lmqctl: %s\n", error.what());
+        complain(error.what());
         return error.status;
     } catch (const std::exception &error) {
         std::fflush(stdout);
-        std::fprintf(stderr, "lmqctl: %s: the host answered something unexpected (%s)\n",
-                     context.connection.url.c_str(), error.what());
+        complain(context.connection.url + ": the host answered something unexpected (" + error.what() + ")");
         return exit_connection;
     }
 }

@@ -30,11 +30,21 @@ std::string Output::status(const Method &method, const Json &result) const {
     return paint(success ? "32" : "31", text);
 }
 
+std::string Output::scalar(const Type &type, const Json &value) const {
+    if (!style_.hex || type.kind != Type::integer || !value.is_number_integer())
+        return scalar_to_text(dictionary_, type, value);
+    const uint64_t bits = static_cast<uint64_t>(value.get<int64_t>()) & (~uint64_t{0} >> (64 - type.width));
+    char text[24];
+    std::snprintf(text, sizeof text, "0x%0*llx", static_cast<int>(type.width / 4),
+                  static_cast<unsigned long long>(bits));
+    return text;
+}
+
 std::string Output::one_line(const Type &type, const Json &value) const {
     if (std::string address = address_to_text(type, value); !address.empty()) return address;
     switch (type.kind) {
         case Type::integer:
-        case Type::enumeration: return value.is_structured() ? "" : scalar_to_text(dictionary_, type, value);
+        case Type::enumeration: return value.is_structured() ? "" : scalar(type, value);
         case Type::text: return json_text(value);
         case Type::flags: return flags_to_text(value);
         case Type::mask: {
@@ -42,19 +52,17 @@ std::string Output::one_line(const Type &type, const Json &value) const {
             if (!value.is_object() || !value.contains(type.members[0].name)) return "";
             const std::string flags = flags_to_text(value[type.members[0].name]);
             const Json word = value.value(type.members[1].name, Json(0));
-            return flags == "none" && word != 0 ? scalar_to_text(dictionary_, *type.members[1].type, word) : flags;
+            return flags == "none" && word != 0 ? scalar(*type.members[1].type, word) : flags;
         }
         case Type::array:
         case Type::mac:
-            if (!value.is_array())
-                return value.is_structured() ? "" : scalar_to_text(dictionary_, *type.element, value);
+            if (!value.is_array()) return value.is_structured() ? "" : scalar(*type.element, value);
             if (value.empty()) return "[]";
             if (!style_.full && value.size() > 1 && is_zero(value)) return std::to_string(value.size()) + " x 0";
             if (type.element->kind != Type::integer && type.element->kind != Type::enumeration) return "";
             {
                 std::string text;
-                for (const Json &item : value)
-                    text += (text.empty() ? "" : " ") + scalar_to_text(dictionary_, *type.element, item);
+                for (const Json &item : value) text += (text.empty() ? "" : " ") + scalar(*type.element, item);
                 return text;
             }
         default: return value.is_null() ? "NULL" : value.is_structured() ? "" : value.dump();

@@ -11,6 +11,7 @@ namespace lmqctl {
 struct Style {
     bool full = false;   ///< all alternatives, all zeros
     bool color = false;  ///< for a terminal
+    bool hex = false;    ///< numbers in hexadecimal
 };
 
 class Output {
@@ -35,6 +36,7 @@ class Output {
     std::string in_a_cell(const Type &type, const Json &value) const;
 
   private:
+    std::string scalar(const Type &type, const Json &value) const;
     std::string members_in_a_cell(const Type &type, const Json &object) const;
     std::string elements(const Type &element, const Json &items, unsigned indent) const;
     std::string members(const Type &type, const Json &object, unsigned indent) const;

@@ -8,6 +8,7 @@
 
 #include "command.h"
 #include "error.h"
+#include "lease_file.h"
 #include "password.h"
 
 namespace lmqctl {
@@ -34,6 +35,7 @@ void run(Context &context, std::vector<std::string> words) {
     Connection &connection = context.connection;
     if (!connection.password_command.empty()) connection.password = password_of(connection);
     set("LMQ_URL", connection.url);
+    set("LMQ_LEASE", kept_lease(connection.url));
     set("LMQ_USER", connection.user);
     set("LMQ_PASSWORD", connection.password);
     set("LMQ_CACERT", connection.cacert);

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "error.h"
+#include "safe_text.h"
 #include "xml_value.h"
 
 namespace lmqctl {
@@ -29,6 +30,17 @@ std::vector<Json> Session::multicall(const std::vector<Call> &calls) {
     return answers;
 }
 
-bool is_fault(const Json &answer) { return answer.is_object() && answer.size() == 2 && answer.contains("faultCode"); }
+std::string Session::printed() {
+    if (transport_.output().empty()) return "";
+    const HttpAnswer answer = get(transport_.output(), "");
+    // Whoever may call need not be one who may read what others print.
+    if (answer.status != 200 || answer.body.empty()) return "";
+    return harmless(answer.body) + (answer.body.ends_with('\n') ? "" : "\n");
+}
+
+bool is_fault(const Json &answer) {
+    return answer.is_object() && answer.size() == 2 && answer.contains("faultCode") && answer.contains("faultString") &&
+           answer["faultString"].is_string();
+}
 
 }  // namespace lmqctl

@@ -30,7 +30,18 @@ class Session {
     std::vector<Json> multicall(const std::vector<Call> &calls);
 
     /// A document that the host serves beside its calls, with any status; 304 for the version with this tag.
-    HttpAnswer get(const std::string &name, const std::string &tag) { return transport_.get(name, tag); }
+    HttpAnswer get(const std::string &name, const std::string &tag) { return document({"GET", name, "", tag}); }
+    /// The same for any request.
+    HttpAnswer document(const HttpRequest &request) { return transport_.document(request); }
+    /// Throws an Error that says in words what an answer without a document means.
+    [[noreturn]] void refuse(const HttpAnswer &answer) const { transport_.refuse(answer); }
+
+    /// What the driver printed during the last request, harmless to a terminal, each line whole; empty if it printed
+    /// nothing, or the host does not say.
+    std::string printed();
+
+    /// The token of the lease that requests show from now on; empty for none.
+    void show_lease(const std::string &token) { transport_.show_lease(token); }
 
     /// The document that the last call was answered with.
     /// Whether the last call ended with the driver's process: the host answers 502 then.

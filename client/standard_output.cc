@@ -9,6 +9,7 @@
 #include <cstring>
 
 #include "error.h"
+#include "safe_text.h"
 
 namespace lmqctl {
 
@@ -20,9 +21,13 @@ namespace {
 
 }  // namespace
 
-void print(const std::string &text) {
+void print_as_is(const std::string &text) {
     if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size()) throw_unwritten();
 }
+
+void print(const std::string &text) { print_as_is(harmless_but_painted(text)); }
+
+void complain(const std::string &text) { std::fprintf(stderr, "lmqctl: %s\n", harmless(text).c_str()); }
 
 void flush() {
     if (std::fflush(stdout) != 0) throw_unwritten();

@@ -2,6 +2,7 @@
 #include "transport.h"
 
 #include "error.h"
+#include "safe_text.h"
 
 namespace lmqctl {
 
@@ -10,7 +11,7 @@ namespace {
 // The first line of a body that is meant for people.
 std::string first_line(const std::string &body) {
     const std::string line = body.substr(0, body.find_first_of("\r\n"));
-    return line.empty() || line.front() == '<' || line.size() > 200 ? "" : ": " + line;
+    return line.empty() || line.front() == '<' || line.size() > 200 ? "" : ": " + harmless(line);
 }
 
 }  // namespace
@@ -19,11 +20,21 @@ Transport::Transport(const Connection &connection) : connection_(connection), ht
 
 std::string Transport::exchange(const std::string &request) {
     last_status_ = 0;
-    HttpAnswer answer = http_->post(request);
+    output_.clear();
+    HttpAnswer answer = http_->send({"POST", "", request, ""});
     last_status_ = answer.status;
+    output_ = answer.output;
     // A host that lost its driver's process answers 502 with a fault in it.
     if (answer.status == 200 || (answer.status == 502 && answer.body.starts_with("<?xml")))
         return std::move(answer.body);
+    refuse(answer);
+}
+
+void Transport::refuse(const HttpAnswer &answer) const {
+    // The host's own words say it all: who holds the lease, and until when.
+    if (answer.status == 423)
+        throw Error(exit_fault, connection_.url + first_line(answer.body) +
+                                    "\nlmqctl who shows who holds it, lmqctl lock takes it when it is free.");
     std::string hint;
     if (answer.status == 401)
         hint = connection_.user.empty() ? ", the host asks for a user: --user NAME, with the password in LMQ_PASSWORD"

@@ -20,13 +20,22 @@ class Transport {
     /// The HTTP status of the last answer that `exchange` had.
     int last_status() const { return last_status_; }
 
-    /// A document that the host serves beside its calls, as Http::get.
-    HttpAnswer get(const std::string &name, const std::string &tag) { return http_->get(name, tag); }
+    /// A document that the host serves beside its calls, with any status.
+    HttpAnswer document(const HttpRequest &request) { return http_->send(request); }
+
+    /// Throws an Error that says what a status means to the user.
+    [[noreturn]] void refuse(const HttpAnswer &answer) const;
+
+    /// The name of the document with what the last exchange made the driver print; empty if it printed nothing.
+    const std::string &output() const { return output_; }
+
+    void show_lease(const std::string &token) { http_->show_lease(token); }
 
   private:
     const Connection connection_;
     const std::unique_ptr<Http> http_;
     int last_status_ = 0;
+    std::string output_;
 };
 
 }  // namespace lmqctl

@@ -138,8 +138,9 @@ TypePtr Types::udt(const std::string &name) {
     if (known != udts_.end()) return known->second;
     std::optional<Json> told = dictionary_.udt(name);
     if (!told) {
+        udts_[name] = nullptr;  // a host may say that a type stands behind itself
         const std::optional<std::string> behind = dictionary_.behind(name);
-        return behind ? udt(*behind) : nullptr;
+        return udts_[name] = behind ? udt(*behind) : nullptr;
     }
     Type type;
     type.kind = Type::structure;

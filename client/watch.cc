@@ -59,14 +59,6 @@ std::string csv(const std::string &text) {
     return "\"" + quoted + "\"";
 }
 
-void sleep_until(Clock::time_point end) {
-    while (!interrupted && Clock::now() < end) {
-        const auto left = std::chrono::duration_cast<std::chrono::nanoseconds>(end - Clock::now()).count();
-        const timespec time{left / 1000000000, left % 1000000000};
-        if (left > 0) nanosleep(&time, nullptr);
-    }
-}
-
 // One number of a sample. Without a value if its call failed, without a rate if there is nothing to compare with.
 struct Reading {
     std::optional<int64_t> value;

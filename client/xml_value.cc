@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <memory>
 
+#include "answer_check.h"
 #include "error.h"
 #include "http_answer.h"
 
@@ -209,6 +210,8 @@ std::pair<std::string, Json> request_value(const std::string &document, const st
 }
 
 Json answer_value(const std::string &document, const std::string &url) {
+    if (const std::string why = why_unsafe(document); !why.empty())
+        throw Error(exit_connection, url + ": what answers there does not speak XML-RPC: " + why);
     xmlrpc_limit_set(XMLRPC_XML_SIZE_LIMIT_ID, largest_answer);
     Environment e;
     xmlrpc_value *result = nullptr;

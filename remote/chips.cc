@@ -54,6 +54,7 @@ Options effective(const lmq_remote_options_t *given) {
     made.cacert = variable("LMQ_CACERT", options.cacert);
     made.cert = variable("LMQ_CERT", options.cert);
     made.key = variable("LMQ_KEY", options.key);
+    made.lease = variable("LMQ_LEASE", nullptr);
     made.timeout = options.timeout > 0 ? options.timeout : seconds(variable("LMQ_TIMEOUT", nullptr, "30"));
     return made;
 }

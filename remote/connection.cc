@@ -55,6 +55,9 @@ std::optional<std::string_view> field(std::string_view line, std::string_view na
     return line.substr(name.size() + 1);
 }
 
+// Where documents stand that a host serves beside the one at this place.
+std::string folder_of(const std::string &path) { return path.substr(0, path.rfind('/') + 1); }
+
 bool holds(std::string_view value, const char *word) { return strcasestr(std::string(value).c_str(), word) != nullptr; }
 
 class Plain : public Connection {
@@ -72,10 +75,13 @@ class Plain : public Connection {
             take_host(host);
             if (rest.find_first_of(" \t\r\n@?#") != std::string::npos) bad_url();
         }
-        head_ = "POST " + path + " HTTP/1.1\r\nHost: " + host + "\r\nUser-Agent: liblmq\r\nContent-Type: text/xml\r\n";
+        std::string head = " HTTP/1.1\r\nHost: " + host + "\r\nUser-Agent: liblmq\r\n";
         if (!options.user.empty())
-            head_ += "Authorization: Basic " + base64(options.user + ":" + options.password) + "\r\n";
-        head_ += "Content-Length: ";
+            head += "Authorization: Basic " + base64(options.user + ":" + options.password) + "\r\n";
+        if (!options.lease.empty()) head += "Lmq-Lease: " + options.lease + "\r\n";
+        get_ = "GET " + folder_of(path);
+        get_end_ = head + "\r\n";
+        post_ = "POST " + path + head + "Content-Type: text/xml\r\nContent-Length: ";
     }
 
     ~Plain() override { disconnect(); }
@@ -88,9 +94,19 @@ class Plain : public Connection {
     }
 
     Answer post(const std::string &document) override {
+        request_.assign(post_).append(std::to_string(document.size())).append("\r\n\r\n").append(document);
+        return exchange();
+    }
+
+    Answer get(const std::string &name) override {
+        request_.assign(get_).append(name).append(get_end_);
+        return exchange();
+    }
+
+  private:
+    Answer exchange() {
         connect();
         try {
-            request_.assign(head_).append(std::to_string(document.size())).append("\r\n\r\n").append(document);
             send(request_);
             has_waited_ = false;
             return receive();
@@ -100,7 +116,6 @@ class Plain : public Connection {
         }
     }
 
-  private:
     [[noreturn]] void bad_url() const {
         throw Failure(
             LMQ_REMOTE_NOT_SENT,
@@ -265,6 +280,7 @@ class Plain : public Connection {
                 if (const auto value = field(text, "Content-Length"); value && !(length = number(*value, 10)))
                     no_http();
                 if (const auto value = field(text, "Transfer-Encoding")) is_chunked = holds(*value, "chunked");
+                keep_field(text, answer);
                 if (const auto value = field(text, "Connection")) stays_open = !holds(*value, "close");
             }
         } while (answer.status < 200);  // an interim answer
@@ -295,7 +311,7 @@ class Plain : public Connection {
     }
 
     const Options options_;
-    std::string socket_path_, host_, port_ = "80", head_;
+    std::string socket_path_, host_, port_ = "80", post_, get_, get_end_;
     std::string request_;  // kept, as its memory serves the next one
     std::string unread_;   // of what has arrived
     int socket_ = -1;
@@ -304,6 +320,18 @@ class Plain : public Connection {
 };
 
 }  // namespace
+
+void keep_field(std::string_view line, Answer &answer) {
+    const auto value = field(line, "Lmq-Output");
+    if (!value) return;
+    constexpr std::string_view place = "/output/";
+    const std::size_t begin = std::min(value->find_first_not_of(" \t"), value->size());
+    const std::string_view path = value->substr(begin, value->find_last_not_of(" \t\r\n") + 1 - begin);
+    // It becomes part of a request.
+    if (path.starts_with(place) && path.size() > place.size() && path.size() < 40 &&
+        path.find_first_not_of("0123456789", place.size()) == std::string_view::npos)
+        answer.output = path.substr(1);
+}
 
 std::unique_ptr<Connection> make_connection(const Options &options) {
     if (options.url.starts_with("https://")) return make_tls_connection(options);

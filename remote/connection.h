@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "remote/failure.h"
 
@@ -13,13 +14,18 @@ namespace lmq::remote {
 /// Where a host is, and how it is called.
 struct Options {
     std::string url, user, password, cacert, cert, key;
+    std::string lease;    ///< The token of the host's lease; empty for none.
     double timeout = 30;  ///< Seconds for a call; 0 for no end.
 };
 
 struct Answer {
     int status = 0;  ///< Of HTTP.
     std::string body;
+    std::string output;  ///< Where the host keeps what the call printed, a name for get(); empty if it printed nothing.
 };
+
+/// Takes what is kept of a line of an answer's header.
+void keep_field(std::string_view line, Answer &answer);
 
 class Connection {
   public:
@@ -33,6 +39,9 @@ class Connection {
 
     /// Sends a document and reads the answer. Nothing is ever sent twice. Throws a Failure if there is no answer.
     virtual Answer post(const std::string &document) = 0;
+
+    /// Reads a document that the host serves beside the one that calls go to. Throws as post() does.
+    virtual Answer get(const std::string &name) = 0;
 };
 
 /// @throws Failure The URL cannot be used.

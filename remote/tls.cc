@@ -54,16 +54,23 @@ std::size_t store(char *data, std::size_t, std::size_t length, void *into) {
     return length;
 }
 
+std::size_t store_field(char *data, std::size_t, std::size_t length, void *into) {
+    keep_field({data, length}, *static_cast<Answer *>(into));
+    return length;
+}
+
 class Tls : public Connection {
   public:
     explicit Tls(const Options &options) : options_(options) {
         handle_ = curl().init();
         if (!handle_) throw std::bad_alloc();
         headers_ = curl().append(curl().append(nullptr, "Content-Type: text/xml"), "Expect:");
+        if (!options_.lease.empty()) headers_ = curl().append(headers_, ("Lmq-Lease: " + options_.lease).c_str());
         set(CURLOPT_HTTPHEADER, headers_);
         set(CURLOPT_USERAGENT, "liblmq");
         set(CURLOPT_NOSIGNAL, 1L);
         set(CURLOPT_WRITEFUNCTION, &store);
+        set(CURLOPT_HEADERFUNCTION, &store_field);
         set(CURLOPT_TIMEOUT_MS, static_cast<long>(options_.timeout * 1000));
         set(CURLOPT_PROTOCOLS_STR, "https");
         set(CURLOPT_URL, options_.url.c_str());
@@ -90,8 +97,9 @@ class Tls : public Connection {
 
     void connect() override {
         // Any answer will do: what counts is the connection, which is kept.
-        std::string ignored;
-        set(CURLOPT_WRITEDATA, &ignored);
+        Answer ignored;
+        set(CURLOPT_WRITEDATA, &ignored.body);
+        set(CURLOPT_HEADERDATA, &ignored);
         set(CURLOPT_NOBODY, 1L);
         const CURLcode result = curl().perform(handle_);
         set(CURLOPT_NOBODY, 0L);
@@ -100,25 +108,41 @@ class Tls : public Connection {
     }
 
     Answer post(const std::string &document) override {
+        left_ = document;
+        set(CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(document.size()));
+        // Nothing of the document is asked for until the connection stands.
+        return exchange([&] { return left_.size() < document.size(); });
+    }
+
+    Answer get(const std::string &name) override {
+        const std::size_t host = std::strlen("https://"), slash = options_.url.rfind('/');
+        set(CURLOPT_URL, (options_.url.substr(0, slash < host ? std::string::npos : slash) + "/" + name).c_str());
+        set(CURLOPT_HTTPGET, 1L);
+        const auto back = [this](void *) {
+            set(CURLOPT_URL, options_.url.c_str());
+            set(CURLOPT_POST, 1L);
+        };
+        const std::unique_ptr<void, decltype(back)> at_the_end(this, back);
+        return exchange([] { return false; });
+    }
+
+  private:
+    template <class IsSent>
+    Answer exchange(IsSent is_sent) {
         Answer answer;
         detail_[0] = '\0';
-        left_ = document;
         set(CURLOPT_WRITEDATA, &answer.body);
-        set(CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(document.size()));
+        set(CURLOPT_HEADERDATA, &answer);
         const CURLcode result = curl().perform(handle_);
-        if (result != CURLE_OK) {
-            // Nothing of the document has been asked for until the connection stands.
-            if (left_.size() == document.size())
-                throw Failure(LMQ_REMOTE_NOT_SENT, options_.url + ": cannot connect: " + why(result));
+        if (result != CURLE_OK && is_sent())
             throw Failure(LMQ_REMOTE_LOST, options_.url + ": no answer: " + why(result));
-        }
+        if (result != CURLE_OK) throw Failure(LMQ_REMOTE_NOT_SENT, options_.url + ": cannot connect: " + why(result));
         long status = 0;
         curl().getinfo(handle_, CURLINFO_RESPONSE_CODE, &status);
         answer.status = static_cast<int>(status);
         return answer;
     }
 
-  private:
     static const Curl &curl() {
         static const Curl loaded;
         return loaded;

@@ -17,14 +17,31 @@ _lmqctl() {
     kept=${kept//[\'\"]/}
     words=("${words[@]//[\'\"\\]/}")
 
-    local program=${words[0]/#\~/$HOME} line
+    local program=${words[0]/#\~/$HOME} line REPLY
     COMPREPLY=()
     while IFS= read -r line; do
         line=${line%%$'\t'*}
-        # Inside quotes a blank would be part of the word.
-        [[ $last != *[\'\"]* ]] || line=${line% }
-        COMPREPLY+=("${line#"$kept"}")
+        REPLY=${line#"$kept"}
+        _lmqctl_quote "$last"
+        COMPREPLY+=("$REPLY")
     done < <("$program" complete -- "${words[@]:1}" 2>/dev/null)
+}
+# Makes of REPLY what the shell reads as that text, behind a word as far as it has been typed. Names are the host's: what
+# the shell would carry out is quoted.
+_lmqctl_quote() {
+    local text=${REPLY% } blank=${REPLY##*[! ]} quote=${1//[!\'\"]/} single="'" each
+    case ${quote:0:1} in
+    # Inside quotes a blank behind it would be part of the word.
+    \') REPLY=${text//$single/$single\\$single$single} ;;
+    \")
+        for each in \\ \" \$ \`; do text=${text//"$each"/\\"$each"}; done
+        REPLY=$text
+        ;;
+    *)
+        if [[ $text == *[!][:alnum:]_.,:=@%+/[-]* ]]; then printf -v text %q "$text"; fi
+        REPLY=$text$blank
+        ;;
+    esac
 }
 # Files where there is nothing else to offer. A word that is whole brings its blank along.
 complete -o default -o nospace -F _lmqctl lmqctl

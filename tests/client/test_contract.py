@@ -157,14 +157,14 @@ class Hostile(Relay):
             self.assertNotIn("\x1b", errors)
 
     def test_what_must_do_no_harm(self):
-        """Escape sequences are taken out; a struct that holds itself, and an enormous room, end."""
+        """Escape sequences are shown as what they are; a struct that holds itself, and an enormous room, end."""
         method = self.interface["methods"]["vx_watchdog_get"]
         method["brief"] = "Reads\x1b]0;x\x07 the\u009b2J \u202ewatchdog."
         self.interface["structs"]["vx_watchdog_cfg_t"]["members"][3]["type"] = "vx_watchdog_cfg_t"
         self.interface["methods"]["vx_mcast_vlan_get"]["arguments"][3]["times"] = 65536
         self.told = json.dumps(self.interface).encode()
         printed = self.ok("--url", self.relay, "describe", "vx_watchdog_get")
-        self.assertIn("Reads]0;x the2J watchdog.", printed)
+        self.assertIn(r"Reads\u001b]0;x\u0007 the\u009b2J \u202ewatchdog.", printed)
         self.refused(USAGE, "more than can be sent", "--url", self.relay, "call", "--dry-run", "vx_mcast_vlan_get", "0", "3")
 
 

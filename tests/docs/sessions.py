@@ -126,7 +126,7 @@ def main(cmake, build, *documents):
         # Debian's Python first: another one may lack Debian's packages.
         kept = hosting.environment(PATH=f"{folder}:/usr/bin:{os.environ['PATH']}", XDG_CACHE_HOME=f"{prefix}/cache",
                                    PYTHONPATH=f"{prefix}/lib/python3/dist-packages", COLUMNS="120",
-                                   HOME=prefix, XDG_CONFIG_HOME=f"{prefix}/.config")
+                                   HOME=prefix, XDG_RUNTIME_DIR=f"{prefix}/run", XDG_CONFIG_HOME=f"{prefix}/.config")
         os.environ.clear()
         os.environ.update(kept)
         tree(pathlib.Path(prefix, "tree"), build)

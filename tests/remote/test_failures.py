@@ -173,6 +173,28 @@ class Lines(RemoteTest):
                 # The second call comes by the connection of the first.
                 self.assertEqual((statuses, len(host.calls)), ([SUCCESS, LOST, SUCCESS, SUCCESS], 4), self.error())
 
+    def test_what_is_printed_there(self):
+        """It is printed here, once, over every way, and its loss is not the call's."""
+        self.context()
+        path = f"{self.folder}/host.sock"
+        self.host("--socket", path, listen=None)
+        tls = self.host("--tls-cert", f"{self.folder}/host.pem", "--tls-key", f"{self.folder}/host.key")
+        program = ("import ctypes, os; driver = ctypes.CDLL(os.environ['LIBRARY']);"
+                   "print(hex(driver.lmq_dump_event_db(0, 0x101)), flush=True); driver.lmq_dump_register(0, 0x1000, 0, 1)")
+        for url in (self.host().url, f"unix:{path}", tls.url):
+            self.driver.lmq_remote_connect(options(url, cacert=f"{self.folder}/host.pem"))
+            self.start(self.driver)
+            done = subprocess.run([sys.executable, "-c", program], capture_output=True, text=True, timeout=60,
+                                  env=hosting.environment(LIBRARY=os.environ["LMQ_REMOTE"], LMQ_URL=url,
+                                                          LMQ_CACERT=f"{self.folder}/host.pem"))
+            self.assertRegex(done.stdout, r"\A(event 0x101: .*\n(  .*\n)*)?0x[0-9a-f]+\n0x001000: 0x[0-9a-f]{8}\n\Z")
+            self.assertEqual(done.stderr, "")
+        good = document(i4(0), i4(0), MAC).encode()
+        told = b"HTTP/1.1 200 OK\r\nLmq-Output: %s\r\nContent-Length: %d\r\n\r\n%s"
+        for place, calls in ((b"/output/7", 2), (b"/output/7x", 1), (b"/elsewhere", 1)):
+            host = self.canned(told % (place, len(good), good), None)
+            self.assertEqual((self.driver.vx_mac_addr_get(0, self.buffer(6)), len(host.calls)), (SUCCESS, calls), place)
+
     def context(self):
         folder = tempfile.TemporaryDirectory()
         self.addCleanup(folder.cleanup)

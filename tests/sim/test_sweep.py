@@ -5,6 +5,7 @@ larger than the array that goes with it. Both let the driver run on behind the b
 and what may be a count stays within the ROOM of the arrays.
 """
 
+import contextlib
 import functools
 import random
 import unittest
@@ -15,8 +16,6 @@ from harness import SimTest
 REFUSED = -507
 ROOM, BYTES = 8, 64  # structures and plain elements in an array
 ROUNDS = 2
-INTROSPECTION = {"capabilities", "methodSignature", "listUDTs", "UDTSignature", "UDTMalloc", "listDefines", "listEnums",
-                 "listTypedefs"}
 STARTS = {"lmq_init_system", "vx_init"}
 
 
@@ -28,8 +27,10 @@ class Sweep(SimTest):
         super().setUp()
         self.random = random.Random(1)
         names = (name[len("lmq."):] for name in self.proxy.system.listMethods() if name.startswith("lmq."))
-        self.signatures = {name: self.proxy.lmq.methodSignature(f"lmq.{name}") for name in names
-                           if name not in INTROSPECTION}
+        self.signatures = {}
+        for name in names:
+            with contextlib.suppress(xmlrpc.client.Fault):  # of the dictionary itself there is no signature
+                self.signatures[name] = self.proxy.lmq.methodSignature(f"lmq.{name}")
         self.assertGreater(len(self.signatures), 400)
 
     def number(self):

@@ -1,0 +1,19 @@
+# Perl's Frontier::Client. A fault ends the call with die().
+use strict;
+use warnings;
+use Frontier::Client;
+
+my $client = Frontier::Client->new(url => $ARGV[0]);
+
+sub call { return $client->call(@_) }
+
+call('lmq.lmq_write_register', 0, 4096, 305419896);
+my $read = call('lmq.lmq_read_register', 0, 4096, [0]);
+print "number $read->[3][0]\n";
+print 'array ', scalar(@$read), "\n";
+call('lmq.vx_watchdog_set', 0, {wd_enable => 1, wd_timer => 77, mask_s => {wd_enable => 1, wd_timer => 1}});
+print 'struct ', call('lmq.vx_watchdog_get', 0, {})->[2]{wd_timer}, "\n";
+eval { call('lmq.nobody') };
+print 'fault ', $@ =~ /(-\d+)/, "\n";
+my $many = call('system.multicall', [map { {methodName => 'lmq.lmq_read_register', params => [0, 4096, [0]]} } 1 .. 3]);
+print 'multicall ', join(' ', map { $_->[0][3][0] } @$many), "\n";

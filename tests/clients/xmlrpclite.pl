@@ -1,0 +1,18 @@
+# Perl's XMLRPC::Lite.
+use strict;
+use warnings;
+use XMLRPC::Lite;
+
+my $client = XMLRPC::Lite->proxy($ARGV[0]);
+
+sub call { return $client->call(@_) }
+
+call('lmq.lmq_write_register', 0, 4096, 305419896);
+my $read = call('lmq.lmq_read_register', 0, 4096, [0])->result;
+print "number $read->[3][0]\n";
+print 'array ', scalar(@$read), "\n";
+call('lmq.vx_watchdog_set', 0, {wd_enable => 1, wd_timer => 77, mask_s => {wd_enable => 1, wd_timer => 1}});
+print 'struct ', call('lmq.vx_watchdog_get', 0, {})->result->[2]{wd_timer}, "\n";
+print 'fault ', call('lmq.nobody')->faultcode, "\n";
+my $many = call('system.multicall', [map { {methodName => 'lmq.lmq_read_register', params => [0, 4096, [0]]} } 1 .. 3])->result;
+print 'multicall ', join(' ', map { $_->[0][3][0] } @$many), "\n";
