@@ -28,7 +28,7 @@ std::string fetch_interface(Context &context, const std::string &url) {
     connection.url = with_path(url);
     // Asked for once, however many hosts there are.
     if (!connection.user.empty() && connection.password.empty())
-        connection.password = context.connection.password = password_of(connection.user);
+        connection.password = context.connection.password = password_of(connection);
     const HttpAnswer answer = Session(connection).get("interface", "");
     if (answer.status == 404)
         throw Error(exit_connection, connection.url + ": this host has no description of its interface to compare");
