@@ -2,6 +2,7 @@
 #include "trace_entry.h"
 
 #include <exception>
+#include <utility>
 
 #include "error.h"
 #include "session.h"
@@ -44,20 +45,20 @@ void take_answer(const lmq::trace::RecordView &record, TraceEntry &entry) {
 }
 
 // The calls inside one, each with its answer.
-std::vector<TraceEntry> calls_in(const TraceEntry &whole) {
+std::vector<TraceEntry> calls_in(TraceEntry whole) {
     std::vector<TraceEntry> entries;
-    const Json &calls = whole.arguments[0];
+    // What is copied for each call must not hold them all.
+    const Json calls = std::exchange(whole.arguments, nullptr)[0], answers = std::exchange(whole.answer, nullptr);
     for (std::size_t i = 0; i < calls.size(); ++i) {
         TraceEntry entry = whole;
         entry.inner = i;
-        entry.answer = entry.arguments = nullptr;
         const bool is_call = calls[i].is_object() && calls[i].contains("methodName") &&
                              calls[i]["methodName"].is_string() && calls[i].contains("params");
         entry.method = is_call ? calls[i]["methodName"].get<std::string>() : "";
         if (is_call) entry.arguments = calls[i]["params"];
         if (i > 0) entry.printed.clear();  // nobody knows which one printed it
-        if (whole.answer.is_array() && i < whole.answer.size()) {
-            const Json &answer = whole.answer[i];
+        if (answers.is_array() && i < answers.size()) {
+            const Json &answer = answers[i];
             if (is_fault(answer)) {
                 entry.fault = answer["faultCode"];
                 entry.text = answer["faultString"];
@@ -93,9 +94,9 @@ std::vector<TraceEntry> entries_of(const lmq::trace::RecordView &record) {
     if (entry.kind == Kind::call) {
         take_call(record, entry);
         take_answer(record, entry);
-        const bool has_calls = entry.method == multicall_name && entry.arguments.is_array() && !entry.arguments.empty() &&
-                               entry.arguments[0].is_array() && !entry.arguments[0].empty();
-        if (has_calls) return calls_in(entry);
+        const bool has_calls = entry.method == multicall_name && entry.arguments.is_array() &&
+                               !entry.arguments.empty() && entry.arguments[0].is_array() && !entry.arguments[0].empty();
+        if (has_calls) return calls_in(std::move(entry));
     }
     return {std::move(entry)};
 }

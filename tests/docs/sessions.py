@@ -139,9 +139,8 @@ def main(cmake, build, *documents):
 def run(host, document):
     """Returns the number of sessions and whether all of them came out as they are written."""
     # Time goes on by a second with each call, as if somebody typed them; what counts and draws is always the same.
-    trace = pathlib.Path(os.environ["XDG_CACHE_HOME"]).parent / "lmq.trace"
-    trace.unlink(missing_ok=True)
-    with hosting.Host("--trace", trace, program=host, LMQ_SIM_CLOCK="1000", LMQ_SIM_TRAFFIC="1:1000") as running:
+    pathlib.Path("lmq.trace").unlink(missing_ok=True)
+    with hosting.Host("--trace", "lmq.trace", program=host, LMQ_SIM_CLOCK="1000", LMQ_SIM_TRAFFIC="1:1000") as running:
         count, complaints = check(pathlib.Path(document), f"{running.address}:{running.port}")
     print("\n".join(complaints), end="\n" if complaints else "")
     return count, not complaints
