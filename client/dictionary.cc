@@ -10,7 +10,7 @@ namespace lmqctl {
 
 namespace {
 
-constexpr std::string_view mark = "lmqctl dictionary 2 ";
+constexpr std::string_view mark = "lmqctl dictionary 3 ";
 
 }  // namespace
 
@@ -198,6 +198,11 @@ const Enum *Dictionary::enumeration(const std::string &type) const {
         result.values.push_back(value);
         if (value.name.ends_with("_BASE") && value.base.empty()) base = &result.values.back();
     }
+    // The dictionary lists an enum that a macro makes without its enumerators; the contract has them.
+    const Json its_own = result.values.empty() ? said(said_of_enums, type) : Json();
+    if (its_own.contains("values"))
+        for (const auto &[name, value] : its_own["values"].items())
+            result.values.push_back({name, value["value"], value["value"], ""});
     return &parsed_enums_.emplace(type, std::move(result)).first->second;
 }
 
@@ -232,6 +237,11 @@ Json Dictionary::said(Kind kind, const std::string &name) const {
 
 std::string Dictionary::contract_tag() const {
     const Json tag = said(contract, "tag");
+    return tag.is_string() ? tag.get<std::string>() : "";
+}
+
+std::string Dictionary::fingerprint() const {
+    const Json tag = said(contract, "fingerprint");
     return tag.is_string() ? tag.get<std::string>() : "";
 }
 

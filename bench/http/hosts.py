@@ -104,8 +104,8 @@ def arguments():
     parse.add_argument("--seconds", type=int, default=1, help="of each server in each round")
     parse.add_argument("--idle", type=int, default=1000,
                        help="idle connections to each server beside, in half of a round; 0 leaves it out")
-    parse.add_argument("--only", help="comma-separated: two,in-process,library,python,nginx; by default all, and nginx "
-                       "if it is installed")
+    parse.add_argument("--only", help="comma-separated: two,traced,in-process,library,python,nginx; by default all, "
+                       "and nginx if it is installed")
     parse.add_argument("--instructions", action="store_true", help="count the instructions of calls as well (lmq-bench)")
     parse.add_argument("--host-options", default="", help="more options of lmq-host")
     parse.add_argument("--json", type=Path, metavar="FILE", help="where to write the numbers")
@@ -117,7 +117,7 @@ def arguments():
     return options
 
 
-def commands(options):
+def commands(options, folder):
     """The name and the command of each server, by the word that --only knows it by."""
     build = options.build
     # The driver of the tests takes no time: what is measured is all that is around it.
@@ -125,6 +125,7 @@ def commands(options):
     host = [build / "lmq-host", "--listen", "127.0.0.1:PORT", *libraries, *options.host_options.split()]
     return {
         "two": ("lmq-host", host),
+        "traced": ("lmq-host --trace", [*host, "--trace", folder / "trace", "--trace-limit", "64MB"]),
         "in-process": ("lmq-host --in-process", [*host, "--in-process"]),
         "library": ("the library's server", [build / "library-server", "PORT", *libraries[1::2]]),
         "python": ("Python's server", [sys.executable, HERE / "python_server.py", "PORT"]),
@@ -243,20 +244,25 @@ def instructions(options, folder):
     return found
 
 
-def main():
-    options = arguments()
-    # Each idle connection is a descriptor here, and one in its server.
-    most = resource.getrlimit(resource.RLIMIT_NOFILE)[1]
-    resource.setrlimit(resource.RLIMIT_NOFILE, (min(most, 5 * options.idle + 1000), most))
-    known = commands(options)
+def choice(options, known):
+    """The words of the servers that are to be measured."""
     wanted = options.only.split(",") if options.only else [key for key in known if key != "nginx" or shutil.which(key)]
     if wrong := [key for key in wanted if key not in known]:
         sys.exit(f"hosts.py: --only knows no '{wrong[0]}'")
     if wanted == ["nginx"]:
         sys.exit("hosts.py: nginx sends the answer of another server, so that it cannot be measured alone")
-    chosen = {key: known[key] for key in wanted}
+    return wanted
+
+
+def main():
+    options = arguments()
+    # Each idle connection is a descriptor here, and one in its server.
+    most = resource.getrlimit(resource.RLIMIT_NOFILE)[1]
+    resource.setrlimit(resource.RLIMIT_NOFILE, (min(most, 5 * options.idle + 1000), most))
     with tempfile.TemporaryDirectory() as name:
         folder = Path(name)
+        known = commands(options, folder)
+        chosen = {key: known[key] for key in choice(options, known)}
         # The driver of the tests writes down what it is handed into this file.
         os.environ["LMQ_PROBE"] = str(folder / "probe")
         with open(os.environ["LMQ_PROBE"], "wb") as probe:
