@@ -35,7 +35,7 @@ def free_port():
 
 # One process, like the others, which keeps its connections, writes no log, and answers from its memory.
 NGINX = """
-daemon off; worker_processes 1; pid FOLDER/nginx.pid; error_log stderr crit;
+daemon off; master_process off; pid FOLDER/nginx.pid; error_log stderr crit;
 events { worker_connections 8192; }
 http {
     access_log off; keepalive_requests 1000000000; default_type "text/xml; charset=utf-8";
