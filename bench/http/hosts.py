@@ -35,7 +35,7 @@ def free_port():
 
 # One process, like the others, which keeps its connections, writes no log, and answers from its memory.
 NGINX = """
-daemon off; worker_processes 1; pid FOLDER/nginx.pid; error_log stderr crit;
+daemon off; master_process off; pid FOLDER/nginx.pid; error_log stderr crit;
 events { worker_connections 8192; }
 http {
     access_log off; keepalive_requests 1000000000; default_type "text/xml; charset=utf-8";
@@ -104,8 +104,8 @@ def arguments():
     parse.add_argument("--seconds", type=int, default=1, help="of each server in each round")
     parse.add_argument("--idle", type=int, default=1000,
                        help="idle connections to each server beside, in half of a round; 0 leaves it out")
-    parse.add_argument("--only", help="comma-separated: two,traced,in-process,library,python,nginx; by default all, and nginx "
-                       "if it is installed")
+    parse.add_argument("--only", help="comma-separated: two,traced,in-process,library,python,nginx; by default all, "
+                       "and nginx if it is installed")
     parse.add_argument("--instructions", action="store_true", help="count the instructions of calls as well (lmq-bench)")
     parse.add_argument("--host-options", default="", help="more options of lmq-host")
     parse.add_argument("--json", type=Path, metavar="FILE", help="where to write the numbers")
@@ -244,6 +244,16 @@ def instructions(options, folder):
     return found
 
 
+def choice(options, known):
+    """The words of the servers that are to be measured."""
+    wanted = options.only.split(",") if options.only else [key for key in known if key != "nginx" or shutil.which(key)]
+    if wrong := [key for key in wanted if key not in known]:
+        sys.exit(f"hosts.py: --only knows no '{wrong[0]}'")
+    if wanted == ["nginx"]:
+        sys.exit("hosts.py: nginx sends the answer of another server, so that it cannot be measured alone")
+    return wanted
+
+
 def main():
     options = arguments()
     # Each idle connection is a descriptor here, and one in its server.
@@ -252,12 +262,7 @@ def main():
     with tempfile.TemporaryDirectory() as name:
         folder = Path(name)
         known = commands(options, folder)
-        wanted = options.only.split(",") if options.only else [key for key in known if key != "nginx" or shutil.which(key)]
-        if wrong := [key for key in wanted if key not in known]:
-            sys.exit(f"hosts.py: --only knows no '{wrong[0]}'")
-        if wanted == ["nginx"]:
-            sys.exit("hosts.py: nginx sends the answer of another server, so that it cannot be measured alone")
-        chosen = {key: known[key] for key in wanted}
+        chosen = {key: known[key] for key in choice(options, known)}
         # The driver of the tests writes down what it is handed into this file.
         os.environ["LMQ_PROBE"] = str(folder / "probe")
         with open(os.environ["LMQ_PROBE"], "wb") as probe:
