@@ -24,14 +24,14 @@ class OwnHosts(ctl.CtlTest):
         return f"{os.environ['LMQ_HOST']} --plugin {os.environ['LMQ_PLUGIN']} --driver {os.environ[driver]}"
 
     def json(self, status, *words, **variables):
-        got, printed, errors = self.run_ctl("--json", *words, **variables)
-        self.assertEqual((got, errors), (status, ""), words)
-        return json.loads(printed)
+        done = subprocess.run([os.environ["LMQ_CTL"], "--json", *words], capture_output=True, text=True, timeout=600,
+                              env=dict(self.environment, **variables), stdin=subprocess.DEVNULL)
+        self.assertEqual((done.returncode, done.stderr), (status, ""), words)
+        return json.loads(done.stdout)
 
     def fuzz(self, fault, *words):
-        found = self.json(ctl.DRIVER if fault else ctl.OK, "fuzz", "--hang", "3", "--out", str(self.folder),
+        return self.json(ctl.DRIVER if fault else ctl.OK, "fuzz", "--hang", "3", "--out", str(self.folder),
                           "--host-command", self.command(), *words, LMQ_PLANTED=fault, LMQ_SIM_CLOCK="1")
-        return found
 
     def record(self, name, *calls, **variables):
         """A trace of these calls to a host of its own."""
@@ -68,11 +68,8 @@ class PlantedFaults(OwnHosts):
                 ("crash", "vx_eth_port_status_get:died", 4, ["vx_eth_port_*"]),
                 ("hang", "vx_timer_start:hung", 3, ["vx_timer_*"]),
                 ("overrun", "vx_mdio_read:changed", 3, ["vx_mdio_*", "lmq_*able_mdio"]),
-                ("lost", "vx_l2_learn_port_enable_set:lost", 4, ["vx_l2_port_*", "vx_l2_learn_*"]),
-                ("leak", "vx_cosq_queue_get:grows", 2, ["vx_cosq_queue_*"])):
+                ("lost", "vx_l2_learn_port_enable_set:lost", 5, ["vx_l2_port_*", "vx_l2_learn_*"])):
             with self.subTest(fault):
-                if fault == "leak" and "detect_leaks" in self.environment.get("ASAN_OPTIONS", ""):
-                    continue  # the sanitizers' allocator gives nothing back to be seen
                 found = self.fuzz(fault, "--seed", "7", "--calls", "3000", "--check", *methods)["findings"]
                 self.assertEqual([each["condition"] for each in found], [condition])
                 self.assertTrue(found[0]["again"])
@@ -110,6 +107,12 @@ class Shrink(OwnHosts):
         self.assertEqual(printed.splitlines()[-1], f"{self.folder}/few.trace")
         # Only the flag and the member that count are left.
         self.assertIn('vx_watchdog_set 0 {"wd_timer":9,"mask_s":{"wd_timer":1}}\n', printed)
+
+    def test_growth(self):
+        trace = self.record("leak.trace", ("vx_mac_addr_get", "0"), ("vx_cosq_queue_get", "0", "2", "1"))
+        shrink = ["shrink", trace, "--until", "vx_cosq_queue_get:grows", "--host-command", self.command()]
+        self.assertEqual(self.json(ctl.OK, *shrink, LMQ_PLANTED="leak")["calls"], 1)
+        self.refused(ctl.DRIVER, "do not come to", *shrink)
 
     def test_what_cannot_be(self):
         trace = self.record("short.trace", ("vx_watchdog_get", "0"))
@@ -168,6 +171,8 @@ class Replay(OwnHosts):
         path = f"{pathlib.Path(os.environ['LMQ_CTL']).parent}:{os.environ['PATH']}"
         with self.host("--trace", str(trace), **variables) as url:
             for line in re.findall(r"^\$ (.*)$", "\n".join(blocks), re.MULTILINE):
+                if "snapshot" in line or "diff" in line:
+                    continue  # thousands of calls that only read
                 subprocess.run(["bash", "-c", line], stdin=subprocess.DEVNULL, capture_output=True, timeout=60,
                                env=dict(self.environment, LMQ_URL=url, PATH=path), cwd=self.folder)
         same = self.replay(ctl.OK, str(trace), "--counters", **variables)
