@@ -64,7 +64,7 @@ class State(CtlTest):
         # Neither ids that other calls have found for other ports, nor what is 0, nor flags.
         self.assertNotIn("(0, 2, 77)", printed)
         self.assertLess(len(printed.splitlines()), 60)
-        self.assertNotRegex(printed, r"valid|mask_s|=0\b")
+        self.assertNotRegex(printed, r"valid\{|mask_s|=0\b")
         self.ok("snapshot", after, "--registers", "0x1000-0x1008")
         self.assertEqual(self.ok("diff", after), "")
         self.assertEqual(self.run_ctl("diff", before, after)[1], printed.replace("only in live", f"only in {after}"))
@@ -88,7 +88,7 @@ class State(CtlTest):
                          [["100", "1", "LMQ_DIR_BOTH"]])
         # Columns that are alike in all rows tell nothing apart, but with --full.
         queues = self.columns("get", "queues", "--port", "3")
-        self.assertEqual((len(queues), queues[0][:2]), (33, ["PORT_ID", "QUEUE_ID"]))
+        self.assertEqual((len(queues), queues[0]), (9, ["QUEUE_ID", "WEIGHT"]))
         weight = queues[0].index("WEIGHT")
         self.assertEqual([row[weight] for row in queues[1:3]], ["5", "1"])
         self.assertGreater(len(self.columns("get", "queues", "--port", "3", "--full")[0]), len(queues[0]))
