@@ -1,12 +1,20 @@
-# Sourced by the tests: a host of their own on the simulated driver. Leaves its URL in LMQ_URL, and a folder in $folder.
+# Sourced by the tests: hosts of their own on the simulated driver, whose time goes by calls. start leaves the URL of a fresh
+# one in LMQ_URL; $folder is a folder for files.
 folder=$(mktemp -d)
-lmq-host --socket "$folder/socket" >"$folder/said" 2>&1 &
-host=$!
-trap 'kill $host 2>/dev/null; wait $host || true; rm -rf "$folder"' EXIT
-until grep -q '^Listening on' "$folder/said"; do
-    kill -0 $host 2>/dev/null || { cat "$folder/said" >&2; exit 1; }
-    sleep 0.1
-done
-LMQ_URL=unix:$folder/socket
-XDG_CACHE_HOME=$folder
-export LMQ_URL XDG_CACHE_HOME
+export LMQ_SIM_CLOCK=10 LMQ_SIM_TRAFFIC=1:1000 XDG_CACHE_HOME="$folder" LMQ_URL="unix:$folder/socket"
+host=
+end() {
+    [ -z "$host" ] || { kill "$host" && wait "$host"; } || true
+    host=
+}
+trap 'end; rm -rf "$folder"' EXIT
+
+start() {
+    end
+    lmq-host --socket "$folder/socket" >"$folder/said" 2>&1 &
+    host=$!
+    until grep -q '^Listening on' "$folder/said"; do
+        kill -0 "$host" 2>/dev/null || { cat "$folder/said" >&2; exit 1; }
+        sleep 0.1
+    done
+}
