@@ -43,7 +43,7 @@ Json plain_arguments(const Method &method, const std::vector<std::string> &words
 // the method's arguments.
 Json named_arguments(const Method &method, const std::string &text) {
     // A text that is broken gets its error as the argument that it is.
-    if (!text.starts_with('{') || !Json::accept(text, true)) return {};
+    if (!text.starts_with('{') || !is_json_of_user(text)) return {};
     const Json given = json_of_user(text, method.name);
     std::vector<std::string> names;
     for (const Parameter &parameter : method.parameters) names.push_back(parameter.name);
@@ -168,7 +168,10 @@ class Arguments {
 
     /// The parameters of the request.
     Json all() {
-        for (Slot &slot : slots_) input_.set_flags(*slot.type, slot.value);
+        for (std::size_t i = 0; i < slots_.size(); ++i) {
+            input_.set_selectors(*slots_[i].type, slots_[i].value, method_.parameters[i].name);
+            input_.set_flags(*slots_[i].type, slots_[i].value);
+        }
         for (std::size_t i = 0; i < slots_.size(); ++i) fill_in_count(i);
         Json arguments = Json::array();
         for (std::size_t i = 0; i < slots_.size(); ++i) {

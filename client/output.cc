@@ -49,6 +49,8 @@ std::string Output::one_line(const Type &type, const Json &value) const {
             if (!value.is_array())
                 return value.is_structured() ? "" : scalar_to_text(dictionary_, *type.element, value);
             if (value.empty()) return "[]";
+            if (type.element->meaning.is_text)
+                if (const std::optional<std::string> text = characters_to_text(value)) return *text;
             if (!style_.full && value.size() > 1 && is_zero(value)) return std::to_string(value.size()) + " x 0";
             if (type.element->kind != Type::integer && type.element->kind != Type::enumeration) return "";
             {
