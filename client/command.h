@@ -26,6 +26,9 @@ std::vector<std::string> command_names();
 CLI::Option *add_words(CLI::App &command, const std::string &name, std::vector<std::string> &words,
                        const std::string &description);
 
+/// The option --count [NAME=]N, as often as one likes.
+CLI::Option *add_count(CLI::App &command, std::vector<std::string> &counts);
+
 void set_up_batch(CLI::App &command, Context &context);
 void set_up_call(CLI::App &command, Context &context);
 void set_up_complete(CLI::App &command, Context &context);
@@ -37,6 +40,7 @@ void set_up_list(CLI::App &command, Context &context);
 void set_up_repl(CLI::App &command, Context &context);
 void set_up_run(CLI::App &command, Context &context);
 void set_up_search(CLI::App &command, Context &context);
+void set_up_set(CLI::App &command, Context &context);
 void set_up_snapshot(CLI::App &command, Context &context);
 void set_up_template(CLI::App &command, Context &context);
 void set_up_uses(CLI::App &command, Context &context);

@@ -1,6 +1,7 @@
 // What all commands share: the options before the command, the session and the dictionary, each made when first needed.
 #pragma once
 
+#include <map>
 #include <memory>
 #include <string>
 
@@ -14,8 +15,9 @@ namespace lmqctl {
 struct Context {
     Connection connection;
     bool json = false, no_color = false, verbose = false, refresh = false;
-    int exit_status = 0;      ///< what the command leaves
-    bool in_session = false;  ///< the command is a line of a session
+    int exit_status = 0;                           ///< what the command leaves
+    bool in_session = false;                       ///< the command is a line of a session
+    std::map<std::string, int64_t> defaults = {};  ///< of a session: what arguments that are left out stand for
 
     Session &session();
     /// For a command about one method: what the host says of it is compared with the cache, in one request.

@@ -9,6 +9,7 @@
 #include "file.h"
 #include "names.h"
 #include "scalar_text.h"
+#include "symbol.h"
 #include "xml_value.h"
 
 namespace lmqctl {
@@ -163,6 +164,7 @@ Json Input::list(const Type &type, const Json &json, const std::string &place) c
 
 Json Input::from_text(const Type &type, const std::string &text, const std::string &place) const {
     check_text(text, place);
+    if (options_.symbols && symbol_name(text)) return text;
     if (const std::string held = text_of(text, place); held != text) {
         check_text(held, place);
         return held == "-" || held.starts_with('@') ? from_json(type, held, place) : from_text(type, held, place);
@@ -174,6 +176,7 @@ Json Input::from_text(const Type &type, const std::string &text, const std::stri
 }
 
 Json Input::from_json(const Type &type, const Json &json, const std::string &place) const {
+    if (options_.symbols && symbol_name(json)) return json;
     switch (type.kind) {
         case Type::integer:
         case Type::enumeration: return scalar(type, json, place);

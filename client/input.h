@@ -11,6 +11,7 @@ namespace lmqctl {
 
 struct InputOptions {
     bool force = false;     ///< send arrays longer than their bound, and numbers beyond their type or range
+    bool symbols = false;   ///< take what stands for a later value (symbol.h) for one of any type
     bool set_flags = true;  ///< set the flags of masks for the members that are given
 };
 

@@ -11,9 +11,13 @@ _lmqctl() {
         if [[ $i -eq 0 || -n $blanks ]]; then words+=("$word"); else words[-1]+=$word; fi
     done
 
-    # Bash replaces what is behind the last break or quote.
+    # Bash replaces what is behind the last break, inside quotes what is behind the quote.
     local last=${words[-1]} kept
-    kept=${last%"${last##*[=:\'\"]}"}
+    case $last in
+    *[\'\"]*) kept=${last%"${last##*[\'\"]}"} ;;
+    *@*) [[ $COMP_WORDBREAKS != *@* ]] || kept=${last%"${last##*[=:@]}"} ;;&
+    *) kept=${kept:-${last%"${last##*[=:]}"}} ;;
+    esac
     kept=${kept//[\'\"]/}
     words=("${words[@]//[\'\"\\]/}")
 
