@@ -13,11 +13,7 @@ _lmqctl() {
 
     # Bash replaces what is behind the last break, inside quotes what is behind the quote.
     local last=${words[-1]} kept
-    case $last in
-    *[\'\"]*) kept=${last%"${last##*[\'\"]}"} ;;
-    *@*) [[ $COMP_WORDBREAKS != *@* ]] || kept=${last%"${last##*[=:@]}"} ;;&
-    *) kept=${kept:-${last%"${last##*[=:]}"}} ;;
-    esac
+    if [[ $last == *[\'\"]* ]]; then kept=${last%"${last##*[\'\"]}"}; else kept=${last%"${last##*[=:]}"}; fi
     kept=${kept//[\'\"]/}
     words=("${words[@]//[\'\"\\]/}")
 

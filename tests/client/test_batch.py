@@ -165,7 +165,7 @@ class Script(CtlTest):
             self.assertIn(said, ran.stdout)
         for line, message in (("system.listMethods", "no function of the driver"), ("expect fault: vx_watchdog_get 0", "no fault"),
                               ("vx_watchdog_get 0 -> wd_timer as n\nvx_i2c_read 0 0x50 0 $n", "C cannot make room for"),
-                              ("vx_mac_addr_get 0 -> p_mac_addr", "C cannot keep p_mac_addr, which is a MAC address")):
+                              ("vx_mac_addr_get 0 -> p_mac_addr\nvx_mac_addr_set 0 $p_mac_addr", "C cannot keep p_mac_addr, which is a MAC address")):
             self.refused(USAGE, message, "batch", "--as", "c", "-", stdin=line)
 
 
