@@ -45,7 +45,7 @@ Json plain_arguments(const Method &method, const std::vector<std::string> &words
 Json named_arguments(const Method &method, const std::string &text) {
     // A text that is broken gets its error as the argument that it is.
     if (!text.starts_with('{') || !is_json_of_user(text)) return {};
-    const Json given = json_of_user(text, method.name);
+    Json given = json_of_user(text, method.name);
     std::vector<std::string> names;
     for (const Parameter &parameter : method.parameters) names.push_back(parameter.name);
     const auto is_name = [&](const std::string &key) {
@@ -202,11 +202,12 @@ class Arguments {
 
     // A word must not undo what another has set. One may add to it: p_cfg={...} p_cfg.enable=1.
     static void refuse_repeated(std::vector<std::string> &keys, const std::string &key) {
-        for (const std::string &other : keys) {
-            if (other == key) throw UsageError(key + " is given twice");
-            if (other.starts_with(key + ".") || other.starts_with(key + "["))
-                throw UsageError(key + "= would undo " + other + "=; put it in front");
-        }
+        const auto other = std::find_if(keys.begin(), keys.end(), [&](const std::string &each) {
+            return each == key || (each.starts_with(key) && (each[key.size()] == '.' || each[key.size()] == '['));
+        });
+        if (other != keys.end())
+            throw UsageError(*other == key ? key + " is given twice"
+                                           : key + "= would undo " + *other + "=; put it in front");
         keys.push_back(key);
     }
 
@@ -313,13 +314,12 @@ class Arguments {
     // where it should not.
     void refuse_to_guess(std::size_t at) const {
         if (looks_like_a_count(method_.parameters[at])) return;
-        for (std::size_t i = 0; i < slots_.size(); ++i) {
-            const std::string &name = method_.parameters[at].name, &count = method_.parameters[i].name;
-            if (i != at && looks_like_a_count(method_.parameters[i]))
-                throw UsageError(name + ": this host does not say how many elements " + name + " needs, and " + count +
-                                 " may decide it; --count " + name + "=N says it, or a value for " + name + "\n" +
-                                 method_.prototype());
-        }
+        const auto count = std::find_if(method_.parameters.begin(), method_.parameters.end(), looks_like_a_count);
+        if (count == method_.parameters.end()) return;
+        const std::string &name = method_.parameters[at].name;
+        throw UsageError(name + ": this host does not say how many elements " + name + " needs, and " + count->name +
+                         " may decide it; --count " + name + "=N says it, or a value for " + name + "\n" +
+                         method_.prototype());
     }
 
     // An array shorter than the contract says lets the driver read or write behind it; a longer one that it reads means

@@ -90,8 +90,9 @@ CallInC call_in_c(const Dictionary &dictionary, Types &types, const Method &meth
             const std::string declared = is_known ? parameter.said.type : parameter.pointee();
             // A number that is known later is an element all the same.
             if (symbol_name(arguments[i]) && !parameter.is_udt) word = "{" + word + "}", is_list = true;
-            before += "    " + declared + " " + parameter.name +
-                      (is_list ? "[" + std::to_string(arguments[i].size()) + "]" : "") + " = " + word + ";\n";
+            before.append("    ").append(declared).append(" ").append(parameter.name);
+            if (is_list) before.append("[").append(std::to_string(arguments[i].size())).append("]");
+            before.append(" = ").append(word).append(";\n");
             // The host says int where the header has a pointer to an enum, which a pointer to int does not become.
             const bool may_be_enum = declared == "int";
             word = (may_be_enum ? "(void *)" : "") + std::string(is_list ? "" : "&") + parameter.name;

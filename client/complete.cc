@@ -160,7 +160,7 @@ void add_values(Candidates &candidates, const Dictionary &dictionary, const Type
 void add_files(Candidates &candidates, const std::string &stem, const std::string &path) {
     namespace fs = std::filesystem;
     const std::size_t slash = path.rfind('/') + 1;
-    const std::string folder = path.substr(0, slash);
+    const std::string folder = path.substr(0, slash), before = stem + folder;
     std::error_code failure;
     std::vector<std::string> names;
     fs::directory_iterator entries(folder.empty() ? "." : folder, failure);
@@ -173,8 +173,15 @@ void add_files(Candidates &candidates, const std::string &stem, const std::strin
     std::sort(names.begin(), names.end());
     for (const std::string &name : names) {
         const bool is_folder = name.ends_with('/');
-        candidates.add(stem + folder + name, is_folder ? "folder" : "file", !is_folder);
+        candidates.add(before + name, is_folder ? "folder" : "file", !is_folder);
     }
+}
+
+// Where the path begins in @FILE or KEY=@FILE; nothing in another word.
+std::optional<std::size_t> file_in(const std::string &word) {
+    if (word.starts_with('@')) return 1;
+    const std::size_t equals = word.find("=@");
+    return equals == std::string::npos ? std::nullopt : std::optional(equals + 2);
 }
 
 bool is_addressed(const std::string &word) {
@@ -212,11 +219,6 @@ void add_arguments(Candidates &candidates, const Dictionary &dictionary, const s
         if (end != "=" || !is_given(stem + end)) candidates.add(stem + end, member.type->declared(), false);
     };
 
-    const std::size_t equals_file = typed.find("=@"), file = typed.starts_with('@') ? 0 : equals_file;
-    if (file != std::string::npos) {
-        const std::size_t path = file + (file == equals_file ? 2 : 1);
-        return add_files(candidates, typed.substr(0, path), typed.substr(path));
-    }
     const std::size_t inside = typed.find_first_of(".[=");
     if (inside != std::string::npos) {
         const auto parameter =
@@ -321,7 +323,11 @@ std::vector<Completion> completed(Context &context, const std::vector<std::strin
         for (const CLI::App *command : app.get_subcommands(nullptr))
             if (!command->get_group().empty()) candidates.add(command->get_name(), command->get_description());
 
-    // A shell knows files by itself.
+    if (const auto path = file_in(typed); path && kind == "ARG") {
+        add_files(candidates, typed.substr(0, *path), typed.substr(*path));
+        return candidates.found;
+    }
+    // A shell knows other files by itself.
     if (kind == "FILE" && context.in_session) add_files(candidates, "", typed);
     const bool begins_session_line = !line.command && context.in_session && !typed.empty();
     if (!begins_session_line && kind.empty()) return candidates.found;

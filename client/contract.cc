@@ -63,7 +63,7 @@ void check_name(const Json &json, const std::string &place) {
 
 // A member that is declared without a name has an empty one.
 void check_member_name(const Json &json, const std::string &place) {
-    if (json != "") check_name(json, place);
+    if (!json.is_string() || !json.get_ref<const std::string &>().empty()) check_name(json, place);
 }
 
 void check_number(const Json &json, const std::string &place) {

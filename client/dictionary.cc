@@ -92,7 +92,7 @@ std::optional<Method::Told> Method::told(const std::string &parameter) const {
     for (const std::string &line : split(help, '\n')) {
         if (line.starts_with("OUTPUTS:")) is_output = true;
         if (line.starts_with("Returns:")) break;
-        const std::size_t colon = line.find(" : ") != std::string::npos ? line.find(" : ") : line.find(":");
+        const std::size_t colon = line.find(" : ") != std::string::npos ? line.find(" : ") : line.find(':');
         if (colon == std::string::npos) continue;
         std::string word = line.substr(0, colon), text = line.substr(colon + 1);
         word.erase(0, word.find_first_not_of(' '));

@@ -42,6 +42,14 @@ std::string joined(const std::vector<std::string> &names) {
     return text;
 }
 
+[[noreturn]] void refuse_unknown(const Type &type, const std::string &key, const std::string &place) {
+    const std::string what = type.kind == Type::flags ? "flag" : type.kind == Type::overlay ? "alternative" : "member";
+    std::string hint = did_you_mean(key, type.member_names());
+    if (type.members.empty()) hint = ": it is " + type.described();
+    if (hint.empty()) hint = "; there are " + joined(type.member_names());
+    throw UsageError(place + ": no " + what + " " + key + (type.name.empty() ? "" : " in " + type.name) + hint);
+}
+
 // A value as people wrote it.
 std::string written(const Json &json) { return json.is_string() ? json.get<std::string>() : json_text(json); }
 
@@ -134,20 +142,14 @@ Json Input::flags_of_text(const Type &type, const std::string &text, const std::
     return type.kind == Type::mask ? Json{{type.members[0].name, value}} : value;
 }
 
-void Input::unknown_member(const Type &type, const std::string &key, const std::string &place) const {
-    const std::string what = type.kind == Type::flags ? "flag" : type.kind == Type::overlay ? "alternative" : "member";
-    std::string hint = did_you_mean(key, type.member_names());
-    if (type.members.empty()) hint = ": it is " + type.described();
-    if (hint.empty()) hint = "; there are " + joined(type.member_names());
-    throw UsageError(place + ": no " + what + " " + key + (type.name.empty() ? "" : " in " + type.name) + hint);
-}
-
 Json Input::members(const Type &type, const Json &json, const std::string &place) const {
     Json value = Json::object();
     for (const auto &[key, inside] : json.items()) {
         const Member *member = type.member(key);
-        if (!member) unknown_member(type, key, place);
-        value[key] = from_json(*member->type, inside, place + "." + key);
+        if (!member) refuse_unknown(type, key, place);
+        std::string inside_place = place;
+        inside_place.append(".").append(key);
+        value[key] = from_json(*member->type, inside, inside_place);
     }
     return value;
 }
@@ -351,7 +353,7 @@ void Input::set_member(const Type &type, Json &value, const std::string &path, c
     const std::size_t end = path.find_first_of(".[", 1);
     const std::string key = path.substr(1, end == std::string::npos ? end : end - 1);
     const Member *member = path[0] == '.' ? type.member(key) : nullptr;
-    if (!member) unknown_member(type, key, place);
+    if (!member) refuse_unknown(type, key, place);
     if (!value.is_object()) value = Json::object();
     if (!value.contains(key)) value[key] = nullptr;
     set(*member->type, value[key], end == std::string::npos ? "" : path.substr(end), text, place + "." + key);

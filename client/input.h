@@ -53,7 +53,6 @@ class Input {
     Json named(const Type &type, const std::string &text, const std::string &place) const;
     Json flags_of_text(const Type &type, const std::string &text, const std::string &place) const;
     Json members(const Type &type, const Json &json, const std::string &place) const;
-    [[noreturn]] void unknown_member(const Type &type, const std::string &key, const std::string &place) const;
     Json list(const Type &type, const Json &json, const std::string &place) const;
 
     // `from_json`, a function for each kind.

@@ -18,6 +18,15 @@ std::string group_of(const std::string &name) {
     return name.substr(0, name[first == std::string::npos ? 0 : first] == '.' ? first : second);
 }
 
+// What no contract speaks of: the namespace's own methods stand together.
+std::string family_of(const Dictionary &dictionary, const Method &method) {
+    if (method.contract) return method.contract->family;
+    if (!dictionary.has_contract() || method.name.find_first_of("_.") != std::string::npos)
+        return group_of(method.name);
+    const std::string &prefix = dictionary.prefix();
+    return prefix.substr(0, prefix.find('.'));
+}
+
 // Methods under the names of their groups, in the host's order.
 struct Groups {
     std::vector<std::string> order;
@@ -28,7 +37,7 @@ Groups grouped(const Dictionary &dictionary, const std::string &pattern) {
     Groups groups;
     for (const std::string &name : dictionary.names(Dictionary::methods)) {
         const Method method = *dictionary.method(name);
-        const std::string group = method.contract ? method.contract->family : group_of(name);
+        const std::string group = family_of(dictionary, method);
         if (!pattern.empty() && pattern != group && !glob(pattern, name) && !glob(pattern, dictionary.full_name(name)))
             continue;
         if (!groups.methods.contains(group)) groups.order.push_back(group);

@@ -31,7 +31,7 @@ std::string Output::status(const Method &method, const Json &result) const {
 }
 
 std::string Output::one_line(const Type &type, const Json &value) const {
-    if (const std::string address = address_to_text(type, value); !address.empty()) return address;
+    if (std::string address = address_to_text(type, value); !address.empty()) return address;
     switch (type.kind) {
         case Type::integer:
         case Type::enumeration: return value.is_structured() ? "" : scalar_to_text(dictionary_, type, value);

@@ -42,6 +42,7 @@ void run(const Context &context, std::vector<std::string> words) {
     const char *const before = std::getenv("LD_PRELOAD");
     set("LD_PRELOAD", remote_driver() + (before && *before ? std::string(":") + before : ""));
     std::vector<char *> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string &word : words) arguments.push_back(word.data());
     arguments.push_back(nullptr);
     execvp(arguments[0], arguments.data());

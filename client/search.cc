@@ -34,7 +34,7 @@ std::string sentence_in(const Json &said, const std::function<bool(const std::st
     for (const auto &[key, inside] : said.items()) {
         const bool is_sentence = said.is_object() && inside.is_string() && (key == "brief" || key == "documentation");
         if (is_sentence && fits(inside)) return inside;
-        if (const std::string found = sentence_in(inside, fits); !found.empty()) return found;
+        if (std::string found = sentence_in(inside, fits); !found.empty()) return found;
     }
     return "";
 }

@@ -25,13 +25,17 @@ constexpr std::size_t heaviest_request = 256;  // elements of arrays, beside the
 
 using Numbers = std::vector<int64_t>;
 
+[[noreturn]] void refuse_numbers(const std::string &option, const std::string &part) {
+    throw UsageError(option + ": " + part + " is neither a number nor a range like 0-3");
+}
+
 Numbers numbers_of(const std::string &option, const std::string &text, int64_t step) {
     Numbers numbers;
     for (const std::string &part : split(text, ',')) {
         const std::vector<std::string> ends = split(part, '-');
         const auto first = number(ends[0]), last = number(ends.back());
         if (ends.size() > 2 || !first || !last || *first < 0 || *last < *first || (*last - *first) / step > 1000)
-            throw UsageError(option + ": " + part + " is neither a number nor a range like 0-3");
+            refuse_numbers(option, part);
         for (int64_t n = *first; n <= *last; n += step) numbers.push_back(n);
     }
     return numbers;
@@ -75,6 +79,7 @@ std::vector<Json> multicall(Context &context, const std::vector<Call> &calls) {
         if (calls.size() == 1) return {Json{{"faultCode", fault.code}, {"faultString", fault.what()}}};
     }
     std::vector<Json> answers;
+    answers.reserve(calls.size());
     for (const Call &call : calls) answers.push_back(multicall(context, {call})[0]);
     return answers;
 }

@@ -162,7 +162,7 @@ Json from_datetime(xmlrpc_value *value) {
     const char *text = nullptr;
     xmlrpc_read_datetime_str(&e.env, value, &text);
     e.check();
-    const Json json = std::string(text);
+    Json json = std::string(text);
     std::free(const_cast<char *>(text));
     return json;
 }

@@ -122,16 +122,37 @@ export async function call(method, params, timeout = 60000) {
   }
 }
 
+const refusedCode = -507;
+const retryAfter = 10000; // ms until a call that was refused is asked for again
+
+/** Calls that the host has refused, by document: {fault, until}. It refuses all of a request for one such call. */
+const refusals = new Map();
+
 /**
- * Many calls in one request.
+ * Many calls in one request. Calls that the host refuses are left out and answered by its fault.
  * @param calls A list of [method, params].
  * @returns A list of values, and a Fault in the place of each call that ended in one.
  */
 export async function multicall(calls, timeout = 60000) {
-  if (!calls.length) return [];
-  const list = calls.map(([methodName, params]) => ({ methodName, params }));
-  const { value } = await call("system.multicall", [list], timeout);
-  return value.map((each) => (Array.isArray(each) ? each[0] : new Fault(each.faultCode, each.faultString)));
+  const list = calls.map(([methodName, params]) => ({ methodName, params, id: documentOf(methodName, params) }));
+  for (;;) {
+    const now = performance.now();
+    const asked = list.filter(({ id }) => !(refusals.get(id)?.until > now));
+    const answers = new Map();
+    try {
+      const { value } = asked.length ? await call("system.multicall",
+        [asked.map(({ methodName, params }) => ({ methodName, params }))], timeout) : { value: [] };
+      value.forEach((each, at) => answers.set(asked[at], Array.isArray(each) ? each[0]
+        : new Fault(each.faultCode, each.faultString)));
+    } catch (error) {
+      const named = error instanceof Fault && error.code === refusedCode ? asked.filter(({ methodName }) =>
+        error.message.split(/[ ,;:]+/).includes(methodName)) : [];
+      if (!named.length) throw error;
+      for (const { id } of named) refusals.set(id, { fault: error, until: now + retryAfter });
+      continue;
+    }
+    return list.map((each) => answers.get(each) ?? refusals.get(each.id).fault);
+  }
 }
 
 /** Reads a path of the host; null if there is nothing there. */

@@ -3,7 +3,7 @@
 #
 # clang-format for all C and C++, but for the rows in families/, which are kept in columns by hand; clang-tidy for the
 # programs and libraries as the preset clang compiles them, file by file. Installs both if they are missing. What they
-# look for is in .clang-format and .clang-tidy. The client is left out of the second: it has findings to be mended first.
+# look for is in .clang-format and .clang-tidy.
 set -euo pipefail
 root=$(dirname -- "$(dirname -- "$(readlink -f -- "$0")")")
 source "$root/scripts/setup.sh"
@@ -17,5 +17,5 @@ git ls-files -z '*.cc' '*.h' '*.c' ':!families' | xargs -0 clang-format-14 --dry
 configured "$root/build/clang" || configure clang -DBUILD_TESTING=ON
 say "Looking for mistakes"
 quietly run-clang-tidy-14 -quiet -j "$(nproc)" -p build/clang \
-    "^$root/(marshal|frame|introspect|driver|host|bench)/.*\.(cc|cxx)\$" ||
+    "^$root/(marshal|frame|introspect|driver|host|client|bench)/.*\.(cc|cxx)\$" ||
     die "clang-tidy objects; its messages are above"

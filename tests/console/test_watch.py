@@ -199,6 +199,27 @@ class Rights(Case):
         self.assertEqual(page.one("p.refused").text, "")
 
 
+class PartlyRefused(Case):
+    """The host refuses a request whole for one call in it: the page goes on with the others."""
+
+    options = ("--deny", "lmq.vx_gpon_onu_fec_stats_get", "--deny", "lmq.vx_flow_us_all_get")
+
+    def test_the_rest_is_shown(self):
+        page = self.page
+        page.open("watch")
+        page.press("GPON")
+
+        def values(method):
+            return [row.find_element("css selector", "td.number").text for row in page.all(".watch tbody tr")
+                    if method in row.text]
+        page.wait(lambda: set(values("vx_gpon_onu_mac_stats_get")) == {"0"})
+        refused = set(values("vx_gpon_onu_fec_stats_get"))
+        self.assertEqual(refused, {"The method lmq.vx_gpon_onu_fec_stats_get is not served here."})
+        page.press("Unpin all")
+        page.open("")
+        page.wait(lambda: page.all(".overview .cards"))
+
+
 class Entry(Case):
     @classmethod
     def setUpClass(cls):

@@ -74,6 +74,8 @@ class Tree:
         # Without what costs time to build and is not used. What a switch does to warnings is nobody's concern.
         run("cmake", "-S", self.tree, "-B", self.build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Release", "-DLMQ_BENCH=OFF",
             "-DLMQ_CLANG=OFF", f"-DCMAKE_CXX_FLAGS=-w -Wno-narrowing -include {HERE}/mutant.h")
+        # A file that is made for others to include has to be there before they are looked at.
+        run("cmake", "--build", self.build, "--target", "lmq_contract")
 
     def find(self):
         print("Looking for sites", flush=True)
@@ -91,10 +93,15 @@ class Tree:
     def flags(self, path, commands):
         # A file that is compiled together with others has no entry of its own, but the flags of its folder.
         together = f"{self.build.name}/{path.parent.name}/"
-        entry = next(one for one in commands if one["file"] == str(path) or together in one["file"])
-        words = itertools.dropwhile(lambda word: word[0] != "-", shlex.split(entry["command"]))
-        return [word for word in words if word[:2] in ("-D", "-I", "-i", "-s", "-f")
-                or word[0] == "/" and word != entry["file"]]
+        entries = [one for one in commands if one["file"] == str(path)]
+        entries = entries or [one for one in commands if together in one["file"]]
+        first, *others = ([*itertools.dropwhile(lambda word: word[0] != "-", shlex.split(one["command"]))]
+                          for one in entries)
+        sources = {one["file"] for one in entries}
+        words = [word for word in first if word[:2] in ("-D", "-I", "-i", "-s", "-f")
+                 or word[0] == "/" and word not in sources]
+        # Several programs of a folder may each look for headers in places of their own.
+        return words + [word for other in others for word in other if word[:2] in ("-D", "-I") and word not in words]
 
     def original(self, file):
         return run("git", "-C", ROOT, "show", f"{self.head}:{file}", text=False)
