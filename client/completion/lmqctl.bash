@@ -17,14 +17,17 @@ _lmqctl() {
     kept=${kept//[\'\"]/}
     words=("${words[@]//[\'\"\\]/}")
 
-    local program=${words[0]/#\~/$HOME} line
+    local program=${words[0]/#\~/$HOME} line open
     COMPREPLY=()
     while IFS= read -r line; do
         line=${line%%$'\t'*}
+        [[ $line == *' ' ]] && open='' || open=yes
         # Inside quotes a blank would be part of the word.
         [[ $last != *[\'\"]* ]] || line=${line% }
         COMPREPLY+=("${line#"$kept"}")
     done < <("$program" complete -- "${words[@]:1}" 2>/dev/null)
+    # Bash closes the quote behind a single word, but this one goes on.
+    if [[ ${#COMPREPLY[@]} -eq 1 && $last == *[\'\"]* && -n $open ]]; then COMPREPLY+=("${COMPREPLY[0]} "); fi
 }
 # Files where there is nothing else to offer. A word that is whole brings its blank along.
 complete -o default -o nospace -F _lmqctl lmqctl
