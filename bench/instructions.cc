@@ -10,6 +10,8 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "bench/folder.h"
+
 namespace lmq::bench {
 
 namespace {
@@ -138,16 +140,11 @@ void run_for_counting(const std::vector<Growth> &tables) {
 }
 
 Counts count(const std::vector<std::string> &arguments) {
-    std::string pattern = (fs::temp_directory_path() / "lmq-bench-XXXXXX").string();
-    if (!mkdtemp(pattern.data())) throw std::runtime_error("cannot make a folder like " + pattern);
-    const struct Folder {
-        fs::path path;
-        ~Folder() { fs::remove_all(path); }
-    } folder{pattern};
-    run_under_valgrind(folder.path, arguments);
+    const Folder folder;
+    run_under_valgrind(folder.path(), arguments);
 
     Counts counts;
-    for (const auto &file : fs::directory_iterator(folder.path)) read_dump(file.path(), counts);
+    for (const auto &file : fs::directory_iterator(folder.path())) read_dump(file.path(), counts);
     return counts;
 }
 

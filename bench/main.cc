@@ -9,6 +9,7 @@
 
 #include "bench/cases.h"
 #include "bench/growth.h"
+#include "bench/host.h"
 #include "bench/instructions.h"
 #include "bench/times.h"
 
@@ -21,6 +22,9 @@ namespace fs = std::filesystem;
 // Of a handler, as the ratio to the straight-line one. The target is 1.03, and is taken to two decimals: another
 // processor chooses other variants of memcpy() and its like, which moves the third.
 constexpr double most_instructions = 1.035;
+
+// Of a call in lmq-host, as the ratio to what is expected.
+constexpr double host_room = 1.03;
 
 // A table as Markdown has it; the columns behind the first stand to the right.
 class Table {
@@ -134,6 +138,29 @@ ordered_json tell_counts(const std::vector<Case> &cases, const Counts &counts, s
     return json;
 }
 
+// Notes in `missed` each call that is above its target.
+ordered_json tell_host(const std::vector<HostCall> &calls, const std::vector<double> &instructions,
+                       const Counts &counts, std::vector<std::string> &missed) {
+    printf("Instructions of a call in lmq-host --in-process, in user space, and how much that is of the floor.\n\n");
+    Table table({"call", "instructions", "at the most", "to floor"});
+    ordered_json json;
+    for (size_t i = 0; i < calls.size(); ++i) {
+        const HostCall &one = calls[i];
+        const auto floor = counts.find(one.floor + "/whole/floor");
+        table.add({one.name, whole(instructions[i]), whole(one.most * host_room),
+                   floor == counts.end() ? "" : number("%.2f", instructions[i] / floor->second.instructions)});
+        json[one.name] = instructions[i];
+        // The targets are for the compiler that releases are built with.
+#ifndef __clang__
+        if (instructions[i] > one.most * host_room)
+            missed.push_back(one.name + " in lmq-host: " + whole(instructions[i]) + " instructions, and " +
+                             whole(one.most) + " are expected");
+#endif
+    }
+    table.print();
+    return json;
+}
+
 // Each column with what one more costs, beyond the first line.
 ordered_json tell_growth(const std::vector<Growth> &tables, const Times &times, const Counts &counts) {
     ordered_json json = ordered_json::array();
@@ -187,10 +214,13 @@ std::string today() {
 int main(int argc, char **argv) try {
     CLI::App app("The price of a call: the plug-in's handlers beside straight-line ones.");
     bool times = false, instructions = false, growth = false, check = false, count_here = false;
-    std::string json_file, plugin_file = (fs::read_symlink("/proc/self/exe").parent_path() / "lmq_xmlrpc.so").string();
+    const fs::path folder = fs::read_symlink("/proc/self/exe").parent_path();
+    std::string json_file, plugin_file = (folder / "lmq_xmlrpc.so").string();
     Effort effort{40, 0.01};
     app.add_flag("--times", times, "measure the time of each case");
-    app.add_flag("--instructions", instructions, "count the instructions and heap calls of each case, with valgrind");
+    app.add_flag(
+        "--instructions", instructions,
+        "count the instructions and heap calls of each case, and the instructions of calls in lmq-host, with valgrind");
     app.add_flag("--growth", growth,
                  "measure how the time grows with the size of a call; without any of these three: all");
     app.add_flag("--check", check, "the same as --instructions; end with status 1 if a case is above its target");
@@ -227,9 +257,12 @@ int main(int argc, char **argv) try {
 
     ordered_json json{{"date", today()}, {"unit of times", "ns"}};
     std::vector<std::string> missed;
-    if (instructions)
-        json["instructions"] =
-            tell_counts(cases, count({"--count-here", "--instructions", "--plugin", plugin_file}), missed);
+    if (instructions) {
+        const Counts counts = count({"--count-here", "--instructions", "--plugin", plugin_file});
+        json["instructions"] = tell_counts(cases, counts, missed);
+        const std::vector<HostCall> calls = make_host_calls(cases);
+        json["instructions in the host"] = tell_host(calls, count_in_host(folder / "lmq-host", calls), counts, missed);
+    }
     if (times) json["times"] = tell_times(cases, measure_cases(registries, cases, effort));
     if (growth)
         json["growth"] = tell_growth(sizes, measure_growth(sizes, {(effort.repetitions + 3) / 4, effort.seconds}),

@@ -27,7 +27,7 @@ struct BatchOptions {
 };
 
 // How a call went.
-struct Outcome {
+struct StepOutcome {
     Json answer;  // null if it was not made
     int status = exit_ok;
     std::string why;  // what is wrong, if it is not just the driver's status
@@ -87,13 +87,13 @@ class Batch {
                 return std::find(coming.begin(), coming.end(), name) != coming.end();
             });
             if (!calls.empty() && (depends || step.awaited)) break;
-            std::optional<Outcome> outcome = not_made(step);
+            std::optional<StepOutcome> outcome = not_made(step);
             if (!outcome && step.awaited) outcome = wait(step);
             if (!outcome) {
                 try {
                     calls.push_back(prepared_with(context_, step, options_.arguments, value_of()).call);
                 } catch (const UsageError &error) {
-                    outcome = Outcome{{}, exit_usage, error.what()};
+                    outcome = StepOutcome{{}, exit_usage, error.what()};
                 }
             }
             if (outcome && !calls.empty()) break;  // in the order of the file
@@ -109,7 +109,7 @@ class Batch {
         const std::vector<Json> answers = context_.session().multicall(calls);
         const double seconds = std::chrono::duration<double>(Clock::now() - begin).count();
         for (std::size_t i = 0; i < answers.size(); ++i) {
-            Outcome outcome = judged(steps_[sent[i]], answers[i]);
+            StepOutcome outcome = judged(steps_[sent[i]], answers[i]);
             outcome.seconds = seconds;
             text += taken(steps_[sent[i]], outcome, report);
         }
@@ -121,15 +121,16 @@ class Batch {
     }
 
     // Without a value that an earlier line was to keep, there is nothing to send.
-    std::optional<Outcome> not_made(const Step &step) const {
+    std::optional<StepOutcome> not_made(const Step &step) const {
         for (const std::string &name : step.uses)
             if (!values_.contains(name))
-                return Outcome{{}, exit_driver, "not made: $" + name + " has no value, as its line did not succeed"};
+                return StepOutcome{
+                    {}, exit_driver, "not made: $" + name + " has no value, as its line did not succeed"};
         return {};
     }
 
-    Outcome judged(const Step &step, const Json &answer) const {
-        Outcome outcome{answer, exit_status_of(context_.dictionary(), step.prepared.method, answer), ""};
+    StepOutcome judged(const Step &step, const Json &answer) const {
+        StepOutcome outcome{answer, exit_status_of(context_.dictionary(), step.prepared.method, answer), ""};
         const bool succeeded = outcome.status == exit_ok;
         if (step.expected) {
             const Expected &expected = *step.expected;
@@ -154,7 +155,7 @@ class Batch {
     }
 
     // Calls until the member has the value, or the time is over. Failures of the driver are waited out.
-    Outcome wait(const Step &step) {
+    StepOutcome wait(const Step &step) {
         const Awaited &awaited = *step.awaited;
         const auto begin = Clock::now();
         const auto seconds = [&] { return std::chrono::duration<double>(Clock::now() - begin).count(); };
@@ -165,7 +166,7 @@ class Batch {
             for (;;) {
                 if (context_.connection.stop && *context_.connection.stop) throw_stopped();
                 const Json answer = context_.session().multicall({call})[0];
-                Outcome outcome = judged(step, answer);
+                StepOutcome outcome = judged(step, answer);
                 const Json value = is_fault(answer) ? Json() : awaited.place.value(answer);
                 outcome.seconds = seconds();
                 if (outcome.status == exit_fault || (outcome.status == exit_ok && plain(type, value) == wanted))
@@ -178,7 +179,7 @@ class Batch {
         }
     }
 
-    Outcome too_late(const Awaited &awaited, const Json &value, Outcome outcome) {
+    StepOutcome too_late(const Awaited &awaited, const Json &value, StepOutcome outcome) {
         const Type &type = awaited.place.value_type();
         if (outcome.status == exit_ok)
             outcome.why = awaited.place.path + " is still " +
@@ -193,7 +194,7 @@ class Batch {
     }
 
     // Counts, reports and keeps what came of a step. Returns what there is to print.
-    std::string taken(const Step &step, const Outcome &outcome, JunitReport &report) {
+    std::string taken(const Step &step, const StepOutcome &outcome, JunitReport &report) {
         context_.exit_status = std::max(context_.exit_status, outcome.status);
         for (const Kept &kept : step.kept) values_.erase(kept.name);
         values_.insert(outcome.kept.begin(), outcome.kept.end());
@@ -214,7 +215,7 @@ class Batch {
         return "";
     }
 
-    void add_case(const Step &step, const Outcome &outcome, JunitReport &report) {
+    void add_case(const Step &step, const StepOutcome &outcome, JunitReport &report) {
         const Method &method = step.prepared.method;
         const Output output(context_.dictionary(), context_.types(), {});
         std::string why = outcome.why, at_length;
@@ -240,7 +241,7 @@ class Batch {
         write_text(options_.junit, report.text());
     }
 
-    std::string shown(const Step &step, const Outcome &outcome) {
+    std::string shown(const Step &step, const StepOutcome &outcome) {
         const Output output = context_.output(options_.full);
         const std::string head = std::to_string(step.line) + ": " + step.text;
         const Method &method = step.prepared.method;

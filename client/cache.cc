@@ -12,6 +12,8 @@
 #include <fstream>
 #include <system_error>
 
+#include "dictionary.h"
+
 namespace lmqctl {
 
 namespace {
@@ -33,12 +35,8 @@ std::string fingerprint(const std::string &text) {
     return digits;
 }
 
-}  // namespace
-
-std::optional<std::string> load_cached(const std::string &url) {
-    const fs::path where = folder();
-    if (where.empty()) return {};
-    const int file = open((where / ("url-" + fingerprint(url))).c_str(), O_RDONLY | O_CLOEXEC);
+std::optional<std::string> content(const fs::path &path) {
+    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
     if (file < 0) return {};
     struct stat status {};
     std::string text;
@@ -47,6 +45,27 @@ std::optional<std::string> load_cached(const std::string &url) {
     close(file);
     if (text.empty() || length != static_cast<ssize_t>(text.size())) return {};
     return text;
+}
+
+}  // namespace
+
+std::optional<std::string> load_cached(const std::string &url) {
+    const fs::path where = folder();
+    if (where.empty()) return {};
+    return content(where / ("url-" + fingerprint(url)));
+}
+
+std::optional<std::string> load_cached_interface(const std::string &of_interface) {
+    const fs::path where = folder();
+    if (where.empty() || of_interface.empty()) return {};
+    const std::string line = "\n" + Dictionary::line(Dictionary::contract, "fingerprint", Json(of_interface).dump());
+    std::error_code ignored;
+    for (const auto &entry : fs::directory_iterator(where, ignored)) {
+        if (entry.path().extension() != ".dict") continue;
+        std::optional<std::string> text = content(entry.path());
+        if (text && text->find(line) != std::string::npos) return text;
+    }
+    return {};
 }
 
 std::string store_cached(const std::string &url, const std::string &text) {

@@ -11,6 +11,9 @@ namespace lmqctl {
 /// The dictionary's text last seen behind a URL.
 std::optional<std::string> load_cached(const std::string &url);
 
+/// A dictionary's text, from whatever host, by its interface's fingerprint.
+std::optional<std::string> load_cached_interface(const std::string &fingerprint);
+
 /// Keeps a dictionary. Says why it could not, or an empty text.
 std::string store_cached(const std::string &url, const std::string &text);
 

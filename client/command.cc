@@ -26,6 +26,19 @@ const std::vector<Command> commands = {
      set_up_snapshot},
     {"diff", "Compares two snapshots, or one with the chip as it is", "lmqctl diff before.json after.json",
      set_up_diff},
+    {"fuzz", "Calls by contract, made up from a seed, on hosts of its own; keeps what goes wrong",
+     "lmqctl fuzz --seed 7 --check '*flow*'", set_up_fuzz},
+    {"replay", "Makes the calls of a trace again, and compares the answers",
+     "lmqctl replay night.trace        lmqctl replay night.trace --url http://board:8080 --url http://127.0.0.1:8080",
+     set_up_replay},
+    {"shrink", "The fewest calls of a trace that still go wrong", "lmqctl shrink night.trace --until died",
+     set_up_shrink},
+    {"compat", "Whether clients of one interface go on working with another",
+     "lmqctl compat interface.json http://board:8080", set_up_compat},
+    {"trace", "The calls that a host has kept: as lines, at length, in numbers, as a script",
+     "lmqctl trace lmq.trace --status failed --since 03:00\n"
+     "  lmqctl trace lmq.trace --follow              lmqctl trace lmq.trace --as python '*flow*' > again.py",
+     set_up_trace},
     {"repl", "A session: a line is a command, or the name and arguments of a method", "lmqctl repl", set_up_repl},
     {"set", "In a session: what a device or a port that is left out stands for", "set port 3", set_up_set},
     {"run", "Starts a program whose chip is the host's", "lmqctl --url http://board:8080 run -- PROGRAM ARGUMENT...",
@@ -40,6 +53,14 @@ std::vector<std::string> command_names() {
     for (const Command &command : commands)
         if (*command.summary) names.push_back(command.name);
     return names;
+}
+
+void add_host_options(CLI::App &command, std::string &host, double &hang) {
+    command.add_option("--host-command", host, "Starts a host; --listen is added. Else the lmq-host beside lmqctl")
+        ->type_name("COMMAND");
+    command.add_option("--hang", hang, "Seconds after which a call hangs")
+        ->check(CLI::Range(0.1, 3600.0))
+        ->capture_default_str();
 }
 
 CLI::Option *add_words(CLI::App &command, const std::string &name, std::vector<std::string> &words,

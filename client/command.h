@@ -29,20 +29,28 @@ CLI::Option *add_words(CLI::App &command, const std::string &name, std::vector<s
 /// The option --count [NAME=]N, as often as one likes.
 CLI::Option *add_count(CLI::App &command, std::vector<std::string> &counts);
 
+/// --host-command and --hang, of commands that start hosts of their own.
+void add_host_options(CLI::App &command, std::string &host, double &hang);
+
 void set_up_batch(CLI::App &command, Context &context);
 void set_up_call(CLI::App &command, Context &context);
+void set_up_compat(CLI::App &command, Context &context);
 void set_up_complete(CLI::App &command, Context &context);
 void set_up_completion(CLI::App &command, Context &context);
 void set_up_describe(CLI::App &command, Context &context);
 void set_up_diff(CLI::App &command, Context &context);
 void set_up_explain(CLI::App &command, Context &context);
+void set_up_fuzz(CLI::App &command, Context &context);
 void set_up_list(CLI::App &command, Context &context);
 void set_up_repl(CLI::App &command, Context &context);
+void set_up_replay(CLI::App &command, Context &context);
 void set_up_run(CLI::App &command, Context &context);
 void set_up_search(CLI::App &command, Context &context);
 void set_up_set(CLI::App &command, Context &context);
+void set_up_shrink(CLI::App &command, Context &context);
 void set_up_snapshot(CLI::App &command, Context &context);
 void set_up_template(CLI::App &command, Context &context);
+void set_up_trace(CLI::App &command, Context &context);
 void set_up_uses(CLI::App &command, Context &context);
 void set_up_watch(CLI::App &command, Context &context);
 

@@ -13,6 +13,14 @@ Clock::time_point Connection::deadline() const {
     return std::min(until, Clock::now() + patience);
 }
 
+std::string with_path(std::string url) {
+    const std::size_t scheme = url.find("://");
+    const bool bare = url.starts_with("http") && scheme != std::string::npos && scheme + 3 < url.size() &&
+                      url.find('/', scheme + 3) == std::string::npos;
+    if (bare) url += "/RPC2";
+    return url;
+}
+
 void throw_stopped() { throw Error(exit_connection, "interrupted; the host goes on with the call"); }
 
 void throw_timeout(const Connection &connection) {

@@ -22,6 +22,9 @@ struct Connection {
     Clock::time_point deadline() const;
 };
 
+/// A URL with the path that hosts serve, if it names none.
+std::string with_path(std::string url);
+
 /// What every way to a host says of a failure.
 [[noreturn]] void throw_stopped();
 [[noreturn]] void throw_timeout(const Connection &connection);

@@ -25,8 +25,10 @@ bool is_name(const std::string &text) {
     });
 }
 
-// Without what a terminal obeys or turns round: control characters, of C1 as well, and marks of direction.
-std::string harmless(const std::string &text) {
+}  // namespace
+
+// Control characters of C1 as well.
+std::string without_controls(const std::string &text) {
     std::string kept;
     for (std::size_t i = 0; i < text.size(); ++i) {
         const auto byte = static_cast<unsigned char>(text[i]);
@@ -45,8 +47,10 @@ std::string harmless(const std::string &text) {
     return kept;
 }
 
+namespace {
+
 void make_harmless(Json &json) {
-    if (json.is_string()) json = harmless(json.get<std::string>());
+    if (json.is_string()) json = without_controls(json.get<std::string>());
     if (json.is_structured())
         for (Json &inside : json) make_harmless(inside);
 }
@@ -128,6 +132,7 @@ const Key meaning_keys[] = {{"name", check_member_name, true},
                             {"unit", check_text},
                             {"id", check_name},
                             {"ipv4", check_flag},
+                            {"counter", check_flag},
                             {"text", check_flag},
                             {"mac", check_flag},
                             {"pointer", check_flag},
@@ -144,7 +149,7 @@ const Key method_keys[] = {{"family", check_name, true},        {"brief", check_
                            {"documentation", check_text},       {"effect", check_text, true},
                            {"clears_if", check_name},           {"result", check_text},
                            {"arguments", check_arguments, true}};
-const Key struct_keys[] = {{"brief", check_text, true}, {"members", check_members, true}};
+const Key struct_keys[] = {{"brief", check_text, true}, {"kind", check_name}, {"members", check_members, true}};
 const Key enum_keys[] = {{"brief", check_text, true}, {"values", check_values, true}};
 const Key value_keys[] = {{"brief", check_text}};
 const Key typedef_keys[] = {{"brief", check_text}};
@@ -174,7 +179,8 @@ void check_arguments(const Json &json, const std::string &place) {
 
 void check_values(const Json &json, const std::string &place) {
     if (!json.is_object()) wrong(place, "is no object");
-    for (const auto &[name, value] : json.items()) check_object(value, value_keys, place + "." + harmless(name));
+    for (const auto &[name, value] : json.items())
+        check_object(value, value_keys, place + "." + without_controls(name));
 }
 
 // The entries under a key, as lines.
@@ -183,7 +189,7 @@ std::string lines_of(const Json &interface, const char *key, Dictionary::Kind ki
     if (!interface.contains(key) || !interface[key].is_object()) wrong(key, "are missing");
     std::string text;
     for (const auto &[name, entry] : interface[key].items()) {
-        const std::string place = std::string(key) + "." + harmless(name);
+        const std::string place = std::string(key) + "." + without_controls(name);
         if (!is_name(name)) wrong(place, "is no name");
         check_object(entry, keys, place);
         Json kept = Json::object();
@@ -240,6 +246,7 @@ Meaning meaning_of(const Json &entry) {
     meaning.is_bits = entry.contains("bits_of");
     meaning.enumeration = entry.value(meaning.is_bits ? "bits_of" : "enum", "");
     meaning.is_ipv4 = entry.value("ipv4", false);
+    meaning.is_counter = entry.value("counter", false);
     meaning.is_text = entry.value("text", false);
     if (entry.contains("range")) meaning.range = {entry["range"][0], entry["range"][1]};
     if (entry.contains("or")) meaning.also = entry["or"].get<std::vector<int64_t>>();
@@ -272,17 +279,26 @@ MethodContract method_contract(const Json &entry) {
     return method;
 }
 
-std::string contract_lines(const std::string &description, const std::string &tag) {
+Json parsed_description(const std::string &description) {
     if (description.size() > largest_description) wrong("it", "is too large");
     bool is_too_deep = false;
     const auto look = [&](int depth, Json::parse_event_t, Json &) {
         is_too_deep = is_too_deep || depth > deepest;
         return !is_too_deep;
     };
-    const Json interface = Json::parse(description, look, false);
+    Json interface = Json::parse(description, look, false);
     if (is_too_deep) wrong("it", "is nested too deep");
     if (!interface.is_object()) wrong("it", "is no JSON object");
-    return Dictionary::line(Dictionary::contract, "tag", Json(harmless(tag)).dump(-1, ' ', true)) +
+    return interface;
+}
+
+std::string contract_lines(const std::string &description, const std::string &tag) {
+    const Json interface = parsed_description(description);
+    const Json fingerprint = interface.value("fingerprint", Json(""));
+    return Dictionary::line(Dictionary::contract, "tag", Json(without_controls(tag)).dump(-1, ' ', true)) +
+           Dictionary::line(
+               Dictionary::contract, "fingerprint",
+               Json(fingerprint.is_string() ? without_controls(fingerprint) : "").dump(-1, ' ', true)) +
            lines_of(interface, "methods", Dictionary::said_of_methods, method_keys) +
            lines_of(interface, "structs", Dictionary::said_of_structs, struct_keys) +
            lines_of(interface, "enums", Dictionary::said_of_enums, enum_keys) +

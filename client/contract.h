@@ -18,6 +18,7 @@ struct Meaning {
     bool is_bits = false;     ///< the enumerators are or'ed together
     bool is_ipv4 = false;     ///< an IPv4 address in one word
     bool is_text = false;     ///< characters
+    bool is_counter = false;  ///< counts up
     std::optional<std::pair<int64_t, int64_t>> range;
     std::vector<int64_t> also;  ///< values beyond the range that stand for none or for all
     std::string unit, id;       ///< "ms"; the kind of thing whose id it is
@@ -60,6 +61,13 @@ struct MethodContract {
 };
 
 MethodContract method_contract(const Json &entry);
+
+/// A host's description of its interface, as JSON that is neither too large nor too deep. Throws std::runtime_error if
+/// it is not.
+Json parsed_description(const std::string &description);
+
+/// A text without what a terminal obeys or turns round: control characters but for line breaks, marks of direction.
+std::string without_controls(const std::string &text);
 
 /// The lines for a dictionary that a host's description of its interface amounts to. `tag` is what the host calls this
 /// version. Texts lose what a terminal would obey. Throws std::runtime_error that says what is wrong with it.

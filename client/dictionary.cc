@@ -14,7 +14,7 @@ namespace {
 // A call looks up some dozens of entries: an index of two thousand takes longer than that many searches.
 constexpr std::size_t most_searches = 100;
 
-constexpr std::string_view mark = "lmqctl dictionary 2 ";
+constexpr std::string_view mark = "lmqctl dictionary 3 ";
 
 // Reads [["NAME",1],...] as it is kept, without a tree of it: the statuses are five hundred. Nothing for another form.
 std::optional<std::vector<Enumerator>> plain_enumerators(std::string_view json) {
@@ -236,6 +236,11 @@ const Enum *Dictionary::enumeration(const std::string &type) const {
         }
         if (value.name.ends_with("_BASE") && value.base.empty()) base = &value;
     }
+    // The dictionary lists an enum that a macro makes without its enumerators; the contract has them.
+    const Json its_own = result.values.empty() ? said(said_of_enums, type) : Json();
+    if (its_own.contains("values"))
+        for (const auto &[name, value] : its_own["values"].items())
+            result.values.push_back({name, value["value"], value["value"], ""});
     return &parsed_enums_.emplace(type, std::move(result)).first->second;
 }
 
@@ -270,6 +275,11 @@ Json Dictionary::said(Kind kind, const std::string &name) const {
 
 std::string Dictionary::contract_tag() const {
     const Json tag = said(contract, "tag");
+    return tag.is_string() ? tag.get<std::string>() : "";
+}
+
+std::string Dictionary::fingerprint() const {
+    const Json tag = said(contract, "fingerprint");
     return tag.is_string() ? tag.get<std::string>() : "";
 }
 

@@ -112,6 +112,7 @@ class Dictionary {
     Json said(Kind kind, const std::string &name) const;
     bool has_contract() const { return has(contract, "tag"); }
     std::string contract_tag() const;  ///< empty without one
+    std::string fingerprint() const;   ///< of the interface, as the contract has it; likewise
     /// The text with these lines for its contract, or with none.
     std::string text_with_contract(const std::string &lines) const;
 

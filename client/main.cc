@@ -10,24 +10,22 @@
 #include "names.h"
 #include "program.h"
 #include "standard_output.h"
+#include "version.h"
 
 namespace lmqctl {
 
 namespace {
 
-// Adds the path that hosts serve to a URL that names none. Returns no error.
-std::string with_path(std::string &url) {
-    const std::size_t scheme = url.find("://");
-    const bool bare = url.starts_with("http") && scheme != std::string::npos && scheme + 3 < url.size() &&
-                      url.find('/', scheme + 3) == std::string::npos;
-    if (bare) url += "/RPC2";
+// Returns no error.
+std::string add_path(std::string &url) {
+    url = with_path(url);
     return {};
 }
 
 void set_up_connection(CLI::App &app, Context &context) {
-    app.set_version_flag("--version", "lmqctl " LMQCTL_VERSION);
+    app.set_version_flag("--version", std::string("lmqctl ") + version);
     app.add_option("--url", context.connection.url, "The host: http://HOST:PORT/RPC2, https://..., unix:PATH")
-        ->transform(CLI::Validator(with_path, ""))
+        ->transform(CLI::Validator(add_path, ""))
         ->envname("LMQ_URL")
         ->capture_default_str()
         ->type_name("URL");

@@ -33,6 +33,9 @@ class Session {
     HttpAnswer get(const std::string &name, const std::string &tag) { return transport_.get(name, tag); }
 
     /// The document that the last call was answered with.
+    /// Whether the last call ended with the driver's process: the host answers 502 then.
+    bool lost_worker() const { return transport_.last_status() == 502; }
+
     const std::string &last_xml() const { return last_xml_; }
     const std::string &url() const { return url_; }
 

@@ -12,7 +12,7 @@ namespace {
 
 // An enumerator by its name; a number that is in range. What alternatives hold is 0, which says that they are not
 // meant.
-Json number(const Dictionary &dictionary, const Type &type, bool is_alternative) {
+Json plain_number(const Dictionary &dictionary, const Type &type, bool is_alternative) {
     if (is_alternative) return 0;
     const int64_t value =
         type.meaning.range ? std::clamp<int64_t>(0, type.meaning.range->first, type.meaning.range->second) : 0;
@@ -27,7 +27,7 @@ Json zeros(const Dictionary &dictionary, const Type &type, bool is_alternative =
     };
     switch (type.kind) {
         case Type::integer:
-        case Type::enumeration: return number(dictionary, type, is_alternative);
+        case Type::enumeration: return plain_number(dictionary, type, is_alternative);
         case Type::text: return "";
         case Type::mac: return "00:00:00:00:00:00";
         case Type::ipv4: return "0.0.0.0";

@@ -18,7 +18,9 @@ std::string first_line(const std::string &body) {
 Transport::Transport(const Connection &connection) : connection_(connection), http_(make_http(connection)) {}
 
 std::string Transport::exchange(const std::string &request) {
+    last_status_ = 0;
     HttpAnswer answer = http_->post(request);
+    last_status_ = answer.status;
     // A host that lost its driver's process answers 502 with a fault in it.
     if (answer.status == 200 || (answer.status == 502 && answer.body.starts_with("<?xml")))
         return std::move(answer.body);

@@ -161,6 +161,7 @@ TypePtr Types::udt(const std::string &name) {
             {key, member(record["type"], declared, prototype.contains(key) ? prototype[key] : Json())});
     }
     const Json said = dictionary_.said(Dictionary::said_of_structs, name);
+    type.is_union = said.is_object() && said.value("kind", "") == "union";
     if (said.is_null())
         find_selectors(type);
     else
@@ -213,6 +214,19 @@ TypePtr Types::unnamed(const std::string &name, const Json &prototype, bool is_m
     return shared(type);
 }
 
+// Of what has no name, prototypes show no width.
+TypePtr Types::with_width(const TypePtr &type, const Json &entry) {
+    if (type->element) {
+        const TypePtr element = with_width(type->element, entry);
+        if (element == type->element) return type;
+        Type changed = *type;
+        changed.element = element;
+        return shared(changed);
+    }
+    const bool is_unknown = type->kind == Type::integer && type->name.empty() && !entry.value("flag", false);
+    return is_unknown ? scalar(entry["type"]) : type;
+}
+
 TypePtr Types::with_meaning(const TypePtr &type, const Meaning &meaning) const {
     Type changed = *type;
     if (type->element) {
@@ -237,7 +251,7 @@ TypePtr Types::with_meaning(const TypePtr &type, const Json &entry) {
         if (entry.contains("by")) select(changed, entry);
         return shared(changed);
     }
-    return with_meaning(type, meaning_of(entry));
+    return with_meaning(with_width(type, entry), meaning_of(entry));
 }
 
 void Types::add_meanings(Type &structure, const Json &members) {

@@ -45,6 +45,7 @@ struct Type {
     TypePtr element;
     std::vector<Member> members;
     std::vector<std::string> path;
+    bool is_union = false;  ///< of a structure: its members lie over each other, and nothing in it says which counts
     /// Of an overlay: the sibling that selects, and the alternative for each of its numbers. Empty if not known.
     std::string selector;
     std::map<int64_t, std::string> selected;
@@ -79,6 +80,7 @@ class Types {
     void find_selectors(Type &structure) const;
     /// A type with what the contract's entry says of an argument or a member.
     TypePtr with_meaning(const TypePtr &type, const Json &entry);
+    TypePtr with_width(const TypePtr &type, const Json &entry);
     TypePtr with_meaning(const TypePtr &type, const Meaning &meaning) const;
     void add_meanings(Type &structure, const Json &members);
     void select(Type &overlay, const Json &entry) const;

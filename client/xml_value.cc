@@ -195,6 +195,19 @@ std::string request_xml(const std::string &method, const Json &parameters) {
     return text_in(document);
 }
 
+std::pair<std::string, Json> request_value(const std::string &document, const std::string &place) {
+    xmlrpc_limit_set(XMLRPC_XML_SIZE_LIMIT_ID, largest_answer);
+    Environment e;
+    const char *name = nullptr;
+    xmlrpc_value *parameters = nullptr;
+    xmlrpc_parse_call(&e.env, document.data(), document.size(), &name, &parameters);
+    if (e.env.fault_occurred) throw Error(exit_usage, place + " is no call: " + e.env.fault_string);
+    const Value held(parameters);
+    const std::string method = name;
+    std::free(const_cast<char *>(name));
+    return {method, from_value(held.get())};
+}
+
 Json answer_value(const std::string &document, const std::string &url) {
     xmlrpc_limit_set(XMLRPC_XML_SIZE_LIMIT_ID, largest_answer);
     Environment e;

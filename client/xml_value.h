@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 #include "json.h"
 
@@ -10,6 +11,9 @@ namespace lmqctl {
 /// The document of a call. A whole number of 32 bits becomes an int, a larger one an i8. Throws a UsageError for a text
 /// that a document cannot hold.
 std::string request_xml(const std::string &method, const Json &parameters);
+
+/// The method's name and the parameters in the document of a call. Throws an Error that names `place` if it is none.
+std::pair<std::string, Json> request_value(const std::string &document, const std::string &place);
 
 /// The value in the document of an answer; a base64 becomes a text of hexadecimal digits, a date its text. Throws a
 /// Fault if the answer is one, and an Error that names `url` if it is no answer at all.

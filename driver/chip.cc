@@ -75,10 +75,15 @@ std::optional<Device> &System::slot(std::int64_t dev_id) {
     return devices_[static_cast<std::size_t>(dev_id)];
 }
 
+vx_status_e System::state_of(std::int64_t dev_id) const {
+    if (dev_id < 0 || dev_id >= LMQ_NUM_DEVICES) return VX_ERR_DEV_ID_INVALID;
+    return devices_[static_cast<std::size_t>(dev_id)] ? VX_SUCCESS : VX_ERR_DEV_UNINTIALIZED;
+}
+
 Device &System::device(std::int64_t dev_id) {
-    std::optional<Device> &device = slot(dev_id);
-    refuse_if(!device, VX_ERR_DEV_UNINTIALIZED);
-    return *device;
+    const vx_status_e state = state_of(dev_id);
+    refuse_if(state != VX_SUCCESS, state);
+    return *devices_[static_cast<std::size_t>(dev_id)];
 }
 
 void System::start_device(std::int64_t dev_id, const lmq_dev_startup_cfg_s &cfg) {
@@ -113,21 +118,19 @@ System &Chip::system() {
     return *power;
 }
 
-void Chip::fail_on_demand(const char *function) {
+std::optional<vx_status_e> Chip::demanded_failure(const char *function) {
     std::optional<vx_status_e> status = faults.call(function);
     if (power) {
         // Both lists count the call.
         const std::optional<vx_status_e> preset = power->faults.call(function);
         if (!status) status = preset;
     }
-    if (status) throw Refusal{*status};
+    return status;
 }
 
 vx_status_e status_of_exception(const char *function) noexcept {
     try {
         throw;
-    } catch (const Refusal &refusal) {
-        return refusal.status;
     } catch (const std::bad_alloc &) {
         std::fprintf(stderr, "lmq: %s: out of memory\n", function);
         return VX_ERR_GLBL_MALLOC_FAIL;

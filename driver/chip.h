@@ -11,6 +11,7 @@
 #include <initializer_list>
 #include <mutex>
 #include <optional>
+#include <type_traits>
 
 #include "driver/acl.h"
 #include "driver/cfm.h"
@@ -38,7 +39,8 @@
 
 namespace lmq::sim {
 
-/// Thrown by an operation that cannot do what it is asked; the caller of the driver gets the status.
+/// Thrown by an operation that cannot do what it is asked; the caller of the driver gets the status. An operation that
+/// refuses in its own body can return the status as well, which takes a tenth of a small call less.
 struct Refusal {
     vx_status_e status;
 };
@@ -127,6 +129,9 @@ class System {
     /// A driver function is called: the clock goes on, and what has fallen due since the last call happens.
     void begin_call();
 
+    /// Whether a device is up: VX_SUCCESS, or why the id stands for none that is.
+    vx_status_e state_of(std::int64_t dev_id) const;
+
     /// A device by its id, of whichever integer type. Refuses an id that is none, and a device in reset.
     Device &device(std::int64_t dev_id);
 
@@ -161,20 +166,37 @@ class Chip {
     /// The system. Refuses while there is none.
     System &system();
 
-    /// Refuses a call that has to fail, by LMQ_SIM_FAIL or by the preset.
-    void fail_on_demand(const char *function);
+    /// Counts a call. @return The status that it has to fail with, by LMQ_SIM_FAIL or by the preset, if it has to.
+    std::optional<vx_status_e> demanded_failure(const char *function);
 
     std::optional<System> power;  ///< Empty before lmq_init_system.
     Faults faults = Faults::from_environment();
     std::mutex mutex;  ///< Held by guarded() for the whole of an operation.
 };
 
-/// The status of the exception being handled. What no operation throws on purpose is also reported.
+/// The status of the exception being handled, which no operation throws on purpose, and which is reported.
 vx_status_e status_of_exception(const char *function) noexcept;
+
+inline bool is_any_null(std::initializer_list<const void *> pointers) {
+    for (const void *pointer : pointers)
+        if (pointer == nullptr) return true;
+    return false;
+}
 
 /// Ends the operation with a status if any of the pointers is NULL.
 inline void check_pointers(std::initializer_list<const void *> pointers, vx_status_e status) {
-    for (const void *pointer : pointers) refuse_if(pointer == nullptr, status);
+    refuse_if(is_any_null(pointers), status);
+}
+
+/// Runs the body of an operation, which returns a status, or nothing for VX_SUCCESS.
+template <typename Body, typename On>
+vx_status_e run(const Body &body, On &on) {
+    if constexpr (std::is_void_v<decltype(body(on))>) {
+        body(on);
+        return VX_SUCCESS;
+    } else {
+        return body(on);
+    }
 }
 
 /// Runs an operation, one at a time, and lets no exception out. All driver functions go through here.
@@ -183,16 +205,17 @@ inline void check_pointers(std::initializer_list<const void *> pointers, vx_stat
 ///
 /// @param function The driver function's name, for messages: __func__.
 /// @param body     Gets the Chip, whatever its state.
-/// @return VX_SUCCESS when the body returns, or what it was refused with.
+/// @return VX_SUCCESS, or what the body returns or was refused with.
 template <typename Body>
 vx_status_e guarded(const char *function, Body body) noexcept {
     try {
         Chip &chip = Chip::instance();
         const std::lock_guard lock(chip.mutex);
         if (chip.power) chip.power->begin_call();
-        chip.fail_on_demand(function);
-        body(chip);
-        return VX_SUCCESS;
+        if (const auto failure = chip.demanded_failure(function)) return *failure;
+        return run(body, chip);
+    } catch (const Refusal &refusal) {
+        return refusal.status;
     } catch (...) {
         return status_of_exception(function);
     }
@@ -201,7 +224,8 @@ vx_status_e guarded(const char *function, Body body) noexcept {
 /// Runs an operation on the system, which must be initialised.
 template <typename Body>
 vx_status_e on_system(const char *function, Body body) noexcept {
-    return guarded(function, [&](Chip &chip) { body(chip.system()); });
+    return guarded(function,
+                   [&](Chip &chip) { return chip.power ? run(body, *chip.power) : VX_ERR_GLBL_SYS_UNINTIALIZED; });
 }
 
 /// Runs an operation on a device. Checks, in this order: the system, the id, the device, the pointers.
@@ -211,15 +235,15 @@ template <typename Body>
 vx_status_e on_device(const char *function, std::int64_t dev_id, std::initializer_list<const void *> pointers,
                       Body body) noexcept {
     return on_system(function, [&](System &system) {
-        Device &device = system.device(dev_id);
-        check_pointers(pointers, VX_ERR_DEV_NULL_PTR);
-        body(device);
+        if (const vx_status_e state = system.state_of(dev_id); state != VX_SUCCESS) return state;
+        if (is_any_null(pointers)) return VX_ERR_DEV_NULL_PTR;
+        return run(body, system.device(dev_id));
     });
 }
 
 /// Answers for a function of a device whose effect could be seen nowhere in the simulator.
 inline vx_status_e not_supported(const char *function, std::int64_t dev_id, const void *pointer) noexcept {
-    return on_device(function, dev_id, {pointer}, [](Device &) { throw Refusal{VX_ERR_GLBL_OP_NO_SUPPORTED_BY_SW}; });
+    return on_device(function, dev_id, {pointer}, [](Device &) { return VX_ERR_GLBL_OP_NO_SUPPORTED_BY_SW; });
 }
 
 }  // namespace lmq::sim

@@ -135,16 +135,18 @@ extern "C" {
 
 vx_status_e lmq_init_system(vx_startup_cfg_t *p_cfg) {
     return guarded(__func__, [&](Chip &chip) {
-        refuse_if(chip.power.has_value(), VX_ERR_GLBL_SYS_ALRDY_INTIALIZED);
+        if (chip.power) return VX_ERR_GLBL_SYS_ALRDY_INTIALIZED;
         start(chip, p_cfg);
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_init(vx_dev_id_t dev_id, vx_startup_cfg_t *p_cfg) {
     return guarded(__func__, [&](Chip &chip) {
-        refuse_if(chip.power.has_value(), VX_ERR_GLBL_SYS_ALRDY_INTIALIZED);
-        refuse_if(dev_id >= LMQ_NUM_DEVICES, VX_ERR_DEV_ID_INVALID);
+        if (chip.power) return VX_ERR_GLBL_SYS_ALRDY_INTIALIZED;
+        if (dev_id >= LMQ_NUM_DEVICES) return VX_ERR_DEV_ID_INVALID;
         start(chip, p_cfg);
+        return VX_SUCCESS;
     });
 }
 
@@ -185,10 +187,10 @@ vx_status_e vx_reset(vx_dev_id_t dev_id, vx_reset_mode_t rst_mode) {
     return guarded(__func__, [&](Chip &chip) {
         Device &device = chip.system().device(dev_id);
         switch (rst_mode) {
-            case VX_RESET_DRIVER: return shut_down(chip);
-            case VX_RESET_CHIP: return put_in_reset(device);
+            case VX_RESET_DRIVER: shut_down(chip); return VX_SUCCESS;
+            case VX_RESET_CHIP: put_in_reset(device); return VX_SUCCESS;
         }
-        throw Refusal{VX_ERR_GLBL_RANGE_CHECK_FAIL};
+        return VX_ERR_GLBL_RANGE_CHECK_FAIL;
     });
 }
 

@@ -21,6 +21,13 @@ struct Help {
 };
 inline constexpr Help no_help{};
 
+// A target that is short of flash does without the texts; its methods answer that there is none.
+#ifdef LMQ_WITHOUT_HELP
+inline constexpr bool has_help = false;
+#else
+inline constexpr bool has_help = true;
+#endif
+
 }  // namespace lmq
 
 namespace lmq::describe {
@@ -109,9 +116,12 @@ struct Prototype<R(P...)> {
 template <class F, class... A>
 constexpr MethodDraft<sizeof...(A)> method(const char *full_name, const Help &help, const A &...arguments) {
     static_assert(sizeof...(A) <= most_arguments);
-    return {full_name,      signature_text<A::letter...>,
-            help,           returns<typename Prototype<F>::result>(),
-            {arguments...}, is_result<typename Prototype<F>::result> && Prototype<F>::template matches<A...>()};
+    return {full_name,
+            signature_text<A::letter...>,
+            has_help ? help : no_help,
+            returns<typename Prototype<F>::result>(),
+            {arguments...},
+            is_result<typename Prototype<F>::result> && Prototype<F>::template matches<A...>()};
 }
 
 }  // namespace lmq::describe

@@ -45,6 +45,19 @@ class Backend {
         std::string printed = {};
     };
 
+    /// How the process that held the driver ended unasked.
+    struct Death {
+        pid_t process = 0;
+        /// The signal, or else the status; both 0 if the host has ended it for a misdeed.
+        int signal = 0, status = 0;
+        /// The same in words.
+        std::string how;
+        /// What it had in hand; empty if that was nothing.
+        std::string method;
+        /// What it printed since the last call, if it had nothing in hand.
+        std::string printed;
+    };
+
     /// For the metrics.
     struct State {
         /// The process that holds the driver.
@@ -76,6 +89,12 @@ class Backend {
 
     /// Does what can be done without waiting. Returns the outcome of the call in hand, once.
     virtual std::optional<Outcome> step() = 0;
+
+    /// The call whose outcome step() has returned last, or the one in hand, which is then given up. Gives it once.
+    virtual std::string take_call() = 0;
+
+    /// After step(): whether the process has died, and how. Tells it once.
+    virtual std::optional<Death> take_death() { return std::nullopt; }
 
     /// The descriptors that make step() worth calling; -1 stands for none.
     virtual std::array<pollfd, 4> waits() const = 0;

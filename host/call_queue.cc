@@ -13,6 +13,7 @@
 #include "fault.h"
 #include "gate.h"
 #include "monitor.h"
+#include "recorder.h"
 
 namespace lmq::host {
 namespace {
@@ -40,7 +41,9 @@ void drop(Exchange &exchange) {
 }  // namespace
 
 /// Makes the reply of a call.
-void CallQueue::settle(Exchange &exchange, Backend::Outcome outcome) try {
+/// @param process What the call was carried out in.
+void CallQueue::settle(Exchange &exchange, Backend::Outcome outcome, pid_t process) try {
+    const std::string call = backend_.take_call();
     switch (outcome.kind) {
         case Backend::Outcome::Kind::answer: {
             exchange.result = result_of(outcome.text);
@@ -58,6 +61,9 @@ void CallQueue::settle(Exchange &exchange, Backend::Outcome outcome) try {
             exchange.reply = xml(MHD_HTTP_BAD_GATEWAY, document(Fault{Fault::internal, std::move(outcome.text)}));
             break;
     }
+    recorder_.called({exchange.peer->address, exchange.user, exchange.method, call, exchange.reply->status,
+                      exchange.reply->body, outcome.printed, exchange.arrived, begun_},
+                     process);
     if (outcome.printed.empty()) return;
     exchange.reply->headers.emplace_back(
         output_header, std::string(output_path) + std::to_string(printed_.add(std::move(outcome.printed))));
@@ -66,8 +72,10 @@ void CallQueue::settle(Exchange &exchange, Backend::Outcome outcome) try {
 }
 
 void CallQueue::carry_out(Exchange &exchange) {
+    begun_ = Clock::now();
     backend_.begin(exchange.body.take(), exchange.method);
-    settle(exchange, *backend_.step());
+    settle(exchange, *backend_.step(), backend_.state().pid);
+    recorder_.flush();  // a driver that crashes takes this process along
 }
 
 const std::vector<Exchange *> &CallQueue::advance(bool moved) {
@@ -80,15 +88,27 @@ const std::vector<Exchange *> &CallQueue::advance(bool moved) {
 
 void CallQueue::take_outcome() {
     auto outcome = backend_.step();
-    if (!outcome || !is_busy_) return;
-    is_busy_ = false;
-    if (current_ != nullptr) {
-        settle(*current_, *std::move(outcome));
-        replied_.push_back(std::exchange(current_, nullptr));
-        return;
+    const auto death = backend_.take_death();
+    if (outcome && is_busy_) {
+        is_busy_ = false;
+        const pid_t process = death ? death->process : backend_.state().pid;
+        if (current_ != nullptr) {
+            settle(*current_, *std::move(outcome), process);
+            replied_.push_back(std::exchange(current_, nullptr));
+        } else {
+            take_lost(*outcome, process);
+        }
     }
+    if (death) recorder_.died(*death);
+}
+
+/// Takes the outcome of a call whose client has gone.
+void CallQueue::take_lost(const Backend::Outcome &outcome, pid_t process) {
+    const std::string call = backend_.take_call();
     const Result result =
-        outcome->kind == Backend::Outcome::Kind::answer ? result_of(outcome->text) : Result{Fault::internal};
+        outcome.kind == Backend::Outcome::Kind::answer ? result_of(outcome.text) : Result{Fault::internal};
+    recorder_.called({address_, user_, method_, call, client_has_gone, outcome.text, outcome.printed, arrived_, begun_},
+                     process);
     monitor_.served({address_, user_, method_, "", client_has_gone, result,
                      std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - begun_)});
 }
@@ -111,6 +131,7 @@ bool CallQueue::begin_next() {
     waiting_.pop_front();
     current_ = &next;
     is_busy_ = true;
+    arrived_ = next.arrived;
     begun_ = Clock::now();
     reported_ = false;
     backend_.begin(next.body.take(), std::move(method));
@@ -147,7 +168,8 @@ const std::vector<Exchange *> &CallQueue::stop(bool all) {
         settle(*current_,
                {Backend::Outcome::Kind::lost,
                 "The host has been stopped during " + method_ + ". Whether the call had an effect is not known.",
-                {}});
+                {}},
+               backend_.state().pid);
         replied_.push_back(std::exchange(current_, nullptr));
     }
     return replied_;

@@ -15,13 +15,14 @@
 namespace lmq::host {
 
 class Monitor;
+class Recorder;
 
 class CallQueue {
   public:
-    /// @param backend, monitor Must outlive the queue.
+    /// @param backend, monitor, recorder Must outlive the queue.
     /// @param slow A call that takes longer is reported while it lasts; 0 for never.
-    CallQueue(Backend &backend, Monitor &monitor, std::chrono::milliseconds slow)
-        : backend_(backend), monitor_(monitor), slow_(slow) {}
+    CallQueue(Backend &backend, Monitor &monitor, Recorder &recorder, std::chrono::milliseconds slow)
+        : backend_(backend), monitor_(monitor), recorder_(recorder), slow_(slow) {}
 
     /// Lets a call wait for its turn.
     void add(Exchange &exchange) {
@@ -61,7 +62,8 @@ class CallQueue {
     Reply health() const;
 
   private:
-    void settle(Exchange &exchange, Backend::Outcome outcome);
+    void settle(Exchange &exchange, Backend::Outcome outcome, pid_t process);
+    void take_lost(const Backend::Outcome &outcome, pid_t process);
     bool begin_next();
     void give_up(Exchange &exchange);
     void take_outcome();
@@ -69,6 +71,7 @@ class CallQueue {
 
     Backend &backend_;
     Monitor &monitor_;
+    Recorder &recorder_;
     std::chrono::milliseconds slow_;
     RecentOutput printed_;
     std::deque<Exchange *> waiting_;
@@ -78,7 +81,7 @@ class CallQueue {
     bool is_busy_ = false;
     Exchange *current_ = nullptr;
     std::string method_, address_, user_;
-    Clock::time_point begun_;
+    Clock::time_point arrived_, begun_;
     bool reported_ = false;
 };
 

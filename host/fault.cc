@@ -4,42 +4,29 @@
 #include <xmlrpc-c/base.h>
 
 #include <charconv>
-#include <memory>
 #include <new>
 
+#include "env.h"
+
 namespace lmq::host {
-namespace {
-
-/// A fault carrier of the XML-RPC library.
-struct Env : xmlrpc_env {
-    Env() { xmlrpc_env_init(this); }
-    ~Env() { xmlrpc_env_clean(this); }
-    Env(const Env &) = delete;
-    Env &operator=(const Env &) = delete;
-};
-
-struct Free {
-    void operator()(xmlrpc_mem_block *block) const { XMLRPC_MEMBLOCK_FREE(char, block); }
-};
-
-}  // namespace
 
 std::string document(const Fault &fault) {
     Env env, told;
-    xmlrpc_env_set_fault(&told, fault.code, fault.text.c_str());
-    const std::unique_ptr<xmlrpc_mem_block, Free> text(XMLRPC_MEMBLOCK_NEW(char, &env, 0));
-    if (env.fault_occurred) throw std::bad_alloc();
-    xmlrpc_serialize_fault(&env, text.get(), &told);
-    if (env.fault_occurred) throw std::bad_alloc();
-    return {XMLRPC_MEMBLOCK_CONTENTS(char, text.get()), XMLRPC_MEMBLOCK_SIZE(char, text.get())};
+    xmlrpc_env_set_fault(told, fault.code, fault.text.c_str());
+    const MemoryBlock block(env);
+    xmlrpc_serialize_fault(env, block.get(), told);
+    if (env.has_fault()) throw std::bad_alloc();
+    return std::string(block.text());
 }
 
 // The library writes the code in front of the text, so that nothing a client sent can stand before it.
 int fault_code(std::string_view answer) {
-    constexpr std::string_view int_tag = "<int>", i4_tag = "<i4>";
+    constexpr std::string_view opening = "<methodResponse>", fault_tag = "<fault>", int_tag = "<int>", i4_tag = "<i4>";
     const std::string_view head = answer.substr(0, 256);
-    const std::size_t fault = head.find("<fault>");
-    if (fault == std::string_view::npos || head.find("<params>") < fault) return 0;
+    const std::size_t opened = head.find(opening);
+    if (opened == std::string_view::npos) return 0;
+    const std::size_t fault = head.find_first_not_of("\r\n \t", opened + opening.size());
+    if (fault == std::string_view::npos || !head.substr(fault).starts_with(fault_tag)) return 0;
     std::size_t number = head.find(i4_tag, fault);
     number = number == std::string_view::npos ? head.find(int_tag, fault) + int_tag.size() : number + i4_tag.size();
     int code = Fault::internal;

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <exception>
+#include <string>
 #include <utility>
 
 #include "backend.h"
@@ -19,14 +20,16 @@ class InProcess : public Backend {
     bool ready() const override { return !outcome_; }
 
     void begin(std::string call, std::string) override {
+        in_hand_ = std::move(call);
         try {
-            outcome_ = Outcome{Outcome::Kind::answer, call_(call), {}};
+            outcome_ = Outcome{Outcome::Kind::answer, call_(in_hand_), {}};
         } catch (const std::exception &error) {
             outcome_ = Outcome{Outcome::Kind::unanswerable, error.what(), {}};
         }
     }
 
     std::optional<Outcome> step() override { return std::exchange(outcome_, std::nullopt); }
+    std::string take_call() override { return std::exchange(in_hand_, {}); }
     std::array<pollfd, 4> waits() const override { return {{{-1, 0, 0}, {-1, 0, 0}, {-1, 0, 0}, {-1, 0, 0}}}; }
     int timeout() const override { return outcome_ ? 0 : -1; }
     bool alive() const override { return true; }
@@ -34,6 +37,7 @@ class InProcess : public Backend {
 
   private:
     Call call_;
+    std::string in_hand_;
     std::optional<Outcome> outcome_;
 };
 

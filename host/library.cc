@@ -39,7 +39,7 @@ void *Library::symbol(const char *name) const {
     return address;
 }
 
-fs::path find_library(const std::string &role, const std::string &name, const std::string &option) {
+fs::path find_library(const std::string &role, const std::string &name, const std::string &remedy) {
     const fs::path folder = fs::read_symlink("/proc/self/exe").parent_path();
     const fs::path beside = folder / name;
     const fs::path installed = (folder / LMQ_HOST_LIBRARIES_FROM_PROGRAM / name).lexically_normal();
@@ -47,7 +47,7 @@ fs::path find_library(const std::string &role, const std::string &name, const st
         if (fs::exists(place)) return place;
     }
     throw std::runtime_error("no " + role + ": neither '" + beside.string() + "' nor '" + installed.string() +
-                             "' exists (" + option + " names another file)");
+                             "' exists (" + remedy + ")");
 }
 
 }  // namespace lmq::host

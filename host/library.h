@@ -51,8 +51,8 @@ class Library {
 /// of the installed tree.
 /// @param role   What the library is to the operator.
 /// @param name   The file's name.
-/// @param option The option that names another file; the error names it.
+/// @param remedy What else can be done; the error ends with it.
 /// @throws std::runtime_error with the places, if the file is in none of them.
-std::filesystem::path find_library(const std::string &role, const std::string &name, const std::string &option);
+std::filesystem::path find_library(const std::string &role, const std::string &name, const std::string &remedy);
 
 }  // namespace lmq::host

@@ -102,12 +102,13 @@ void run(const Options &options, const Reread &reread, Spawner &spawner, Output 
     Filters filters(backend->methods(), options.role, roles_of(users.get()));
     const Guard guard(backend->methods(), options.guard);
     const InterfaceFile interface(options.interface);
+    Recorder recorder(options.recorder);
     Gate gate(entry, std::move(users));
 
     FileDescriptor listener = options.socket.empty() ? address.listen() : listen_at(options.socket);
     const std::unique_ptr<const std::string, Remove> socket(&options.socket);
     Server server(std::move(listener), options.server, tls, gate, prepass, filters, guard, interface, console, monitor,
-                  *backend);
+                  recorder, *backend);
     if (options.check) return;
     if (options.socket.empty()) {
         const char *scheme = tls.certificate.empty() ? "http" : "https";
@@ -128,8 +129,9 @@ void run(const Options &options, const Reread &reread, Spawner &spawner, Output 
         good &=
             attempt([&] { use_tls(read_tls(options.tls_certificate, options.tls_key, options.tls_client_authority)); });
         good &= attempt([&] { monitor.reopen(); });
+        good &= attempt([&] { recorder.reopen(); });
         std::fprintf(stderr, "lmq-host: %s been read anew\n",
-                     good ? "users, certificates, rules and the access log have" : "all else has");
+                     good ? "users, certificates, rules, the access log and the trace have" : "all else has");
     });
 }
 
@@ -145,6 +147,8 @@ int main(int argc, char **argv) try {
 
     // A client that hangs up while its answer is being sent is not a reason to end.
     std::signal(SIGPIPE, SIG_IGN);
+    // Nor is a trace for which the system has no room.
+    std::signal(SIGXFSZ, SIG_IGN);
     if (!options->make_user.empty()) {
         std::puts(Users::line(options->make_user, ask_password()).c_str());
         return EXIT_SUCCESS;

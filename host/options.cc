@@ -19,6 +19,7 @@
 
 #include "config_file.h"
 #include "process.h"
+#include "version.h"
 
 namespace lmq::host {
 namespace {
@@ -225,7 +226,7 @@ void add_limits(Table &table, Options &options) {
     table.time("--stop-time", options.server.stop_time, 0, 86400, "S", "Seconds for the call under way at the end");
 }
 
-void add_watching(Table &table, Options &options) {
+void add_watching(Table &table, CLI::App &app, Options &options) {
     table.group("What to watch");
     table.text("--access-log", options.access_log, "FILE", "A line for each request ('-': standard error)");
     table.text("--log-format", options.log_format, "text|json", "Its form")
@@ -234,6 +235,13 @@ void add_watching(Table &table, Options &options) {
                                                                                    {"json", Monitor::Format::json}},
                                             CLI::ignore_case)
                         .description(""));
+    table.text("--trace", options.recorder.trace, "FILE", "Every call and its answer, for lmqctl trace");
+    table.size("--trace-limit", options.recorder.trace_limit, 4096, std::numeric_limits<std::size_t>::max() / 4 + 1,
+               "Lay it aside as FILE.1 when it would be longer");
+    CLI::Option *post_mortem =
+        table.text("--post-mortem", options.recorder.post_mortem, "DIR", "The last calls to a driver that died");
+    post_mortem->excludes(app.get_option("--in-process"));
+    table.size("--last-calls", options.recorder.last_calls, 0, most_bytes, "Bytes of them");
     table.time("--slow", options.server.slow, 0, 86'400'000, "MS",
                "Report calls that take longer, while they do; 0: none");
 }
@@ -269,6 +277,8 @@ std::string message(const CLI::ParseError &error, const ConfigFile &file, const 
 void complete(Options &options) {
     if (cores() == 1) options.worker.spin = std::chrono::microseconds(0);
     options.server.spin = options.worker.spin;
+    options.recorder.driver = options.driver;
+    options.recorder.plugin = options.plugin;
     const std::size_t descriptors = raise_descriptor_limit();
     const std::size_t most = descriptors > 2 * own_descriptors ? descriptors - own_descriptors : descriptors / 2;
     options.server.connections = static_cast<unsigned>(std::min<std::size_t>(options.server.connections, most));
@@ -286,7 +296,8 @@ std::optional<Options> read_options(int argc, char **argv, int &status) {
     const auto file = std::make_shared<ConfigFile>(app);
     app.formatter(std::make_shared<Help>());
     app.config_formatter(file);
-    app.set_version_flag("--version", "lmq-host " LMQ_HOST_VERSION, "Print the version and leave")->configurable(false);
+    app.set_version_flag("--version", std::string("lmq-host ") + version, "Print the version and leave")
+        ->configurable(false);
     app.set_help_flag("-h,--help", "Print this text and leave")->configurable(false);
     app.set_config("--config", "", "Read options from a file of lines NAME=VALUE")
         ->type_name("PATH")
@@ -296,7 +307,7 @@ std::optional<Options> read_options(int argc, char **argv, int &status) {
     add_programs(table, options);
     const auto [allow, deny] = add_entry(table, app, options);
     add_limits(table, options);
-    add_watching(table, options);
+    add_watching(table, app, options);
     app.footer("Exit status: 0 after a signal; 1 if the start failed, and a line on standard error says why.");
     try {
         app.parse(argc, argv);

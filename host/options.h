@@ -9,6 +9,7 @@
 #include "gate.h"
 #include "monitor.h"
 #include "prepass.h"
+#include "recorder.h"
 #include "server.h"
 #include "worker.h"
 
@@ -40,6 +41,7 @@ struct Options {
     bool in_process = false;
     std::string access_log;
     Monitor::Format log_format = Monitor::Format::text;
+    Recorder::Options recorder;
     bool check = false;
     /// Print the line of a user and leave.
     std::string make_user;

@@ -75,7 +75,11 @@ bool Output::read_some(Stream &stream) {
 }
 
 void Output::keep(std::string_view text) {
-    if (method_.empty()) return;
+    if (method_.empty()) {
+        kept_ += text;
+        if (kept_.size() > most_of_a_call) kept_.erase(0, kept_.size() - most_of_a_call / 2);
+        return;
+    }
     const std::string_view fits = text.substr(0, most_of_a_call - kept_.size());
     kept_ += fits;
     left_out_ += text.size() - fits.size();
@@ -102,7 +106,10 @@ void Output::write_line(Stream &stream) {
     if (!ready || write(stream.target, line.data(), line.size()) < 0) dropped_ += line.size();
 }
 
-void Output::begin(const std::string &method) { method_ = method; }
+void Output::begin(const std::string &method) {
+    method_ = method;
+    kept_.clear();
+}
 
 std::string Output::end() {
     pump();

@@ -34,11 +34,13 @@ class Output {
     /// from its other work.
     void pump();
 
-    /// Says that a call begins. What comes from now on is its.
+    /// Says that a call begins. What comes from now on is its; what came between the last one and now is forgotten.
     void begin(const std::string &method);
 
-    /// Says that the call has ended, after what it printed has been read.
-    /// @return What it printed; what is beyond the limit is left out, and the last line says so.
+    /// Says that the call has ended, or whoever prints between two calls, after what was printed has been read.
+    /// @return It. What is beyond the limit is left out: of a call the end, and the last line says so; between two
+    /// calls
+    ///         the beginning.
     std::string end();
 
     /// Bytes that could not be passed on, since nobody took them.

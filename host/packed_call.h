@@ -16,13 +16,12 @@
 #include <type_traits>
 #include <vector>
 
+#include "trace/packed.h"
+
 namespace lmq::host {
 
-/// The first byte of a packed call. No XML document begins with it.
-inline constexpr char packed_mark = '\x01';
-
-/// `other` is a value that cannot be packed; nothing of it follows.
-enum class Item : char { end, int32, int64, boolean, nil, string, array, structure, member, other };
+using trace::Item;
+using trace::packed_mark;
 
 /// Packs a call, piece by piece; what comes before begin() is dropped. Its memory serves one call after the other.
 class Packer {

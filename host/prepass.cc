@@ -1,6 +1,6 @@
-// The walk over a call's document with expat. A stack holds the open elements; which element may stand in which, and
-// how often, is decided when it opens, and text when it closes; values are packed as they come. To know a further type,
-// add it to `scalars`.
+// The walk over a call's document, with expat where it is not plain. A stack holds the open elements; which element may
+// stand in which, and how often, is decided when it opens, and text when it closes; values are packed as they come. To
+// know a further type, add it to `scalars`.
 #include "prepass.h"
 
 #include <expat.h>
@@ -18,6 +18,7 @@
 
 #include "encoding.h"
 #include "packed_call.h"
+#include "plain_reader.h"
 
 namespace lmq::host {
 namespace {
@@ -150,7 +151,8 @@ constexpr std::size_t inner_struct_depth = 9;
 /// The walks. No exception may pass through expat, so an exhausted memory is noted and told afterwards.
 class Prepass::Walk {
   public:
-    explicit Walk(const PrepassLimits &limits) : limits_(limits), parser_(XML_ParserCreate("UTF-8")) {
+    Walk(const PrepassLimits &limits, bool reads_plain)
+        : limits_(limits), reads_plain_(reads_plain), parser_(XML_ParserCreate("UTF-8")) {
         if (parser_ == nullptr) throw std::bad_alloc();
         while (salt_ == 0) salt_ = std::random_device()();
     }
@@ -165,16 +167,7 @@ class Prepass::Walk {
         const bool wide = document.find('\0') != std::string_view::npos || document.starts_with("\xFE\xFF") ||
                           document.starts_with("\xFF\xFE");
         if (wide) refuse(Fault::malformed, "The call is not encoded in UTF-8.");
-        XML_Parser parser = parser_.get();
-        if (!verdict_.fault &&
-            XML_Parse(parser, document.data(), static_cast<int>(document.size()), XML_TRUE) != XML_STATUS_OK &&
-            !verdict_.fault && !out_of_memory_) {
-            if (XML_GetErrorCode(parser) == XML_ERROR_NO_MEMORY) throw std::bad_alloc();
-            const char *what = XML_ErrorString(XML_GetErrorCode(parser));
-            refuse(Fault::malformed, "The call is not well-formed XML: " + std::string(what) + " in line " +
-                                         std::to_string(XML_GetCurrentLineNumber(parser)) + ".");
-        }
-        if (out_of_memory_) throw std::bad_alloc();
+        if (!verdict_.fault && !(reads_plain_ && plain_.read(document, Plain{*this}))) read_by_expat(document);
         verdict_.packed = packer_.bytes();
         verdict_.read = packer_.read();
         if (verdict_.packed.empty() && utf8.is_changed()) verdict_.document = document;
@@ -195,18 +188,15 @@ class Prepass::Walk {
         bool names_method = false;
     };
 
+    /// What the reader of plain documents reports. It ends with the first thing that is wrong, for expat to look at.
+    struct Plain {
+        Walk &walk;
+        bool open(std::string_view name) const { return walk.open(name, false), !walk.ended_; }
+        bool characters(std::string_view text) const { return walk.characters(text), !walk.ended_; }
+        bool close(std::string_view name) const { return walk.close(name), !walk.ended_; }
+    };
+
     void start() {
-        XML_Parser parser = parser_.get();
-        XML_ParserReset(parser, "UTF-8");
-        // Left to itself, expat asks the kernel for a fresh salt for each document.
-        XML_SetHashSalt(parser, salt_);
-        XML_SetUserData(parser, this);
-        XML_SetElementHandler(parser, guarded<&Walk::open, const XML_Char *, const XML_Char **>,
-                              guarded<&Walk::close, const XML_Char *>);
-        XML_SetCharacterDataHandler(parser, guarded<&Walk::characters, const XML_Char *, int>);
-        XML_SetXmlDeclHandler(parser, guarded<&Walk::declaration, const XML_Char *, const XML_Char *, int>);
-        XML_SetStartDoctypeDeclHandler(
-            parser, guarded<&Walk::doctype, const XML_Char *, const XML_Char *, const XML_Char *, int>);
         verdict_ = {};
         packer_.reset();
         stack_.assign(1, {Kind::document, 0, nullptr});
@@ -217,6 +207,29 @@ class Prepass::Walk {
         }
         depth_ = values_ = 0;
         ended_ = out_of_memory_ = false;
+    }
+
+    void read_by_expat(std::string_view document) {
+        start();
+        XML_Parser parser = parser_.get();
+        XML_ParserReset(parser, "UTF-8");
+        // Left to itself, expat asks the kernel for a fresh salt for each document.
+        XML_SetHashSalt(parser, salt_);
+        XML_SetUserData(parser, this);
+        XML_SetElementHandler(parser, guarded<&Walk::opened, const XML_Char *, const XML_Char **>,
+                              guarded<&Walk::closed, const XML_Char *>);
+        XML_SetCharacterDataHandler(parser, guarded<&Walk::more_characters, const XML_Char *, int>);
+        XML_SetXmlDeclHandler(parser, guarded<&Walk::declaration, const XML_Char *, const XML_Char *, int>);
+        XML_SetStartDoctypeDeclHandler(
+            parser, guarded<&Walk::doctype, const XML_Char *, const XML_Char *, const XML_Char *, int>);
+        if (XML_Parse(parser, document.data(), static_cast<int>(document.size()), XML_TRUE) != XML_STATUS_OK &&
+            !verdict_.fault && !out_of_memory_) {
+            if (XML_GetErrorCode(parser) == XML_ERROR_NO_MEMORY) throw std::bad_alloc();
+            const char *what = XML_ErrorString(XML_GetErrorCode(parser));
+            refuse(Fault::malformed, "The call is not well-formed XML: " + std::string(what) + " in line " +
+                                         std::to_string(XML_GetCurrentLineNumber(parser)) + ".");
+        }
+        if (out_of_memory_) throw std::bad_alloc();
     }
 
     template <auto Member, class... Arguments>
@@ -253,11 +266,14 @@ class Prepass::Walk {
         refuse(Fault::malformed, "The call declares a document type; neither that nor entities are accepted.");
     }
 
-    void open(const XML_Char *tag, const XML_Char **attributes) {
+    void opened(const XML_Char *tag, const XML_Char **attributes) { open(tag, attributes[0] != nullptr); }
+    void closed(const XML_Char *tag) { close(tag); }
+    void more_characters(const XML_Char *begin, int length) { characters({begin, static_cast<std::size_t>(length)}); }
+
+    void open(std::string_view name, bool has_attributes) {
         Element &parent = stack_.back();
-        const std::string_view name = tag;
         // XML-RPC has none, and the library's parser looks for each among all others, which names can be made to slow.
-        if (attributes[0] != nullptr) {
+        if (has_attributes) {
             return refuse(Fault::malformed, "The element <" + shortened(name) + "> has attributes.");
         }
         const std::size_t before = parent.children++;
@@ -325,13 +341,12 @@ class Prepass::Walk {
         }
     }
 
-    void characters(const XML_Char *begin, int length) {
-        const std::string_view text(begin, static_cast<std::size_t>(length));
+    void characters(std::string_view text) {
         if (text_.empty() && holds_only_elements(stack_.back().kind) && is_blank(text)) return;
         text_.append(text);
     }
 
-    void close(const XML_Char *tag) {
+    void close(std::string_view tag) {
         const Element element = stack_.back();
         stack_.pop_back();
         switch (element.kind) {
@@ -406,6 +421,8 @@ class Prepass::Walk {
     static constexpr std::size_t largest_kept = 1 << 20;
 
     PrepassLimits limits_;
+    bool reads_plain_;
+    PlainReader plain_;
     std::unique_ptr<XML_ParserStruct, Free> parser_;
     /// What clients cannot guess, so that they cannot choose names that collide in expat's tables. Not 0.
     unsigned long salt_ = 0;
@@ -422,7 +439,7 @@ class Prepass::Walk {
     bool out_of_memory_ = false;
 };
 
-Prepass::Prepass(const PrepassLimits &limits) : walk_(std::make_unique<Walk>(limits)) {}
+Prepass::Prepass(const PrepassLimits &limits, bool reads_plain) : walk_(std::make_unique<Walk>(limits, reads_plain)) {}
 Prepass::~Prepass() = default;
 
 Verdict Prepass::examine(std::string_view document) { return walk_->run(document); }

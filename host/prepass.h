@@ -49,8 +49,10 @@ struct Verdict {
 
 class Prepass {
   public:
+    /// @param reads_plain Whether documents in the usual form are read without expat, which makes no difference but
+    /// time.
     /// @throws std::bad_alloc if there is no memory for the XML parser.
-    explicit Prepass(const PrepassLimits &limits);
+    explicit Prepass(const PrepassLimits &limits, bool reads_plain = true);
     ~Prepass();
 
     /// Reads one document. What it was told before has no influence.

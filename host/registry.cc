@@ -1,82 +1,69 @@
-// Ownership of the XML-RPC library's objects, and its fault carrier turned into exceptions.
+// Calls by way of the XML-RPC library, or of the methods alone where the pre-pass has read the call.
 #include "registry.h"
 
-#include <cstdio>
 #include <cstdlib>
 #include <stdexcept>
 
+#include "answer_writer.h"
+#include "env.h"
 #include "packed_call.h"
 #include "xml_text.h"
 
 namespace lmq::host {
 namespace {
 
-/// A fault carrier of the XML-RPC library.
-class Fault {
-  public:
-    Fault() { xmlrpc_env_init(&env_); }
-    ~Fault() { xmlrpc_env_clean(&env_); }
-    Fault(const Fault &) = delete;
-    Fault &operator=(const Fault &) = delete;
-
-    xmlrpc_env *env() { return &env_; }
-
-    /// Throws what the carrier holds, if it holds anything.
-    void check() const {
-        if (env_.fault_occurred) throw std::runtime_error(env_.fault_string);
-    }
-
-  private:
-    xmlrpc_env env_;
-};
+using Value = std::unique_ptr<xmlrpc_value, void (*)(xmlrpc_value *)>;
 
 }  // namespace
 
 XmlrpcLibrary::XmlrpcLibrary() {
-    Fault fault;
-    xmlrpc_init(fault.env());
-    fault.check();
+    Env env;
+    xmlrpc_init(env);
+    env.check();
 }
 
 XmlrpcLibrary::~XmlrpcLibrary() { xmlrpc_term(); }
 
 Registry::Registry(std::size_t document_limit) {
     xmlrpc_limit_set(XMLRPC_XML_SIZE_LIMIT_ID, document_limit);
-    Fault fault;
-    registry_.reset(xmlrpc_registry_new(fault.env()));
-    fault.check();
+    Env env;
+    registry_.reset(xmlrpc_registry_new(env));
+    env.check();
 }
 
 void Registry::fill(Init *init) {
-    Fault fault;
-    init(registry_.get(), fault.env());
-    fault.check();
+    Env env;
+    {
+        const Methods::Recording recording(methods_);
+        init(registry_.get(), env);
+    }
+    env.check();
     // After the plug-in: a hook of its own would keep the parameters from its methods.
-    const auto add_parameters = [](xmlrpc_env *env, const char *, xmlrpc_value *params, void *packed) {
-        unpack(env, *static_cast<std::string_view *>(packed), params);
+    const auto add_parameters = [](xmlrpc_env *fault, const char *, xmlrpc_value *params, void *packed) {
+        unpack(fault, *static_cast<std::string_view *>(packed), params);
     };
-    xmlrpc_registry_set_preinvoke_method(fault.env(), registry_.get(), add_parameters, &packed_);
-    fault.check();
+    xmlrpc_registry_set_preinvoke_method(env, registry_.get(), add_parameters, &packed_);
+    env.check();
 }
 
 std::vector<std::string> Registry::methods() {
     const std::string answer = call("<methodCall><methodName>system.listMethods</methodName></methodCall>");
-    Fault fault;
+    Env env;
     xmlrpc_value *list = nullptr;
     int code = 0;
     const char *text = nullptr;
-    xmlrpc_parse_response2(fault.env(), answer.data(), answer.size(), &list, &code, &text);
-    fault.check();
-    const std::unique_ptr<xmlrpc_value, void (*)(xmlrpc_value *)> owner(list, &xmlrpc_DECREF);
+    xmlrpc_parse_response2(env, answer.data(), answer.size(), &list, &code, &text);
+    env.check();
+    const Value owner(list, &xmlrpc_DECREF);
     std::vector<std::string> names;
-    const int count = xmlrpc_array_size(fault.env(), list);
+    const int count = xmlrpc_array_size(env, list);
     for (int at = 0; at < count; ++at) {
         xmlrpc_value *item = nullptr;
-        xmlrpc_array_read_item(fault.env(), list, static_cast<unsigned>(at), &item);
-        const std::unique_ptr<xmlrpc_value, void (*)(xmlrpc_value *)> held(item, &xmlrpc_DECREF);
+        xmlrpc_array_read_item(env, list, static_cast<unsigned>(at), &item);
+        const Value held(item, &xmlrpc_DECREF);
         const char *name = nullptr;
-        xmlrpc_read_string(fault.env(), item, &name);
-        fault.check();
+        xmlrpc_read_string(env, item, &name);
+        env.check();
         names.emplace_back(name);
         std::free(const_cast<char *>(name));
     }
@@ -84,30 +71,49 @@ std::vector<std::string> Registry::methods() {
 }
 
 std::string Registry::call(std::string_view call) {
+    packed_ = {};
+    if (!call.starts_with(packed_mark)) return process(call);
+    const std::string_view name = packed_method(call);
+    if (MethodEntry *method = methods_.find(name)) return call_method(*method, call);
     // The library asks for nothing but a name in XML; the hook adds the parameters to those it has read, which are
     // none.
-    std::string head;
-    packed_ = {};
-    std::string_view document = call;
-    if (call.starts_with(packed_mark)) {
-        packed_ = call;
-        head.append("<methodCall><methodName>").append(packed_method(call)).append("</methodName></methodCall>");
-        document = head;
+    packed_ = call;
+    std::string head("<methodCall><methodName>");
+    return process(head.append(name).append("</methodName></methodCall>"));
+}
+
+/// Does what the library does with a call, but for the reading and writing of XML.
+std::string Registry::call_method(MethodEntry &method, std::string_view packed) {
+    Env env;
+    const Value parameters(xmlrpc_array_new(env), &xmlrpc_DECREF);
+    env.check();
+    unpack(env, packed, parameters.get());
+    xmlrpc_value *returned = nullptr;
+    if (!env.has_fault()) returned = method.function(env, parameters.get(), method.server_info, nullptr);
+    if (env.has_fault()) {
+        Env writing;
+        const MemoryBlock block(writing);
+        xmlrpc_serialize_fault(writing, block.get(), env);
+        writing.check();
+        check_xml(block.text());
+        return std::string(block.text());
     }
-    Fault fault;
+    if (returned == nullptr) throw std::runtime_error("The method has no result.");
+    const Value result(returned, &xmlrpc_DECREF);
+    std::string answer = answer_document(result.get(), method.answer_length);
+    method.answer_length = answer.size();
+    return answer;
+}
+
+/// Has the library carry out the call of a document.
+std::string Registry::process(std::string_view document) {
+    Env env;
     xmlrpc_mem_block *answer = nullptr;
-    xmlrpc_registry_process_call2(fault.env(), registry_.get(), document.data(), document.size(), nullptr, &answer);
-    fault.check();
-    const std::unique_ptr<xmlrpc_mem_block, void (*)(xmlrpc_mem_block *)> owner(
-        answer, [](xmlrpc_mem_block *block) { XMLRPC_MEMBLOCK_FREE(char, block); });
-    const std::string_view text(XMLRPC_MEMBLOCK_CONTENTS(char, answer), XMLRPC_MEMBLOCK_SIZE(char, answer));
-    if (const auto at = not_xml(text); at != std::string_view::npos) {
-        char code[8];
-        std::snprintf(code, sizeof code, "0x%02X", static_cast<unsigned char>(text[at]));
-        throw std::runtime_error("A text in the result holds the byte " + std::string(code) +
-                                 ", which XML cannot carry there.");
-    }
-    return std::string(text);
+    xmlrpc_registry_process_call2(env, registry_.get(), document.data(), document.size(), nullptr, &answer);
+    env.check();
+    const MemoryBlock block(answer);
+    check_xml(block.text());
+    return std::string(block.text());
 }
 
 }  // namespace lmq::host

@@ -11,6 +11,8 @@
 #include <string_view>
 #include <vector>
 
+#include "methods.h"
+
 namespace lmq::host {
 
 /// The process-wide set-up of the XML-RPC library.
@@ -54,9 +56,13 @@ class Registry {
         void operator()(xmlrpc_registry *registry) const { xmlrpc_registry_free(registry); }
     };
 
+    std::string call_method(MethodEntry &method, std::string_view packed);
+    std::string process(std::string_view document);
+
     XmlrpcLibrary library_;
     std::unique_ptr<xmlrpc_registry, Free> registry_;
-    /// The packed call that is carried out; empty if it is a document.
+    Methods methods_;
+    /// The packed call that the library carries out; empty if it is a document.
     std::string_view packed_;
 };
 

@@ -22,6 +22,7 @@
 #include <vector>
 
 #include "notify.h"
+#include "recorder.h"
 
 namespace lmq::host {
 namespace {
@@ -182,8 +183,10 @@ void Server::judge_document(Exchange &exchange) {
     if (exchange.reply) return exchange.body.clear();
     if (verdict.fault) {
         exchange.result = {verdict.fault->code};
-        exchange.body.clear();
         exchange.reply = xml(MHD_HTTP_OK, document(*verdict.fault));
+        recorder_.refused({exchange.peer->address, exchange.user, exchange.method, exchange.body.text(), MHD_HTTP_OK,
+                           exchange.reply->body, "", exchange.arrived, exchange.arrived});
+        exchange.body.clear();
     } else if (!verdict.packed.empty()) {
         exchange.body.replace(std::string(verdict.packed));
     } else if (!verdict.document.empty()) {
@@ -279,7 +282,7 @@ void Server::disconnected(Peer *peer) {
 
 Server::Server(FileDescriptor listener, const Options &options, const Tls &tls, const Gate &gate, Prepass &prepass,
                const Filters &filters, const Guard &guard, const InterfaceFile &interface, const Console &console,
-               Monitor &monitor, Backend &backend)
+               Monitor &monitor, Recorder &recorder, Backend &backend)
     : options_(options),
       gate_(gate),
       prepass_(prepass),
@@ -288,8 +291,9 @@ Server::Server(FileDescriptor listener, const Options &options, const Tls &tls, 
       interface_(interface),
       console_(console),
       monitor_(monitor),
+      recorder_(recorder),
       backend_(backend),
-      calls_(backend, monitor, options.slow),
+      calls_(backend, monitor, recorder, options.slow),
       answer_spinner_(options.spin),
       request_spinner_(options.spin),
       bodies_(options.max_bodies),
@@ -419,11 +423,19 @@ bool Server::wait(int other, int timeout) {
         }
         return count > 0;
     };
+    // The trace is written while the driver has a call in hand, or when nothing has come for a while: an answer that is
+    // out at once brings the next call at once.
+    const bool is_busy = calls_.has_call_in_hand();
     if (timeout == 0) {
         look(0);
-    } else {
-        Spinner &spinner = calls_.has_call_in_hand() ? answer_spinner_ : request_spinner_;
-        spinner.wait([&] { return look(0); }, [&] { look(timeout); });
+    } else if (!recorder_.has_unwritten() || !is_busy || !look(0)) {
+        if (is_busy) recorder_.flush();
+        Spinner &spinner = is_busy ? answer_spinner_ : request_spinner_;
+        spinner.wait([&] { return look(0); },
+                     [&] {
+                         recorder_.flush();
+                         look(timeout);
+                     });
     }
     backend_moved_ = std::any_of(std::begin(descriptors) + 2, std::end(descriptors),
                                  [](const pollfd &one) { return one.revents != 0; });

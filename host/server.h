@@ -34,6 +34,8 @@
 
 namespace lmq::host {
 
+class Recorder;
+
 class Server {
   public:
     struct Options {
@@ -61,7 +63,7 @@ class Server {
     /// @throws std::runtime_error if the HTTP library cannot be set up.
     Server(FileDescriptor listener, const Options &options, const Tls &tls, const Gate &gate, Prepass &prepass,
            const Filters &filters, const Guard &guard, const InterfaceFile &interface, const Console &console,
-           Monitor &monitor, Backend &backend);
+           Monitor &monitor, Recorder &recorder, Backend &backend);
     ~Server();
     Server(const Server &) = delete;
     Server &operator=(const Server &) = delete;
@@ -111,6 +113,7 @@ class Server {
     const InterfaceFile &interface_;
     const Console &console_;
     Monitor &monitor_;
+    Recorder &recorder_;
     Backend &backend_;
     CallQueue calls_;
     Lease lease_;

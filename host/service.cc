@@ -23,8 +23,14 @@ namespace {
 constexpr const char driver_name[] = LMQ_HOST_DRIVER_NAME;
 constexpr const char plugin_name[] = "lmq_xmlrpc.so";
 
+#ifdef LMQ_REAL_DRIVER
+constexpr const char driver_remedy[] = "--driver names another file";
+#else
+constexpr const char driver_remedy[] = "--driver names another file; the package lmq-sim has a simulated one";
+#endif
+
 Library load_driver(const std::string &named) {
-    Library driver("driver", named.empty() ? find_library("driver", driver_name, "--driver") : fs::path(named),
+    Library driver("driver", named.empty() ? find_library("driver", driver_name, driver_remedy) : fs::path(named),
                    Library::Exports::shared);
     if (!driver.satisfies(driver_name)) {
         throw std::runtime_error("the " + driver.description() + " does not carry the name (SONAME) " + driver_name);
@@ -50,7 +56,8 @@ std::vector<Method> described(const std::vector<std::string> &names, const Libra
 Service load_service(const std::string &driver, const std::string &plugin_file, std::size_t max_body) {
     const Library loaded_driver = load_driver(driver);
     const Library plugin("plug-in",
-                         plugin_file.empty() ? find_library("plug-in", plugin_name, "--plugin") : fs::path(plugin_file),
+                         plugin_file.empty() ? find_library("plug-in", plugin_name, "--plugin names another file")
+                                             : fs::path(plugin_file),
                          Library::Exports::own);
     auto *init = plugin.function<decltype(xrpc_init)>("xrpc_init");
     const auto registry = std::make_shared<Registry>(max_body);

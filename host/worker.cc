@@ -63,7 +63,7 @@ Worker::Worker(Spawner &spawner, Output &output, WorkerPlan plan, const Options 
                 throw std::runtime_error(loaded->text);
             }
         } else if (socket_.get() < 0) {
-            throw std::runtime_error("the worker " + bury() + " " + loading);
+            throw std::runtime_error("the worker " + bury().how + " " + loading);
         }
     }
     const std::size_t fresh = resident_bytes(pid_);
@@ -181,7 +181,6 @@ std::optional<Backend::Outcome> Worker::take_frame() {
         if (is_unread_) begin(std::exchange(call_, {}), std::exchange(method_, {}));
         return std::nullopt;
     }
-    call_ = {};
     failures_ = 0;
     maybe_recycle();
     return Outcome{kind == FrameKind::answer ? Outcome::Kind::answer : Outcome::Kind::unanswerable, std::move(text),
@@ -189,14 +188,22 @@ std::optional<Backend::Outcome> Worker::take_frame() {
 }
 
 /// Ends a worker whose time is over, and says how it ended.
-std::string Worker::bury() {
+Backend::Death Worker::bury() {
+    Death death;
+    death.process = std::exchange(pid_, -1);
     // Whoever has closed the socket answers no more calls, even if the process lives on.
-    const int status = spawner_.bury(std::exchange(pid_, -1));
+    const int status = spawner_.bury(death.process);
     socket_ = FileDescriptor();
     process_ = FileDescriptor();
     in_.reset();
     phase_ = Phase::dead;
-    return misdeed_.empty() ? cause_of_death(status) : misdeed_ + " and was ended";
+    if (!misdeed_.empty()) {
+        death.how = misdeed_ + " and was ended";
+        return death;
+    }
+    death.how = cause_of_death(status);
+    (WIFSIGNALED(status) ? death.signal : death.status) = WIFSIGNALED(status) ? WTERMSIG(status) : WEXITSTATUS(status);
+    return death;
 }
 
 void Worker::maybe_recycle() {
@@ -237,7 +244,7 @@ std::optional<Backend::Outcome> Worker::replace() {
     const Phase before = phase_;
     // A call that has not been sent in full cannot have begun.
     if (before == Phase::busy && !out_.is_done()) is_unread_ = true;
-    const std::string ended = bury();
+    Death death = bury();
     std::string printed = output_.end();
     due_ = Clock::now();
     if (before == Phase::ending) {
@@ -248,11 +255,16 @@ std::optional<Backend::Outcome> Worker::replace() {
     due_ += back_off(++failures_);
     const bool in_hand = before == Phase::busy && !is_unread_;
     const std::string when = in_hand ? "in " + method_ : before == Phase::starting ? loading : "between two calls";
-    std::fprintf(stderr, "lmq-host: the worker %s %s\n", ended.c_str(), when.c_str());
+    std::fprintf(stderr, "lmq-host: the worker %s %s\n", death.how.c_str(), when.c_str());
+    if (in_hand) {
+        death.method = method_;
+    } else {
+        death.printed = std::exchange(printed, {});
+    }
+    death_ = std::move(death);
     if (!in_hand) return std::nullopt;
-    call_ = {};
     return Outcome{Outcome::Kind::lost,
-                   "The process of the driver " + ended + " in " + method_ +
+                   "The process of the driver " + death_->how + " in " + method_ +
                        ". Whether the call had an effect is not known; another process follows.",
                    std::move(printed)};
 }

@@ -4,7 +4,9 @@
 
 #include <chrono>
 #include <cstddef>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "backend.h"
 #include "file_descriptor.h"
@@ -38,6 +40,8 @@ class Worker : public Backend {
     bool ready() const override { return phase_ == Phase::idle; }
     void begin(std::string call, std::string method) override;
     std::optional<Outcome> step() override;
+    std::string take_call() override { return std::exchange(call_, {}); }
+    std::optional<Death> take_death() override { return std::exchange(death_, std::nullopt); }
     std::array<pollfd, 4> waits() const override;
     int timeout() const override;
     bool alive() const override;
@@ -56,7 +60,7 @@ class Worker : public Backend {
     bool receive();
     bool is_expected() const;
     std::optional<Outcome> take_frame();
-    std::string bury();
+    Death bury();
     std::optional<Outcome> replace();
     void maybe_recycle();
 
@@ -69,8 +73,8 @@ class Worker : public Backend {
     FileDescriptor socket_;
     /// Readable when the process has ended, whoever else still holds its end of the socket.
     FileDescriptor process_;
-    /// The call in hand, and its number. It is kept until it is answered: if it turns out that the worker died without
-    /// having read it, the next one gets it.
+    /// The call in hand, and its number. It is kept at least until it is answered: if it turns out that the worker died
+    /// without having read it, the next one gets it.
     std::string call_;
     std::uint64_t number_ = 0;
     bool is_unread_ = false;
@@ -79,6 +83,8 @@ class Worker : public Backend {
     std::string method_;
     /// Why the worker is ended, if it did not end by itself.
     std::string misdeed_;
+    /// How the last one ended, until somebody asks.
+    std::optional<Death> death_;
     Clock::time_point due_;
     Clock::time_point started_;
     /// Workers in a row that died before they answered a call.

@@ -10,6 +10,7 @@
 #include <sstream>
 #include <string_view>
 
+#include "backtrace.h"
 #include "frame.h"
 #include "service.h"
 #include "spinner.h"
@@ -50,6 +51,7 @@ bool write_frame(int socket, FrameKind kind, std::uint64_t number, std::string_v
 
 void work(int socket, const WorkerPlan &plan) {
     std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
+    print_backtraces();
     Service service;
     try {
         service = load_service(plan.driver, plan.plugin, plan.max_call);

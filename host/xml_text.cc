@@ -2,7 +2,10 @@
 #include "xml_text.h"
 
 #include <cstdint>
+#include <cstdio>
 #include <cstring>
+#include <stdexcept>
+#include <string>
 
 namespace lmq::host {
 namespace {
@@ -47,6 +50,15 @@ std::size_t not_xml(std::string_view text) {
         at += length;
     }
     return std::string_view::npos;
+}
+
+void check_xml(std::string_view text) {
+    const std::size_t at = not_xml(text);
+    if (at == std::string_view::npos) return;
+    char code[8];
+    std::snprintf(code, sizeof code, "0x%02X", static_cast<unsigned char>(text[at]));
+    throw std::runtime_error("A text in the result holds the byte " + std::string(code) +
+                             ", which XML cannot carry there.");
 }
 
 }  // namespace lmq::host

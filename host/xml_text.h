@@ -11,4 +11,8 @@ namespace lmq::host {
 /// @return Where it is; npos if there is none.
 std::size_t not_xml(std::string_view text);
 
+/// Checks a text of a result, or a document of such texts.
+/// @throws std::runtime_error that names the first byte that no document may hold.
+void check_xml(std::string_view text);
+
 }  // namespace lmq::host

@@ -3,8 +3,9 @@
 The comments are Doxygen's, in the strict form that CONTRIBUTING.md describes. Whatever is missing, contradicts C or is
 not in that form is reported with file, line and what was expected.
 
-    contract.py INCLUDE [--json FILE] [--table FILE] [--terms FILE] [--unions FILE]
+    contract.py INCLUDE [--json FILE] [--fingerprint FILE] [--table FILE] [--terms FILE] [--unions FILE]
                                                           writes interface.json and the tables of host and remote driver
+    contract.py INCLUDE --released FILE                   writes it without its sentences, as interface/released.json has it
     contract.py INCLUDE --check [HEADER...]               reports what is wrong in these headers, or in all
 """
 
@@ -421,11 +422,31 @@ def fingerprint(interface):
     return hashlib.sha256(json.dumps(wire).encode()).hexdigest()[:16]
 
 
+def released(interface):
+    """The interface without its sentences, an entry a line: what later ones are compared with."""
+    def bare(value):
+        if isinstance(value, dict):
+            return {key: bare(each) for key, each in value.items()
+                    if key not in ("brief", "documentation", "result") or not isinstance(each, str)}
+        return [bare(each) for each in value] if isinstance(value, list) else value
+
+    def text(value):
+        return json.dumps(bare(value), separators=(",", ":"))
+    sections = []
+    for name, section in interface.items():
+        entries = section if isinstance(section, dict) else None
+        lines = [f"{json.dumps(key)}:{text(entry)}" for key, entry in (entries or {}).items()]
+        sections.append(f"{json.dumps(name)}:" + ("{\n" + ",\n".join(lines) + "\n}" if entries else text(section)))
+    return "{" + ",\n".join(sections) + "}\n"
+
+
 def main():
     parser = argparse.ArgumentParser(description="Reads the contract out of the headers' comments.")
     parser.add_argument("include", help="the folder that holds lmq/*.h")
     parser.add_argument("--check", nargs="*", metavar="HEADER", help="only report problems, of these headers")
     parser.add_argument("--json", metavar="FILE", help="write interface.json")
+    parser.add_argument("--released", metavar="FILE", help="write interface.json without its sentences")
+    parser.add_argument("--fingerprint", metavar="FILE", help="write the fingerprint of the interface")
     parser.add_argument("--table", metavar="FILE", help="write the host's table, C++")
     parser.add_argument("--terms", metavar="FILE", help="write the remote driver's table of arguments, C++")
     parser.add_argument("--unions", metavar="FILE", help="write the remote driver's table of unions, C++")
@@ -445,6 +466,10 @@ def main():
         pathlib.Path(options.json).write_bytes(made)
         # Without a time in it, so that two builds are the same.
         pathlib.Path(options.json + ".gz").write_bytes(gzip.compress(made, mtime=0))
+    if options.released:
+        pathlib.Path(options.released).write_text(released(reader.interface))
+    if options.fingerprint:
+        pathlib.Path(options.fingerprint).write_text(reader.interface["fingerprint"] + "\n")
     if options.table:
         pathlib.Path(options.table).write_text(table.text(reader.interface))
     if options.terms:

@@ -7,11 +7,12 @@
 set -euo pipefail
 root=$(dirname -- "$(dirname -- "$(readlink -f -- "$0")")")
 source "$root/scripts/setup.sh"
+source "$root/scripts/root.sh"
 
 [[ $EUID -eq 0 ]] || die "only root can make a root"
 # Mounts and processes of its own: both are gone when this script is.
 if [[ ${1-} != --inside ]]; then
-    install_packages "debootstrap git"
+    install_packages "mmdebstrap git"
     bare=$(mktemp -d "${1:-/tmp}/bare-root.XXXXXX")
     trap 'rm -rf --one-file-system "$bare"' EXIT
     unshare --mount --pid --fork --kill-child "$0" --inside "$bare"
@@ -19,22 +20,11 @@ if [[ ${1-} != --inside ]]; then
 fi
 
 bare=$2
-mirror=$(apt-get indextargets --format '$(REPO_URI)' 'Codename: bookworm' 'Created-By: Packages' | head -n 1)
-[[ -n $mirror ]] || die "this machine takes no packages from a Debian 12"
-say "Making a bare Debian 12"
-quietly debootstrap --variant=minbase bookworm "$bare" "$mirror" || die "debootstrap failed; its messages are above"
-mount -t proc proc "$bare/proc"
-mount -t devpts devpts "$bare/dev/pts"
-cp -L /etc/resolv.conf "$bare/etc/resolv.conf"
+make_root "$bare" ""
 quietly git clone --quiet --no-hardlinks "$root" "$bare/root/clone" || die "git cannot clone the repository"
 
-# there COMMAND...: runs it in the clone, with nothing of this machine's environment but the way to the packages.
-there() {
-    local proxies=()
-    mapfile -t proxies < <(env | grep -i '_proxy=' || true)
-    env -i HOME=/root PATH=/usr/sbin:/usr/bin:/sbin:/bin "${proxies[@]}" \
-        chroot "$bare" sh -c 'cd /root/clone && exec "$@"' sh "$@"
-}
+# there COMMAND...: runs it in the clone.
+there() { in_root "$bare" sh -c 'cd /root/clone && exec "$@"' sh "$@"; }
 
 failed=()
 started=$SECONDS

@@ -78,7 +78,7 @@ def arguments():
     parse.add_argument("--seconds", type=int, default=1, help="of each server in each round")
     parse.add_argument("--idle", type=int, default=1000,
                        help="idle connections to each server beside, in half of a round; 0 leaves it out")
-    parse.add_argument("--only", help="comma-separated: two,in-process,library,python")
+    parse.add_argument("--only", help="comma-separated: two,traced,in-process,library,python")
     parse.add_argument("--host-options", default="", help="more options of lmq-host")
     parse.add_argument("--json", type=Path, metavar="FILE", help="where to write the numbers")
     options = parse.parse_args()
@@ -89,7 +89,7 @@ def arguments():
     return options
 
 
-def commands(options):
+def commands(options, folder):
     """The name and the command of each server, by the word that --only knows it by."""
     build = options.build
     # The driver of the tests takes no time: what is measured is all that is around it.
@@ -97,6 +97,7 @@ def commands(options):
     host = [build / "lmq-host", "--listen", "127.0.0.1:PORT", *libraries, *options.host_options.split()]
     return {
         "two": ("lmq-host", host),
+        "traced": ("lmq-host --trace", [*host, "--trace", folder / "trace", "--trace-limit", "64MB"]),
         "in-process": ("lmq-host --in-process", [*host, "--in-process"]),
         "library": ("the library's server", [build / "library-server", "PORT", *libraries[1::2]]),
         "python": ("Python's server", [sys.executable, HERE / "python_server.py", "PORT"]),
@@ -158,10 +159,10 @@ def main():
     # Each idle connection is a descriptor here, and one in its server.
     most = resource.getrlimit(resource.RLIMIT_NOFILE)[1]
     resource.setrlimit(resource.RLIMIT_NOFILE, (min(most, 5 * options.idle + 1000), most))
-    known = commands(options)
-    chosen = {key: known[key] for key in (options.only.split(",") if options.only else known)}
     with tempfile.TemporaryDirectory() as name:
         folder = Path(name)
+        known = commands(options, folder)
+        chosen = {key: known[key] for key in (options.only.split(",") if options.only else known)}
         # The driver of the tests writes down what it is handed into this file.
         os.environ["LMQ_PROBE"] = str(folder / "probe")
         with open(os.environ["LMQ_PROBE"], "wb") as probe:

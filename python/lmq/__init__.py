@@ -9,6 +9,8 @@
 of the first host that was connected.
 """
 
+import pathlib as _pathlib
+
 from . import boards as _boards
 from . import errors as _errors
 from .chip import Batch, Chip, Future
@@ -20,7 +22,7 @@ from .values import Result, Struct
 
 __all__ = ["ArgumentError", "Batch", "Chip", "Error", "Fault", "Future", "HostError", "Interface", "Result",
            "StatusError", "Struct", "WaitTimeout", "connect"]
-__version__ = "0.1.0"
+__version__ = (_pathlib.Path(__file__).parent / "VERSION").read_text().strip()
 
 _interfaces = {}  # by the tag that hosts give it: those with the same interface share it, and its enums
 

@@ -4,7 +4,8 @@ chip: sessions.py CMAKE BUILD DOCUMENT...
 A fenced block of `sh` or `python` is a session if a block of `text` comes next, which is what it must print. A block of
 `xml` before another one is a document to post and its answer. A block of `console` that begins with `$ lmqctl` is one of
 commands with what each prints; behind `lmqctl> ` stand the lines of a session. All sessions of a document run in their
-order against a host of its own. Links to files are followed too.
+order against a host of its own, in a folder that has what the repository has, with this build as `build/release`. Links to
+files are followed too.
 """
 
 import contextlib
@@ -15,6 +16,7 @@ import io
 import os
 import pathlib
 import re
+import socket
 import subprocess
 import sys
 import tempfile
@@ -22,13 +24,30 @@ import tempfile
 sys.path.insert(0, str(pathlib.Path(__file__).parent.parent))
 import hosting  # noqa: E402
 
+ROOT = pathlib.Path(__file__).parents[2]
 WRITTEN = "127.0.0.1:8080"  # the address in the documents, which gives way to the host's
+EXPORTER = "127.0.0.1:9786"  # likewise, to one that is free
 FENCE = re.compile(r"^```(\w*)\n(.*?)^```$", re.MULTILINE | re.DOTALL)
 LINK = re.compile(r"\]\((?!https?:)([^)#]+)")
 
 
+def free_address():
+    with contextlib.closing(socket.create_server(("127.0.0.1", 0))) as listener:
+        return f"127.0.0.1:{listener.getsockname()[1]}"
+
+
+def tree(folder, build):
+    """Makes the folder in which the sessions run."""
+    (folder / "build").mkdir(parents=True)
+    for entry in ROOT.iterdir():
+        if entry.name not in ("build", ".git"):
+            (folder / entry.name).symlink_to(entry)
+    (folder / "build" / "release").symlink_to(pathlib.Path(build).resolve())
+    os.chdir(folder)
+
+
 def shell(text, address):
-    text = text.replace(WRITTEN, address)
+    text = text.replace(WRITTEN, address).replace(EXPORTER, free_address())
     return subprocess.run(["bash", "-c", text], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
                           stderr=subprocess.STDOUT, text=True, timeout=60).stdout
 
@@ -57,7 +76,6 @@ def console(text, address):
         for line in typed or [None]:
             got = subprocess.run(["bash", "-c", command], input=line or "", stdout=subprocess.PIPE,
                                  stderr=subprocess.STDOUT, text=True, timeout=60,
-                                 cwd=pathlib.Path(os.environ["XDG_CACHE_HOME"]).parent,
                                  env=dict(os.environ, LMQ_URL=f"http://{address}/RPC2")).stdout
             printed += (f"lmqctl> {line}\n" if typed else "") + got
     return printed.replace(address, WRITTEN)
@@ -98,14 +116,17 @@ def check(document, address):
 
 
 def main(cmake, build, *documents):
+    documents = [pathlib.Path(document).resolve() for document in documents]
     with tempfile.TemporaryDirectory() as prefix:
         subprocess.run([cmake, "--install", build, "--prefix", prefix], check=True, stdout=subprocess.DEVNULL)
         folder = pathlib.Path(prefix, "bin")
         sys.path.insert(0, f"{prefix}/lib/python3/dist-packages")
-        kept = hosting.environment(PATH=f"{folder}:{os.environ['PATH']}", XDG_CACHE_HOME=f"{prefix}/cache",
-                                   COLUMNS="120")
+        # Debian's Python first: another one may lack Debian's packages.
+        kept = hosting.environment(PATH=f"{folder}:/usr/bin:{os.environ['PATH']}", XDG_CACHE_HOME=f"{prefix}/cache",
+                                   PYTHONPATH=f"{prefix}/lib/python3/dist-packages", COLUMNS="120")
         os.environ.clear()
         os.environ.update(kept)
+        tree(pathlib.Path(prefix, "tree"), build)
         results = [run(folder / "lmq-host", document) for document in documents]
     sessions = sum(count for count, _ in results)
     print(f"{sessions} sessions")

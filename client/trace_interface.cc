@@ -1,0 +1,58 @@
+// The places where an interface may be, in their order.
+#include "trace_interface.h"
+
+#include <cstdio>
+#include <exception>
+
+#include "cache.h"
+#include "error.h"
+#include "file.h"
+
+namespace lmqctl {
+
+namespace {
+
+void warn(const std::string &text) { std::fprintf(stderr, "lmqctl: %s\n", text.c_str()); }
+
+std::unique_ptr<TraceInterface> of_file(const std::string &file) {
+    try {
+        return std::make_unique<TraceInterface>(read_text(file));
+    } catch (const Error &) {
+        throw;
+    } catch (const std::exception &) {
+        throw UsageError("--interface: " + file + " is no dictionary of lmqctl's cache");
+    }
+}
+
+std::unique_ptr<TraceInterface> of_host(Context &context) {
+    try {
+        return std::make_unique<TraceInterface>(context.dictionary().text());
+    } catch (const Error &error) {
+        warn(std::string("numbers have no names: this interface is not in the cache, and ") + error.what());
+        return nullptr;
+    }
+}
+
+}  // namespace
+
+std::unique_ptr<TraceInterface> find_interface(Context &context, const std::string &fingerprint,
+                                               const std::string &file) {
+    std::unique_ptr<TraceInterface> found;
+    if (file.empty()) {
+        try {
+            if (auto text = load_cached_interface(fingerprint))
+                return std::make_unique<TraceInterface>(std::move(*text));
+        } catch (const std::exception &) {
+            context.note("the cached dictionary is damaged");
+        }
+        found = of_host(context);
+    } else {
+        found = of_file(file);
+    }
+    if (found && found->dictionary.fingerprint() != fingerprint)
+        warn("the trace is of another interface than " + (file.empty() ? context.connection.url : file) +
+             ": names may be wrong");
+    return found;
+}
+
+}  // namespace lmqctl

@@ -1,0 +1,156 @@
+// Files that are begun, gone on with, and laid aside.
+#include "writer.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <cstdio>
+#include <cstring>
+#include <utility>
+
+#include "format.h"
+
+namespace lmq::trace {
+
+Writer::Writer(std::string path, Record head, Mode mode, std::uint64_t limit)
+    : path_(std::move(path)),
+      head_(std::move(head)),
+      limit_(limit),
+      maps_(mode == Mode::append),
+      file_(open_file(mode)) {
+    head_.kind = Kind::head;
+    try {
+        if (take_up(file_)) return;
+        if (size_ > 0) {
+            lay_aside();
+        } else {
+            begin();
+        }
+    } catch (...) {
+        close(file_);
+        throw;
+    }
+}
+
+Writer::~Writer() {
+    cut_off_room();
+    close(file_);
+}
+
+/// Takes away the room behind the last record.
+void Writer::cut_off_room() {
+    tail_.release();
+    if (std::exchange(has_room_, false)) static_cast<void>(ftruncate(file_, static_cast<off_t>(size_)) == 0);
+}
+
+void Writer::fail(const std::string &what) const {
+    throw Error("cannot " + what + " the trace '" + path_ + "': " + std::strerror(errno));
+}
+
+int Writer::open_file(Mode mode) {
+    const int how = mode == Mode::append ? 0 : mode == Mode::create ? O_EXCL : O_TRUNC;
+    const int file =
+        open(path_.c_str(), O_RDWR | O_APPEND | O_CREAT | O_CLOEXEC | O_NOCTTY | O_NONBLOCK | how, S_IRUSR | S_IWUSR);
+    if (file < 0) fail("open");
+    struct stat is {};
+    if (fstat(file, &is) != 0 || !S_ISREG(is.st_mode)) {
+        close(file);
+        throw Error("cannot write the trace '" + path_ + "': it is no file");
+    }
+    if (flock(file, LOCK_EX | LOCK_NB) != 0) {
+        close(file);
+        throw Error("cannot write the trace '" + path_ + "': another process does");
+    }
+    // It may have been made by somebody who did not think of what calls can hold.
+    fchmod(file, S_IRUSR | S_IWUSR);
+    size_ = static_cast<std::uint64_t>(is.st_size);
+    return file;
+}
+
+/// Looks for the place in a file where to go on.
+/// @return Whether there is one.
+/// @throws Error if what is there is no trace.
+bool Writer::take_up(int file) try {
+    if (size_ == 0) return false;
+    Reader reader(path_);
+    while (const RecordView *record = reader.next()) {
+        if (record->number >= next_number_) next_number_ = record->number + 1;
+    }
+    if (reader.head().fingerprint != head_.fingerprint) return false;
+    if (size_ > reader.offset() && ftruncate(file, static_cast<off_t>(reader.offset())) != 0) fail("mend");
+    size_ = reader.offset();
+    return true;
+} catch (const TornHead &) {
+    return false;
+}
+
+/// Writes what a file begins with.
+void Writer::begin() {
+    const auto now = std::chrono::system_clock::now().time_since_epoch();
+    head_.time = std::chrono::duration_cast<std::chrono::microseconds>(now).count();
+    std::string bytes(magic);
+    bytes += encode(RecordView(head_));
+    size_ = 0;
+    write_sealed(bytes);
+}
+
+/// Goes on in a new file.
+void Writer::lay_aside() {
+    cut_off_room();
+    if (std::rename(path_.c_str(), (path_ + ".1").c_str()) != 0) fail("lay aside");
+    const int next = open_file(Mode::create);
+    close(std::exchange(file_, next));
+    begin();
+}
+
+void Writer::write(const RecordView &record) { write_sealed(encode(record)); }
+
+void Writer::write_sealed(std::string_view record) {
+    const bool has_records = size_ > magic.size() + size_of(RecordView(head_));
+    if (limit_ > 0 && has_records && size_ + record.size() > limit_) lay_aside();
+    if (maps_) {
+        has_room_ = true;
+        maps_ = tail_.reach(file_, size_, record.size(), limit_);
+        if (maps_) return put(record);
+        cut_off_room();
+    }
+    for (std::size_t at = 0; at < record.size();) {
+        const ssize_t count = ::write(file_, record.data() + at, record.size() - at);
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) {
+            const int why = errno;
+            // A torn end is readable all the same.
+            static_cast<void>(ftruncate(file_, static_cast<off_t>(size_)) == 0);
+            errno = why;
+            fail("write");
+        }
+        at += static_cast<std::size_t>(count);
+    }
+    size_ += record.size();
+}
+
+/// Puts a record where there is room.
+void Writer::put(std::string_view record) {
+    if (!tail_.put(size_, record)) {
+        tail_.release();
+        has_room_ = false;
+        throw Error("the trace '" + path_ + "' has been cut off by another program");
+    }
+    size_ += record.size();
+}
+
+void Writer::reopen() {
+    // The lock is taken anew: the file may be the same.
+    cut_off_room();
+    flock(file_, LOCK_UN);
+    Writer next(path_, head_, Mode::append, limit_);
+    std::swap(file_, next.file_);
+    std::swap(size_, next.size_);
+    std::swap(has_room_, next.has_room_);
+}
+
+}  // namespace lmq::trace
