@@ -239,7 +239,7 @@ class Session(CtlTest):
         (self.folder / "timer.json").write_text('{"wd_timer": 4711}')
         terminal.type(f"lmqctl call --dry-run vx_watchdog_set 0 @{self.folder}/tim\t\n")
         terminal.wait_for('"wd_timer": 4711')
-        terminal.type("lmqctl watch --samples 1 'vx_watchdog_set 0 p_cfg.wd_action=VX_WD_ACTION_R\t' --columns wd_timer\n")
+        terminal.type("lmqctl watch --samples 1 'vx_watchdog_set 0 p_cfg.wd_action=VX_WD_ACTION_W\t' --columns wd_timer\n")
         terminal.wait_for("every 1 s")
         terminal.type("exit\n")
         terminal.end()
