@@ -1,12 +1,42 @@
 // Answers for programs.
 #include "answer.h"
 
+#include <algorithm>
+
 #include "error.h"
 #include "names.h"
 #include "scalar_text.h"
 #include "session.h"
 
 namespace lmqctl {
+
+namespace {
+
+// The enumerators in a value, in its shape: null for what has none.
+Json names_in(const Dictionary &dictionary, const Type &type, const Json &value) {
+    if (value.is_number_integer() && type.element) return names_in(dictionary, *type.element, value);
+    if (value.is_number_integer()) {
+        const Enum *values = type.kind == Type::enumeration ? dictionary.enumeration(type.name) : nullptr;
+        if (!values) return {};
+        if (const Enumerator *named = values->numbered(value.get<int64_t>())) return named->name;
+        return type.meaning.is_bits && value != 0 ? Json(scalar_to_text(dictionary, type, value)) : Json();
+    }
+    Json names;
+    if (!value.is_structured()) return names;
+    for (const auto &[key, inside] : value.items()) {
+        const Member *member = value.is_object() ? type.member(key) : nullptr;
+        if (value.is_object() && !member) continue;
+        const Json name = names_in(dictionary, member ? *member->type : type.element ? *type.element : type, inside);
+        if (value.is_array())
+            names.push_back(name);
+        else if (!name.is_null())
+            names[key] = name;
+    }
+    const bool is_empty = std::all_of(names.begin(), names.end(), [](const Json &name) { return name.is_null(); });
+    return is_empty ? Json() : names;
+}
+
+}  // namespace
 
 bool is_success(const Dictionary &dictionary, const Method &method, const Json &result) {
     if (!method.is_described() || !result.is_number_integer()) return true;
@@ -37,8 +67,14 @@ Json json_answer(const Dictionary &dictionary, Types &types, const Method &metho
         values && answer[0].is_number_integer() ? values->numbered(answer[0].get<int64_t>()) : nullptr;
     if (values) json["status"] = named ? Json(named->name) : Json();
     json["arguments"] = Json::object();
-    for (std::size_t i = 0; i < method.parameters.size() && i + 1 < answer.size(); ++i)
-        json["arguments"][method.parameters[i].name] = plain(*types.parameter(method.parameters[i]), answer[i + 1]);
+    json["names"] = Json::object();
+    for (std::size_t i = 0; i < method.parameters.size() && i + 1 < answer.size(); ++i) {
+        const std::string &name = method.parameters[i].name;
+        const TypePtr type = types.parameter(method.parameters[i]);
+        json["arguments"][name] = plain(*type, answer[i + 1]);
+        if (Json names = names_in(dictionary, *type, answer[i + 1]); !names.is_null())
+            json["names"][name] = std::move(names);
+    }
     return json;
 }
 

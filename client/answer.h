@@ -16,7 +16,8 @@ int exit_status_of(const Dictionary &dictionary, const Method &method, const Jso
 /// What the function returned: the first element of an answer, or all of one that has another form.
 const Json &result_of(const Json &answer);
 
-/// An answer as --json shows it. A fault is an object under "fault".
+/// An answer as --json shows it: `names` has the enumerators among `arguments`, at the same places. A fault is an
+/// object under "fault".
 Json json_answer(const Dictionary &dictionary, Types &types, const Method &method, const Json &answer);
 
 /// The alternative of an overlay that its selector, a member of the same struct, means; nullptr if none is.

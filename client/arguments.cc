@@ -2,6 +2,7 @@
 #include "arguments.h"
 
 #include <algorithm>
+#include <set>
 
 #include "error.h"
 #include "names.h"
@@ -43,7 +44,7 @@ Json plain_arguments(const Method &method, const std::vector<std::string> &words
 // the method's arguments.
 Json named_arguments(const Method &method, const std::string &text) {
     // A text that is broken gets its error as the argument that it is.
-    if (!text.starts_with('{') || !Json::accept(text, true)) return {};
+    if (!text.starts_with('{') || !is_json_of_user(text)) return {};
     Json given = json_of_user(text, method.name);
     std::vector<std::string> names;
     for (const Parameter &parameter : method.parameters) names.push_back(parameter.name);
@@ -97,7 +98,7 @@ bool looks_like_a_count(const Parameter &parameter) {
 class Arguments {
   public:
     Arguments(const Dictionary &dictionary, Types &types, const Method &method, const ArgumentOptions &options)
-        : method_(method), input_(dictionary, options), options_(options) {
+        : dictionary_(dictionary), method_(method), input_(dictionary, options), options_(options) {
         std::vector<std::string> names;
         for (const Parameter &parameter : method.parameters) {
             slots_.push_back({types.parameter(parameter), {}, false});
@@ -152,6 +153,9 @@ class Arguments {
             inputs.push_back(i);
             if (!list_of_capacity(method_, method_.parameters[i])) needed.push_back(i);
         }
+        for (std::size_t i = 0; i < slots_.size() && words.size() < needed.size(); ++i)
+            if (take_default(i))
+                for (std::vector<std::size_t> *places : {&open, &inputs, &needed}) std::erase(*places, i);
         if (words.size() > open.size())
             throw UsageError(method_.name + " takes " + std::to_string(slots_.size()) + " arguments; " +
                              std::to_string(words.size() - open.size()) + " too many: " + words[open.size()] + "\n" +
@@ -168,7 +172,10 @@ class Arguments {
 
     /// The parameters of the request.
     Json all() {
-        for (Slot &slot : slots_) input_.set_flags(*slot.type, slot.value);
+        for (std::size_t i = 0; i < slots_.size(); ++i) {
+            input_.set_selectors(*slots_[i].type, slots_[i].value, method_.parameters[i].name);
+            input_.set_flags(*slots_[i].type, slots_[i].value);
+        }
         for (std::size_t i = 0; i < slots_.size(); ++i) fill_in_count(i);
         Json arguments = Json::array();
         for (std::size_t i = 0; i < slots_.size(); ++i) {
@@ -181,7 +188,7 @@ class Arguments {
                                       : ", or --count " + parameter.name + "=N if it is an output of N elements") +
                                  "\n" + method_.prototype());
             arguments.push_back(slot.is_given ? slot.value : left_out(i));
-            if (!options_.force) check_length(i, arguments.back());
+            if (!options_.force && !options_.symbols) check_length(i, arguments.back());
         }
         return arguments;
     }
@@ -202,6 +209,32 @@ class Arguments {
             throw UsageError(*other == key ? key + " is given twice"
                                            : key + "= would undo " + *other + "=; put it in front");
         keys.push_back(key);
+    }
+
+    // The default that is meant for an argument: the first for a device, or for a port that it can be.
+    bool take_default(std::size_t at) {
+        const Parameter &parameter = method_.parameters[at];
+        Slot &slot = slots_[at];
+        for (const auto &[kind, value] : options_.defaults) {
+            if (slot.is_given || defaults_taken_.contains(kind) || !is_of_kind(parameter, kind)) continue;
+            const Json of_kind = dictionary_.said(Dictionary::ids, parameter.said.meaning.id);
+            const Json range = of_kind.is_object() ? of_kind.value("range", Json()) : Json();
+            const bool fits = range.is_null() || (value >= range[0] && value <= range[1]);
+            if (!fits || !parameter.said.meaning.allows(value)) continue;
+            slot.value = value;
+            slot.is_given = true;
+            defaults_taken_.insert(kind);
+            return true;
+        }
+        return false;
+    }
+
+    bool is_of_kind(const Parameter &parameter, const std::string &kind) const {
+        if (parameter.is_pointer()) return false;
+        const std::string &id = parameter.said.meaning.id, type = lower(parameter.type);
+        if (kind == "device") return method_.contract ? id == kind : type.find("dev_id") != std::string::npos;
+        if (!method_.contract) return type.find("port_id") != std::string::npos;
+        return id == kind || id == "eth-port" || id == "pon-port";
     }
 
     // An output, or what --count makes one of.
@@ -303,11 +336,13 @@ class Arguments {
             std::to_string(expected) + "; --force sends them all the same");
     }
 
+    const Dictionary &dictionary_;
     const Method &method_;
     const Input input_;
     const ArgumentOptions &options_;
     bool has_lists_ = false;
     std::vector<Slot> slots_;
+    std::set<std::string> defaults_taken_;
 };
 
 }  // namespace

@@ -12,6 +12,7 @@ namespace lmqctl {
 struct ArgumentOptions : InputOptions {
     std::size_t count = 0;                      ///< elements of each list; 0 for as many as it takes
     std::map<std::string, std::size_t> counts;  ///< of single arguments
+    std::map<std::string, int64_t> defaults;    ///< of arguments that are left out: the "device", the "port"
 };
 
 /// The parameters of a request. Throws a UsageError that names the argument.

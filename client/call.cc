@@ -7,7 +7,7 @@
 #include "columns.h"
 #include "command.h"
 #include "error.h"
-#include "names.h"
+#include "prepare.h"
 #include "standard_output.h"
 
 namespace lmqctl {
@@ -21,20 +21,6 @@ struct CallOptions {
     bool dry_run = false, full = false, raw = false, hex = false, no_valid = false;
     std::string as, columns;
 };
-
-// "8" for all lists, "p_cfg=8" for one.
-void take_counts(const std::vector<std::string> &given, ArgumentOptions &to) {
-    for (const std::string &text : given) {
-        const std::size_t equals = text.find('=');
-        const std::optional<int64_t> count = number(text.substr(equals == std::string::npos ? 0 : equals + 1));
-        if (!count || *count < 0 || *count > 65536 || equals == 0)
-            throw UsageError("--count: expected N or NAME=N, with a number from 0 to 65536, not " + text);
-        if (equals == std::string::npos)
-            to.count = static_cast<std::size_t>(*count);
-        else
-            to.counts[text.substr(0, equals)] = static_cast<std::size_t>(*count);
-    }
-}
 
 // Another program gets the document as it came.
 void print_raw(const std::string &document) {
@@ -51,10 +37,11 @@ Output output(Context &context, const CallOptions &options) {
 }
 
 void call(Context &context, CallOptions options) {
-    take_counts(options.counts, options.arguments);
+    for (const std::string &count : options.counts) take_count(count, options.arguments);
     const Dictionary &dictionary = context.dictionary_for(options.method);
     const Method method = dictionary.method_or_throw(options.method);
     options.arguments.set_flags = !options.no_valid;
+    options.arguments.defaults = context.defaults;
     const Json arguments = build_arguments(dictionary, context.types(), method, options.words, options.arguments);
     const std::string full_name = dictionary.full_name(method.name);
     if (options.dry_run || !options.as.empty()) {
@@ -86,11 +73,7 @@ void set_up_call(CLI::App &command, Context &context) {
               "Values in order, outputs left out, or NAME=VALUE and NAME.MEMBER[0]=VALUE.\n"
               "A number (10, 0xa, 0b1010), enumerators (A, A|B), an address, JSON,\n@FILE, or - for standard "
               "input. One object of all arguments by name,\nas template prints it, may stand for them all");
-    command.add_option("--count", options->counts, "Elements of the lists that are left out, or of one argument")
-        ->expected(1)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
-        ->allow_extra_args(false)
-        ->type_name("[NAME=]N");
+    add_count(command, options->counts);
     command.add_flag("--no-valid", options->no_valid, "Leave the flags of valid masks as they are given");
     command.add_flag("--force", options->arguments.force,
                      "Send arrays of another length than is due, and numbers out of range");

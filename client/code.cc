@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "scalar_text.h"
+#include "symbol.h"
 #include "xml_value.h"
 
 namespace lmqctl {
@@ -26,6 +27,7 @@ std::string python_value(const Json &value) {
         return "[" + text + "]";
     }
     if (value.is_boolean()) return value.get<bool>() ? "True" : "False";
+    if (const auto later = symbol_name(value)) return variable_name(*later);
     return value.is_null() ? "None" : json_text(value);
 }
 
@@ -41,35 +43,16 @@ std::string c_value(const Dictionary &dictionary, const Type &type, const Json &
         }
         return "{" + (text.empty() ? "0" : text) + "}";
     }
+    if (const auto later = symbol_name(value)) return variable_name(*later);
     const std::string text = scalar_to_text(dictionary, type, value);
     return text.find(' ') == std::string::npos ? text : value.dump();
 }
 
 // A block of its own, so that two calls go into one function.
 std::string c_code(const Dictionary &dictionary, Types &types, const Method &method, const Json &arguments) {
-    std::string before, words;
-    for (std::size_t i = 0; i < method.parameters.size() && i < arguments.size(); ++i) {
-        const Parameter &parameter = method.parameters[i];
-        const TypePtr type = types.parameter(parameter);
-        std::string word = c_value(dictionary, *type, arguments[i]);
-        const bool is_list = arguments[i].is_array();
-        if (parameter.is_pointer() && (parameter.pointee() == "void" || (is_list && arguments[i].empty()))) {
-            word = "NULL";
-        } else if (parameter.is_pointer()) {
-            // The host says int for an enum, and what an array type is of for the type.
-            const bool is_known = parameter.pointee() == "int" && !parameter.said.type.empty();
-            const std::string declared = is_known ? parameter.said.type : parameter.pointee();
-            before.append("    ").append(declared).append(" ").append(parameter.name);
-            if (is_list) before.append("[").append(std::to_string(arguments[i].size())).append("]");
-            before.append(" = ").append(word).append(";\n");
-            // The host says int where the header has a pointer to an enum, which a pointer to int does not become.
-            const bool may_be_enum = declared == "int";
-            word = (may_be_enum ? "(void *)" : "") + std::string(is_list ? "" : "&") + parameter.name;
-        }
-        words += (words.empty() ? "" : ", ") + word;
-    }
+    const CallInC call = call_in_c(dictionary, types, method, arguments);
     const std::string result = method.result == "void" || method.result.empty() ? "" : method.result + " result = ";
-    return "{\n" + before + "    " + result + method.name + "(" + words + ");\n}\n";
+    return "{\n" + call.declarations + "    " + result + call.expression + ";\n}\n";
 }
 
 // The class that takes Python's client to a Unix socket.
@@ -85,20 +68,60 @@ class Transport(xmlrpc.client.Transport):
 )";
 
 std::string python_code(const Connection &connection, const std::string &name, const Json &arguments) {
+    return python_host(connection, {}) + "print(host." + name + "(" + python_arguments(arguments) + "))\n";
+}
+
+}  // namespace
+
+std::string variable_name(const std::string &symbol) { return "kept_" + symbol; }
+
+CallInC call_in_c(const Dictionary &dictionary, Types &types, const Method &method, const Json &arguments) {
+    std::string before, words;
+    for (std::size_t i = 0; i < method.parameters.size() && i < arguments.size(); ++i) {
+        const Parameter &parameter = method.parameters[i];
+        const TypePtr type = types.parameter(parameter);
+        std::string word = c_value(dictionary, *type, arguments[i]);
+        bool is_list = arguments[i].is_array();
+        if (parameter.is_pointer() && (parameter.pointee() == "void" || (is_list && arguments[i].empty()))) {
+            word = "NULL";
+        } else if (parameter.is_pointer()) {
+            // The host says int for an enum, and what an array type is of for the type.
+            const bool is_known = parameter.pointee() == "int" && !parameter.said.type.empty();
+            const std::string declared = is_known ? parameter.said.type : parameter.pointee();
+            // A number that is known later is an element all the same.
+            if (symbol_name(arguments[i]) && !parameter.is_udt) word = "{" + word + "}", is_list = true;
+            before.append("    ").append(declared).append(" ").append(parameter.name);
+            if (is_list) before.append("[").append(std::to_string(arguments[i].size())).append("]");
+            before.append(" = ").append(word).append(";\n");
+            // The host says int where the header has a pointer to an enum, which a pointer to int does not become.
+            const bool may_be_enum = declared == "int";
+            word = (may_be_enum ? "(void *)" : "") + std::string(is_list ? "" : "&") + parameter.name;
+        }
+        words += (words.empty() ? "" : ", ") + word;
+    }
+    return {before, method.name + "(" + words + ")"};
+}
+
+std::string python_arguments(const Json &arguments) {
+    std::string words;
+    for (const Json &argument : arguments) words += (words.empty() ? "" : ", ") + python_value(argument);
+    return words;
+}
+
+std::string python_host(const Connection &connection, std::set<std::string> imports) {
     const bool is_unix = connection.url.starts_with("unix:"), is_tls = connection.url.starts_with("https://");
     const bool has_files = is_tls && !(connection.cacert + connection.cert).empty();
-    std::string imports, before, options = "allow_none=True";
+    std::string before, options = "allow_none=True";
     if (!connection.user.empty()) {
-        imports += "import base64\n";
+        imports.insert({"base64", "os"});
         before += "credentials = " + python_value(connection.user + ":") + " + os.environ[\"LMQ_PASSWORD\"]\n" +
                   "headers = [(\"Authorization\", \"Basic \" + base64.b64encode(credentials.encode()).decode())]\n";
         if (!is_unix) options += ", headers=headers";
     }
-    if (is_unix) imports += "import http.client\n";
-    if (!connection.user.empty()) imports += "import os\n";
-    if (is_unix) imports += "import socket\n";
+    if (is_unix) imports.insert({"http.client", "socket"});
+    imports.insert("xmlrpc.client");
     if (has_files) {
-        imports += "import ssl\n";
+        imports.insert("ssl");
         before += "context = ssl.create_default_context(" +
                   (connection.cacert.empty() ? "" : "cafile=" + python_value(connection.cacert)) + ")\n";
         if (!connection.cert.empty())
@@ -110,14 +133,11 @@ std::string python_code(const Connection &connection, const std::string &name, c
         before = "PATH = " + python_value(connection.url.substr(5)) + "\n\n" + python_unix + before;
         options += connection.user.empty() ? ", transport=Transport()" : ", transport=Transport(headers=headers)";
     }
-    std::string words;
-    for (const Json &argument : arguments) words += (words.empty() ? "" : ", ") + python_value(argument);
-    return imports + "import xmlrpc.client\n\n" + before + "host = xmlrpc.client.ServerProxy(" +
-           python_value(is_unix ? "http://localhost/RPC2" : connection.url) + ", " + options + ")\nprint(host." + name +
-           "(" + words + "))\n";
+    std::string head;
+    for (const std::string &module : imports) head += "import " + module + "\n";
+    return head + "\n" + before + "host = xmlrpc.client.ServerProxy(" +
+           python_value(is_unix ? "http://localhost/RPC2" : connection.url) + ", " + options + ")\n";
 }
-
-}  // namespace
 
 std::string call_as_code(const std::string &language, const Connection &connection, const Dictionary &dictionary,
                          Types &types, const Method &method, const Json &arguments) {

@@ -56,6 +56,7 @@ const std::vector<Command> commands = {
     {"unlock", "Gives the lease back", "lmqctl unlock", set_up_unlock},
     {"who", "Who holds the lease, and until when", "lmqctl who", set_up_who},
     {"repl", "A session: a line is a command, or the name and arguments of a method", "lmqctl repl", set_up_repl},
+    {"set", "In a session: what a device or a port that is left out stands for", "set port 3", set_up_set},
     {"run", "Starts a program whose chip is the host's", "lmqctl --url http://board:8080 run -- PROGRAM ARGUMENT...",
      set_up_run},
     {"completion", "A script that makes a shell complete commands, names and keys",
@@ -93,6 +94,14 @@ CLI::Option *add_words(CLI::App &command, const std::string &name, std::vector<s
         ->allow_extra_args()
         ->type_name("TEXT")
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+}
+
+CLI::Option *add_count(CLI::App &command, std::vector<std::string> &counts) {
+    return command.add_option("--count", counts, "Elements of the lists that are left out, or of one argument")
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+        ->allow_extra_args(false)
+        ->type_name("[NAME=]N");
 }
 
 }  // namespace lmqctl

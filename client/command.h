@@ -26,6 +26,9 @@ std::vector<std::string> command_names();
 CLI::Option *add_words(CLI::App &command, const std::string &name, std::vector<std::string> &words,
                        const std::string &description);
 
+/// The option --count [NAME=]N, as often as one likes.
+CLI::Option *add_count(CLI::App &command, std::vector<std::string> &counts);
+
 /// --host-command and --hang, of commands that start hosts of their own.
 void add_host_options(CLI::App &command, std::string &host, double &hang);
 
@@ -52,6 +55,7 @@ void set_up_replay(CLI::App &command, Context &context);
 void set_up_run(CLI::App &command, Context &context);
 void set_up_save(CLI::App &command, Context &context);
 void set_up_search(CLI::App &command, Context &context);
+void set_up_set(CLI::App &command, Context &context);
 void set_up_shrink(CLI::App &command, Context &context);
 void set_up_snapshot(CLI::App &command, Context &context);
 void set_up_spi(CLI::App &command, Context &context);

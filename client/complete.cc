@@ -3,12 +3,15 @@
 #include "complete.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <set>
 
 #include "arguments.h"
 #include "boards.h"
 #include "names.h"
+#include "place.h"
 #include "program.h"
+#include "words.h"
 
 namespace lmqctl {
 
@@ -131,25 +134,6 @@ void add_numbers(Candidates &candidates, const Dictionary &dictionary) {
     candidates.add(dictionary.names(Dictionary::defines), "define");
 }
 
-// The type that a path such as ".dev_cfg[0].enbl" leads to; nullptr if it leads nowhere.
-const Type *walked(const Type *type, std::string_view path) {
-    while (type && !path.empty()) {
-        const std::size_t end = path[0] == '[' ? path.find(']') : path.find_first_of(".[", 1);
-        if (path[0] == '[') {
-            if (end == std::string_view::npos) return nullptr;
-            const bool is_list = type->kind == Type::array || type->kind == Type::mac;
-            if (!is_list && type->kind != Type::structure) return nullptr;
-            if (is_list) type = type->element.get();
-            path.remove_prefix(end + 1);
-        } else {
-            const Member *member = type->member(std::string(path.substr(1, end == path.npos ? end : end - 1)));
-            type = member ? member->type.get() : nullptr;
-            path.remove_prefix(std::min(end, path.size()));
-        }
-    }
-    return type;
-}
-
 // What follows a key of this type.
 std::string behind(const Type &type) {
     if (type.kind == Type::structure || type.kind == Type::overlay) return ".";
@@ -167,7 +151,10 @@ void add_values(Candidates &candidates, const Dictionary &dictionary, const Type
     }
     const std::size_t last = value.rfind('|') + 1;
     const std::string before = stem + value.substr(0, last);
-    if (type.kind == Type::enumeration) {
+    if (type.is_boolean()) {
+        candidates.add(stem + "on", "1");
+        candidates.add(stem + "off", "0");
+    } else if (type.kind == Type::enumeration) {
         if (const Enum *values = dictionary.enumeration(type.name))
             for (const Enumerator &each : values->values)
                 candidates.add(before + each.name, std::to_string(each.number));
@@ -178,6 +165,34 @@ void add_values(Candidates &candidates, const Dictionary &dictionary, const Type
             if (std::find(given.begin(), given.end(), name) == given.end()) candidates.add(before + name, "flag");
         if (!last) candidates.add(before + "none", "no flag");
     }
+}
+
+// The files that a path may become, behind `stem`.
+void add_files(Candidates &candidates, const std::string &stem, const std::string &path) {
+    namespace fs = std::filesystem;
+    const std::size_t slash = path.rfind('/') + 1;
+    const std::string folder = path.substr(0, slash), before = stem + folder;
+    std::error_code failure;
+    std::vector<std::string> names;
+    fs::directory_iterator entries(folder.empty() ? "." : folder, failure);
+    for (; !failure && entries != fs::directory_iterator(); entries.increment(failure)) {
+        const std::string name = entries->path().filename().string();
+        // Hidden files are for those who ask for them.
+        if (name.starts_with('.') && slash == path.size()) continue;
+        names.push_back(name + (entries->is_directory(failure) ? "/" : ""));
+    }
+    std::sort(names.begin(), names.end());
+    for (const std::string &name : names) {
+        const bool is_folder = name.ends_with('/');
+        candidates.add(before + name, is_folder ? "folder" : "file", !is_folder);
+    }
+}
+
+// Where the path begins in @FILE or KEY=@FILE; nothing in another word.
+std::optional<std::size_t> file_in(const std::string &word) {
+    if (word.starts_with('@')) return 1;
+    const std::size_t equals = word.find("=@");
+    return equals == std::string::npos ? std::nullopt : std::optional(equals + 2);
 }
 
 bool is_addressed(const std::string &word) {
@@ -257,6 +272,28 @@ void add_arguments(Candidates &candidates, const Dictionary &dictionary, const s
         for (const Member &member : outputs) add_key(member.name, member);
 }
 
+// A word that holds a whole call: its last word goes on. A blank or the quote behind it is the user's.
+void add_call(Candidates &candidates, const Dictionary &dictionary, const std::string &typed) {
+    Words split = split_words(typed);
+    if (split.ends_word) split.words.emplace_back();
+    const std::string last = split.words.back();
+    if (!typed.ends_with(last)) return;
+    const std::string before = typed.substr(0, typed.size() - last.size());
+    split.words.pop_back();
+    Candidates inner(last);
+    if (split.words.empty())
+        add_methods(inner, dictionary, last);
+    else
+        add_arguments(inner, dictionary, split.words, last);
+    for (const Completion &each : inner.found) candidates.add(before + each.text, each.description, false);
+}
+
+void add_families(Candidates &candidates, const Dictionary &dictionary) {
+    for (const std::string &name : dictionary.names(Dictionary::said_of_methods))
+        if (const auto method = dictionary.method(name); method && method->contract)
+            candidates.add(method->contract->family, "family");
+}
+
 // The argument that the next word of a command is.
 const CLI::Option *argument(const CLI::App &command, std::size_t place) {
     const CLI::Option *last = nullptr;
@@ -299,11 +336,19 @@ std::vector<Completion> completed(Context &context, const std::vector<std::strin
         for (const CLI::App *command : app.get_subcommands(nullptr))
             if (!command->get_group().empty()) candidates.add(command->get_name(), command->get_description());
 
+    if (const auto path = file_in(typed); path && kind == "ARG") {
+        add_files(candidates, typed.substr(0, *path), typed.substr(*path));
+        return candidates.found;
+    }
+    // A shell knows other files by itself.
+    if (kind == "FILE" && context.in_session) add_files(candidates, "", typed);
     const bool begins_session_line = !line.command && context.in_session && !typed.empty();
     if (!begins_session_line && kind.empty()) return candidates.found;
     const Dictionary *dictionary = context.dictionary_at_hand();
     if (!dictionary) return candidates.found;
-    if (begins_session_line || kind == "METHOD" || kind == "GLOB" || kind == "NAME")
+    if (kind == "GLOB|FAMILY") add_families(candidates, *dictionary);
+    if (kind == "CALL") add_call(candidates, *dictionary, typed);
+    if (begins_session_line || kind == "METHOD" || kind.starts_with("GLOB") || kind == "NAME")
         add_methods(candidates, *dictionary, typed);
     if (kind == "TYPE" || kind == "NAME") add_types(candidates, *dictionary);
     if (kind == "NUMBER|NAME" || (kind == "NAME" && !typed.empty())) add_numbers(candidates, *dictionary);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 
@@ -22,7 +23,8 @@ struct Context {
     /// Of one of many boards: which it is, and who puts its tables together with those of the others.
     const Board *one_of_many = nullptr;
     std::function<void(const std::string &packed_table)> hand_over;
-    bool in_session = false;  ///< the command is a line of a session
+    bool in_session = false;                       ///< the command is a line of a session
+    std::map<std::string, int64_t> defaults = {};  ///< of a session: what arguments that are left out stand for
 
     Session &session();
     /// For a command about one method: what the host says of it is compared with the cache, in one request.

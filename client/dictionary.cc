@@ -2,6 +2,7 @@
 #include "dictionary.h"
 
 #include <algorithm>
+#include <charconv>
 
 #include "error.h"
 #include "names.h"
@@ -10,7 +11,37 @@ namespace lmqctl {
 
 namespace {
 
+// A call looks up some dozens of entries: an index of two thousand takes longer than that many searches.
+constexpr std::size_t most_searches = 100;
+
 constexpr std::string_view mark = "lmqctl dictionary 3 ";
+
+// Reads [["NAME",1],...] as it is kept, without a tree of it: the statuses are five hundred. Nothing for another form.
+std::optional<std::vector<Enumerator>> plain_enumerators(std::string_view json) {
+    std::vector<Enumerator> values;
+    if (!json.starts_with('[') || !json.ends_with(']') || json.find('\\') != std::string_view::npos) return {};
+    json = json.substr(1, json.size() - 2);
+    while (!json.empty()) {
+        if (json.starts_with(',')) json.remove_prefix(1);
+        const std::size_t end = json.find("\",");
+        if (!json.starts_with("[\"") || end == std::string_view::npos) return {};
+        Enumerator value{std::string(json.substr(2, end - 2)), 0, 0, ""};
+        const char *const begin = json.data() + end + 2, *const last = json.data() + json.size();
+        const auto [behind, failure] = std::from_chars(begin, last, value.listed);
+        if (failure != std::errc() || behind == last || *behind != ']') return {};
+        value.number = value.listed;
+        json.remove_prefix(static_cast<std::size_t>(behind + 1 - json.data()));
+        values.push_back(std::move(value));
+    }
+    return values;
+}
+
+std::vector<Enumerator> enumerators(std::string_view json) {
+    if (std::optional<std::vector<Enumerator>> values = plain_enumerators(json)) return std::move(*values);
+    std::vector<Enumerator> values;
+    for (const Json &item : Json::parse(json)) values.push_back({item[0], item[1], item[1], ""});
+    return values;
+}
 
 }  // namespace
 
@@ -99,13 +130,13 @@ Dictionary::Dictionary(std::string text) : text_(std::move(text)) {
         throw std::runtime_error("not a dictionary");
     prefix_ = rest.substr(mark.size(), head_end - mark.size());
     rest.remove_prefix(head_end + 1);
-    entries_.reserve(4096);
+    lines_.reserve(4096);
     while (!rest.empty()) {
         const std::size_t end = rest.find('\n'), name_end = rest.find('\t', 2);
         if (name_end >= end) throw std::runtime_error("not a dictionary");
         const Kind kind = static_cast<Kind>(rest[0]);
         order_.emplace_back(kind, rest.substr(2, name_end - 2));
-        entries_.emplace(rest.substr(0, name_end), rest.substr(name_end + 1, end - name_end - 1));
+        lines_.emplace_back(rest.substr(0, name_end), rest.substr(name_end + 1, end - name_end - 1));
         rest.remove_prefix(end + 1);
     }
 }
@@ -132,7 +163,18 @@ std::vector<std::string> Dictionary::names(Kind kind) const {
 }
 
 const std::string_view *Dictionary::find(Kind kind, const std::string &name) const {
-    const auto entry = entries_.find(std::string(1, kind) + "\t" + name);
+    const std::string key = std::string(1, kind) + "\t" + name;
+    if (searches_ < most_searches) {
+        ++searches_;
+        const auto line =
+            std::find_if(lines_.begin(), lines_.end(), [&](const auto &each) { return each.first == key; });
+        return line == lines_.end() ? nullptr : &line->second;
+    }
+    if (entries_.empty()) {
+        entries_.reserve(lines_.size());
+        for (const auto &[name_of, json] : lines_) entries_.emplace(name_of, json);
+    }
+    const auto entry = entries_.find(key);
     return entry == entries_.end() ? nullptr : &entry->second;
 }
 
@@ -184,19 +226,15 @@ const Enum *Dictionary::enumeration(const std::string &type) const {
     if (parsed != parsed_enums_.end()) return &parsed->second;
     const std::string_view *entry = find(enums, type);
     if (!entry) return nullptr;
-    Enum result{type, {}};
+    Enum result{type, enumerators(*entry)};
     const Enumerator *base = nullptr;
-    const Json list = Json::parse(*entry);
-    result.values.reserve(list.size());
-    for (const Json &item : list) {
-        Enumerator value{item[0], item[1], item[1], ""};
+    for (Enumerator &value : result.values) {
         // Behind a base that is listed whole, the numbers are offsets from it.
         if (base && value.listed >= 0 && value.listed < base->number) {
             value.number += base->number;
             value.base = base->name;
         }
-        result.values.push_back(value);
-        if (value.name.ends_with("_BASE") && value.base.empty()) base = &result.values.back();
+        if (value.name.ends_with("_BASE") && value.base.empty()) base = &value;
     }
     // The dictionary lists an enum that a macro makes without its enumerators; the contract has them.
     const Json its_own = result.values.empty() ? said(said_of_enums, type) : Json();

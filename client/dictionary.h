@@ -126,7 +126,10 @@ class Dictionary {
     const std::string_view *find(Kind kind, const std::string &name) const;
     std::string text_, prefix_;
     std::vector<std::pair<Kind, std::string_view>> order_;
-    std::unordered_map<std::string_view, std::string_view> entries_;  ///< "KIND TAB NAME" to its JSON
+    std::vector<std::pair<std::string_view, std::string_view>> lines_;  ///< "KIND TAB NAME" and its JSON
+    mutable std::unordered_map<std::string_view, std::string_view>
+        entries_;  ///< the same, once there are many searches
+    mutable std::size_t searches_ = 0;
     mutable std::map<std::string, Enum> parsed_enums_;
 };
 

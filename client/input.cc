@@ -9,6 +9,7 @@
 #include "file.h"
 #include "names.h"
 #include "scalar_text.h"
+#include "symbol.h"
 #include "xml_value.h"
 
 namespace lmqctl {
@@ -34,10 +35,19 @@ Json empty_of(const Type &element) {
     }
 }
 
+// Names in a row, for people.
+std::string joined(const std::vector<std::string> &names) {
+    std::string text;
+    for (const std::string &name : names) text += (text.empty() ? "" : ", ") + name;
+    return text;
+}
+
 [[noreturn]] void refuse_unknown(const Type &type, const std::string &key, const std::string &place) {
     const std::string what = type.kind == Type::flags ? "flag" : type.kind == Type::overlay ? "alternative" : "member";
-    throw UsageError(place + ": no " + what + " " + key + (type.name.empty() ? "" : " in " + type.name) +
-                     did_you_mean(key, type.member_names()));
+    std::string hint = did_you_mean(key, type.member_names());
+    if (type.members.empty()) hint = ": it is " + type.described();
+    if (hint.empty()) hint = "; there are " + joined(type.member_names());
+    throw UsageError(place + ": no " + what + " " + key + (type.name.empty() ? "" : " in " + type.name) + hint);
 }
 
 // A value as people wrote it.
@@ -156,16 +166,19 @@ Json Input::list(const Type &type, const Json &json, const std::string &place) c
 
 Json Input::from_text(const Type &type, const std::string &text, const std::string &place) const {
     check_text(text, place);
+    if (options_.symbols && symbol_name(text)) return text;
     if (const std::string held = text_of(text, place); held != text) {
         check_text(held, place);
         return held == "-" || held.starts_with('@') ? from_json(type, held, place) : from_text(type, held, place);
     }
+    if (type.is_bytes() && text.find_first_of("{[\"") != 0) return bytes_of_word(type, text, place);
     if (text.starts_with('{') || text.starts_with('[') || text.starts_with('"'))
         return from_json(type, json_of_user(text, place), place);
     return from_json(type, text, place);
 }
 
 Json Input::from_json(const Type &type, const Json &json, const std::string &place) const {
+    if (options_.symbols && symbol_name(json)) return json;
     switch (type.kind) {
         case Type::integer:
         case Type::enumeration: return scalar(type, json, place);
@@ -188,6 +201,10 @@ Json Input::scalar(const Type &type, const Json &json, const std::string &place)
     const std::string given = written(json);
     if (!json.is_string()) wrong(type, given, place);
     if (const std::optional<int64_t> plain = lmqctl::number(given)) return number(type, *plain, place);
+    if (const std::string word = lower(given); type.is_boolean()) {
+        if (word == "true" || word == "on") return number(type, 1, place);
+        if (word == "false" || word == "off") return number(type, 0, place);
+    }
     in_addr address;
     if (type.meaning.is_ipv4 && inet_pton(AF_INET, given.c_str(), &address) == 1)
         return number(type, ntohl(address.s_addr), place);
@@ -208,14 +225,41 @@ Json Input::flags(const Type &type, const Json &json, const std::string &place) 
     return flags_of_text(type, written(json), place);
 }
 
+Json Input::bytes(const Type &type, const std::string &text, const std::string &place) const {
+    std::optional<Json> items = bytes_from_hex(text);
+    if (!items) {
+        items = Json::array();
+        for (const char letter : text) items->push_back(static_cast<unsigned char>(letter));
+    }
+    if (type.bound && items->size() > type.bound && !options_.force)
+        throw UsageError(place + ": \"" + text + "\" is " + std::to_string(items->size()) + " bytes, but at most " +
+                         std::to_string(type.bound) + " fit; --force sends them all the same");
+    return list(type, *items, place);
+}
+
+// Characters, or numbers with commas between them as of any array: what can be no number is characters.
+Json Input::bytes_of_word(const Type &type, const std::string &text, const std::string &place) const {
+    const std::optional<int64_t> single = lmqctl::number(text);
+    const bool is_list =
+        text.empty() || text.find(',') != std::string::npos || single || dictionary_.define_number(text);
+    if (type.element->meaning.is_text || bytes_from_hex(text) || !is_list) return bytes(type, text, place);
+    if (single && *single > 255)
+        wrong(*type.element, text, place, R"(; a text of digits stands in double quotes: '"12345"')");
+    return comma_list(type, text, place);
+}
+
+Json Input::comma_list(const Type &type, const std::string &text, const std::string &place) const {
+    Json items = Json::array();
+    if (!text.empty())
+        for (const std::string &item : split(text, ',')) items.push_back(trimmed(item));
+    return list(type, items, place);
+}
+
 Json Input::array(const Type &type, const Json &json, const std::string &place) const {
     if (json.is_array()) return list(type, json, place);
     const std::string given = written(json);
     if (json.is_object() || type.element->kind == Type::structure) wrong(type, given, place);
-    Json items = Json::array();
-    if (!given.empty())
-        for (const std::string &item : split(given, ',')) items.push_back(trimmed(item));
-    return list(type, items, place);
+    return json.is_string() && type.is_bytes() ? bytes(type, given, place) : comma_list(type, given, place);
 }
 
 Json Input::mac(const Type &type, const Json &json, const std::string &place) const {
@@ -254,9 +298,7 @@ Json Input::overlay(const Type &type, const Json &json, const std::string &place
             if (!address && alternative.type->kind == Type::mac) address = mac_from_text(written(json));
             if (address) return Json{{alternative.name, *address}};
         }
-    std::string names;
-    for (const std::string &name : type.member_names()) names += (names.empty() ? "" : ", ") + name;
-    wrong(type, written(json), place, "; the alternatives: " + names);
+    wrong(type, written(json), place, "; the alternatives: " + joined(type.member_names()));
 }
 
 Json Input::structure(const Type &type, const Json &json, const std::string &place) const {
@@ -311,12 +353,72 @@ void Input::set_member(const Type &type, Json &value, const std::string &path, c
     const std::size_t end = path.find_first_of(".[", 1);
     const std::string key = path.substr(1, end == std::string::npos ? end : end - 1);
     const Member *member = path[0] == '.' ? type.member(key) : nullptr;
-    if (!member)
-        throw UsageError(place + ": no member " + key + (type.name.empty() ? "" : " in " + type.name) +
-                         did_you_mean(key, type.member_names()));
+    if (!member) refuse_unknown(type, key, place);
     if (!value.is_object()) value = Json::object();
     if (!value.contains(key)) value[key] = nullptr;
     set(*member->type, value[key], end == std::string::npos ? "" : path.substr(end), text, place + "." + key);
+}
+
+namespace {
+
+// An object with one more member, in front of the others.
+Json with_first(const std::string &key, const Json &value, const Json &object) {
+    Json result{{key, value}};
+    result.update(object);
+    return result;
+}
+
+void check_selected(const Type &overlay, const std::string &alternative, const Json &selector,
+                    const std::string &place) {
+    const bool is_told = std::any_of(overlay.selected.begin(), overlay.selected.end(),
+                                     [&](const auto &each) { return each.second == alternative; });
+    if (!is_told || !selector.is_number_integer()) return;
+    const auto chosen = overlay.selected.find(selector.get<int64_t>());
+    if (chosen != overlay.selected.end() && chosen->second == alternative) return;
+    throw UsageError(place + ": " + alternative + " is given, but " + overlay.selector + " selects " +
+                     (chosen == overlay.selected.end() ? "no alternative" : chosen->second) + "; leave " +
+                     overlay.selector + " out, or --force sends them all the same");
+}
+
+}  // namespace
+
+std::optional<int64_t> Input::selecting(const Type &structure, const Member &overlay, const std::string &alternative,
+                                        const std::string &place) const {
+    std::vector<int64_t> numbers;
+    for (const auto &[number, name] : overlay.type->selected)
+        if (name == alternative) numbers.push_back(number);
+    if (numbers.size() < 2) return numbers.empty() ? std::nullopt : std::optional(numbers[0]);
+    const std::string &selector = overlay.type->selector;
+    std::vector<std::string> choices;
+    for (const int64_t number : numbers)
+        choices.push_back(scalar_to_text(dictionary_, *structure.member(selector)->type, number));
+    throw UsageError(place + ": " + selector + " is missing, and " + alternative +
+                     " stands for several: " + joined(choices));
+}
+
+void Input::set_selectors(const Type &type, Json &value, const std::string &place) const {
+    if (value.is_array()) {
+        const Type &element = type.element ? *type.element : type;
+        for (std::size_t i = 0; i < value.size(); ++i)
+            set_selectors(element, value[i], place + "[" + std::to_string(i) + "]");
+    }
+    if (!value.is_object()) return;
+    for (const Member &member : type.members) {
+        if (!value.contains(member.name)) continue;
+        Json &inside = value[member.name];
+        set_selectors(*member.type, inside, place + "." + member.name);
+        const Type &overlay = *member.type;
+        if (overlay.kind != Type::overlay || !inside.is_object() || inside.size() != 1 ||
+            !type.member(overlay.selector))
+            continue;
+        const std::string alternative = inside.begin().key();
+        if (!value.contains(overlay.selector)) {
+            const auto number = selecting(type, member, alternative, place + "." + member.name);
+            if (number) value = with_first(overlay.selector, *number, value);
+        } else if (overlay.is_selector_told && !options_.force) {
+            check_selected(overlay, alternative, value[overlay.selector], place + "." + member.name);
+        }
+    }
 }
 
 void Input::set_flags(const Type &type, Json &value) const {

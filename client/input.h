@@ -1,6 +1,7 @@
 // Values as people write them, into values of the wire: checked against their types, with errors that name the place.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "dictionary.h"
@@ -10,6 +11,7 @@ namespace lmqctl {
 
 struct InputOptions {
     bool force = false;     ///< send arrays longer than their bound, and numbers beyond their type or range
+    bool symbols = false;   ///< take what stands for a later value (symbol.h) for one of any type
     bool set_flags = true;  ///< set the flags of masks for the members that are given
 };
 
@@ -28,8 +30,8 @@ class Input {
   public:
     Input(const Dictionary &dictionary, InputOptions options) : dictionary_(dictionary), options_(options) {}
 
-    /// A value from the text of an argument: a number, names with |, an address, JSON, @FILE, or - for standard input.
-    /// `place` is the argument's name, for errors. Throws a UsageError.
+    /// A value from the text of an argument: a number, names with |, an address, characters, JSON, @FILE, or - for
+    /// standard input. `place` is the argument's name, for errors. Throws a UsageError.
     Json from_text(const Type &type, const std::string &text, const std::string &place) const;
 
     /// A value from JSON in which names and addresses may stand as strings.
@@ -38,6 +40,10 @@ class Input {
     /// Sets what a path leads to inside a value: ".dev_cfg[0].enbl".
     void set(const Type &type, Json &value, const std::string &path, const std::string &text,
              const std::string &place) const;
+
+    /// Sets the selectors of overlays that have an alternative and no selector beside it. Throws a UsageError for an
+    /// alternative that several numbers select, and for one that the selector given does not select.
+    void set_selectors(const Type &type, Json &value, const std::string &place) const;
 
     /// Sets the flags of masks for the members that a struct has, all the way down. For a value that is complete.
     void set_flags(const Type &type, Json &value) const;
@@ -53,11 +59,17 @@ class Input {
     Json scalar(const Type &type, const Json &json, const std::string &place) const;
     Json text(const Type &type, const Json &json, const std::string &place) const;
     Json flags(const Type &type, const Json &json, const std::string &place) const;
+    Json bytes(const Type &type, const std::string &text, const std::string &place) const;
+    Json bytes_of_word(const Type &type, const std::string &text, const std::string &place) const;
+    Json comma_list(const Type &type, const std::string &text, const std::string &place) const;
     Json array(const Type &type, const Json &json, const std::string &place) const;
     Json mac(const Type &type, const Json &json, const std::string &place) const;
     Json ip(const Type &type, const Json &json, const std::string &place) const;
     Json overlay(const Type &type, const Json &json, const std::string &place) const;
     Json structure(const Type &type, const Json &json, const std::string &place) const;
+
+    std::optional<int64_t> selecting(const Type &structure, const Member &overlay, const std::string &alternative,
+                                     const std::string &place) const;
 
     // `set`, for a path that begins with an index or with a key.
     void set_element(const Type &type, Json &value, const std::string &path, const std::string &text,

@@ -165,6 +165,8 @@ LineEditor::~LineEditor() {
     if (state_->editor) state_->edit->end(state_->editor);
 }
 
+void LineEditor::set_prompt(const std::string &prompt) { state_->prompt = prompt; }
+
 LineEditor::Result LineEditor::read(std::string &line) {
     State &state = *state_;
     if (!state.editor) {

@@ -20,6 +20,7 @@ class LineEditor {
     /// `history` is the file of the lines of earlier sessions; empty for none.
     LineEditor(const std::string &prompt, const std::string &history, Completer completer);
     ~LineEditor();
+    void set_prompt(const std::string &prompt);
     LineEditor(const LineEditor &) = delete;
     LineEditor &operator=(const LineEditor &) = delete;
 

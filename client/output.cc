@@ -58,6 +58,8 @@ std::string Output::one_line(const Type &type, const Json &value) const {
         case Type::mac:
             if (!value.is_array()) return value.is_structured() ? "" : scalar(*type.element, value);
             if (value.empty()) return "[]";
+            if (type.element->meaning.is_text)
+                if (const std::optional<std::string> text = characters_to_text(value)) return *text;
             if (!style_.full && value.size() > 1 && is_zero(value)) return std::to_string(value.size()) + " x 0";
             if (type.element->kind != Type::integer && type.element->kind != Type::enumeration) return "";
             {

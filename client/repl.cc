@@ -72,6 +72,13 @@ int carry_out_line(Context &context, const std::string &line) {
     return status;
 }
 
+// What is set stands in the prompt.
+std::string prompt_of(const Context &context) {
+    std::string text = "lmqctl";
+    for (const auto &[kind, value] : context.defaults) text += " " + kind + " " + std::to_string(value);
+    return text + "> ";
+}
+
 // Whether the line ends the session.
 bool is_end(const std::string &line) {
     const std::vector<std::string> words = split_words(line).words;
@@ -81,9 +88,10 @@ bool is_end(const std::string &line) {
 void from_terminal(Context &context) {
     const CatchInterrupt caught;
     context.connection.stop = &interrupted;
-    std::printf("%s. help lists the commands, Tab completes, Ctrl-D ends.\n", context.connection.url.c_str());
+    std::printf("%s. help lists the commands, Tab completes, Ctrl-R searches earlier lines, Ctrl-D ends.\n",
+                context.connection.url.c_str());
     std::fflush(stdout);
-    LineEditor editor("lmqctl> ", history_file(), [&](const std::string &before) {
+    LineEditor editor(prompt_of(context), history_file(), [&](const std::string &before) {
         Words split = split_words(before);
         if (split.ends_word) split.words.emplace_back();
         if (split.words.size() > 1 && split.words[0] == "lmqctl") split.words.erase(split.words.begin());
@@ -99,6 +107,7 @@ void from_terminal(Context &context) {
         if (is_end(line)) return;
         interrupted = 0;
         carry_out_line(context, line);
+        editor.set_prompt(prompt_of(context));
     }
 }
 

@@ -3,11 +3,24 @@
 
 #include <arpa/inet.h>
 
+#include <charconv>
 #include <cstdio>
 
 #include "names.h"
 
 namespace lmqctl {
+
+std::optional<Json> bytes_from_hex(const std::string &text) {
+    if (text.size() < 6 || text.size() % 2 != 0 || (!text.starts_with("0x") && !text.starts_with("0X"))) return {};
+    Json bytes = Json::array();
+    for (std::size_t i = 2; i < text.size(); i += 2) {
+        unsigned byte = 0;
+        const auto [end, failure] = std::from_chars(text.data() + i, text.data() + i + 2, byte, 16);
+        if (failure != std::errc() || end != text.data() + i + 2) return {};
+        bytes.push_back(byte);
+    }
+    return bytes;
+}
 
 std::optional<Json> mac_from_text(const std::string &text) {
     std::array<unsigned, 6> bytes{};
@@ -16,6 +29,7 @@ std::optional<Json> mac_from_text(const std::string &text) {
         if (std::sscanf(text.c_str(), form, &bytes[0], &bytes[1], &bytes[2], &bytes[3], &bytes[4], &bytes[5], &rest) ==
             6)
             return Json(bytes);
+    if (std::optional<Json> plain = bytes_from_hex(text); plain && plain->size() == 6) return plain;
     return {};
 }
 
@@ -56,6 +70,20 @@ std::string address_to_text(const Type &type, const Json &value) {
         if (bytes.size() == 16) return inet_ntop(AF_INET6, &address, text, sizeof text);
     }
     return "";
+}
+
+std::optional<std::string> characters_to_text(const Json &value) {
+    std::string text;
+    std::size_t zeros = 0;
+    if (!value.is_array()) return {};
+    for (const Json &item : value) {
+        if (!item.is_number_integer()) return {};
+        const int64_t letter = item.get<int64_t>();
+        if (letter == 0) ++zeros;
+        if (letter != 0 && (zeros || letter < ' ' || letter > '~')) return {};
+        if (letter != 0) text += static_cast<char>(letter);
+    }
+    return json_text(text);
 }
 
 int64_t as_declared(const Type &type, int64_t wire) {

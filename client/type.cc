@@ -74,15 +74,24 @@ const Member *Type::address_overlay() const {
     return nullptr;
 }
 
+bool Type::is_boolean() const {
+    if (kind != integer) return false;
+    return lower(name).find("bool") != std::string::npos || meaning.range == std::make_pair(int64_t{0}, int64_t{1});
+}
+
+bool Type::is_bytes() const { return kind == array && is_byte(*element) && !element->is_boolean(); }
+
 std::string Type::described() const {
     switch (kind) {
         case integer:
-            return "a whole number of " + std::to_string(width) + " bits" + (name.empty() ? "" : " (" + name + ")");
+            return "a whole number of " + std::to_string(width) + " bits" + (name.empty() ? "" : " (" + name + ")") +
+                   (is_boolean() ? ", or one of true, false, on, off" : "");
         case enumeration:
             return (meaning.is_bits ? "enumerators with | between them, of " : "an enumerator of ") + name;
         case text: return "a text of at most " + std::to_string(bound) + " characters";
         case array:
-            return "an array of " + (bound ? "at most " + std::to_string(bound) + " " : "") + element->declared();
+            return "an array of " + (bound ? "at most " + std::to_string(bound) + " " : "") + element->declared() +
+                   (is_bytes() ? ", or a text" : "");
         case structure: return "a struct" + (name.empty() ? "" : " (" + name + ")");
         case flags:
         case mask: return "names of flags with | between them, or a number";
@@ -259,10 +268,14 @@ void Types::add_meanings(Type &structure, const Json &members) {
 void Types::select(Type &overlay, const Json &entry) const {
     overlay.selector = entry["by"];
     overlay.selected.clear();
+    overlay.is_selector_told = true;
     for (const Json &alternative : entry.value("members", Json::array()))
-        for (const Json &name : alternative.value("if", Json::array()))
-            if (const Enum *values = dictionary_.enum_of(name); values && overlay.member(alternative["name"]))
-                overlay.selected.emplace(values->named(name.get<std::string>())->number, alternative["name"]);
+        for (const Json &name : alternative.value("if", Json::array())) {
+            const Enum *values = dictionary_.enum_of(name);
+            const std::optional<int64_t> value =
+                values ? values->named(name.get<std::string>())->number : number(name.get<std::string>());
+            if (value && overlay.member(alternative["name"])) overlay.selected.emplace(*value, alternative["name"]);
+        }
 }
 
 void Types::find_selectors(Type &structure) const {

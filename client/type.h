@@ -49,11 +49,16 @@ struct Type {
     /// Of an overlay: the sibling that selects, and the alternative for each of its numbers. Empty if not known.
     std::string selector;
     std::map<int64_t, std::string> selected;
+    bool is_selector_told = false;  ///< by the contract; otherwise the names suggest it
 
     const Member *member(const std::string &member_name) const;
     std::vector<std::string> member_names() const;
     /// A struct for an address of either kind: an overlay with an ipv4 and an ipv6 alternative, and its selector.
     const Member *address_overlay() const;
+    /// Whether it is 0 or 1 by its declared type or its range.
+    bool is_boolean() const;
+    /// An array of bytes that are no booleans: a text may stand for it.
+    bool is_bytes() const;
     /// For people: "an array of at most 8 vx_uint16".
     std::string described() const;
     /// "vx_uint16", "vx_uint16[8]".

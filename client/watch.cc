@@ -1,20 +1,22 @@
 // lmqctl watch: the numbers that methods answer, again and again, with their rates. A table on a terminal, else CSV, or
-// with --json an object a line.
+// with --json an object a line. A host that goes away is waited for.
 #include <time.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
-#include <cmath>
 #include <cstdio>
 
 #include "answer.h"
 #include "command.h"
 #include "error.h"
 #include "interrupt.h"
+#include "names.h"
 #include "prepare.h"
 #include "readings.h"
 #include "standard_output.h"
 #include "time_text.h"
+#include "watch_table.h"
 #include "words.h"
 
 namespace lmqctl {
@@ -22,7 +24,7 @@ namespace lmqctl {
 namespace {
 
 struct WatchOptions {
-    std::vector<std::string> calls;
+    std::vector<std::string> calls, counts, columns;
     double every = 1;
     std::size_t count = 0;
     bool full = false;
@@ -32,7 +34,7 @@ struct WatchOptions {
 class HiddenCursor {
   public:
     explicit HiddenCursor(bool is_terminal) : is_terminal_(is_terminal) { say("\033[?25l\033[2J"); }
-    ~HiddenCursor() { say("\033[?25h"); }
+    ~HiddenCursor() { say("\n\033[?25h"); }
     HiddenCursor(const HiddenCursor &) = delete;
     HiddenCursor &operator=(const HiddenCursor &) = delete;
 
@@ -44,12 +46,6 @@ class HiddenCursor {
     }
     bool is_terminal_;
 };
-
-std::string rate_text(double rate) {
-    char text[48];
-    std::snprintf(text, sizeof text, rate == std::floor(rate) && std::fabs(rate) < 1e15 ? "%.0f" : "%.1f", rate);
-    return text;
-}
 
 // A name in a CSV file.
 std::string csv(const std::string &text) {
@@ -65,29 +61,38 @@ struct Reading {
     std::optional<double> rate;
 };
 
+// Whether a column is called so: all of its name, or the member at its end.
+bool is_called(const Column &column, const std::string &pattern) {
+    return glob(pattern, column.name) || glob(pattern, column.name.substr(column.name.find_last_of('.') + 1));
+}
+
 class Watch {
   public:
     Watch(Context &context, const WatchOptions &options, bool is_terminal)
         : context_(context), options_(options), is_terminal_(is_terminal) {
+        ArgumentOptions arguments;
+        for (const std::string &count : options.counts) take_count(count, arguments);
         for (const std::string &call : options.calls) {
-            prepared_.push_back(prepare_words(context, split_words(call).words));
-            const PreparedCall &prepared = prepared_.back();
-            const std::string prefix = options.calls.size() == 1 ? "" : prepared.text + " ";
-            columns_.push_back(columns_of(context.types(), prepared.method, prepared.call.parameters));
-            for (Column &column : columns_.back()) column.name = prefix + column.name;
+            prepared_.push_back(prepare_words(context, split_words(call).words, arguments));
+            columns_.push_back(columns_of(context.types(), prepared_.back().method, prepared_.back().call.parameters));
         }
+        refuse_unused_counts(arguments, prepared_);
+        if (!options.columns.empty()) choose_columns();
+        for (std::size_t i = 0; options.calls.size() > 1 && i < prepared_.size(); ++i)
+            for (Column &column : columns_[i]) column.name = prepared_[i].text + " " + column.name;
     }
 
     void sample() {
-        std::vector<Call> calls;
-        for (const PreparedCall &prepared : prepared_) calls.push_back(prepared.call);
-        const std::vector<Json> answers = context_.session().multicall(calls);
+        std::vector<std::string> failures;
+        const std::vector<Json> answers = answered(failures);
         const auto now = Clock::now();
         const double seconds = std::chrono::duration<double>(now - before_at_).count();
         before_at_ = now;
-        context_.exit_status = exit_ok;
-        std::vector<std::string> failures;
         std::vector<std::vector<Reading>> readings;
+        if (answers.empty())
+            for (std::size_t i = 0; i < prepared_.size(); ++i) readings.push_back(read(i, Json(), seconds));
+        else
+            context_.exit_status = exit_ok;
         for (std::size_t i = 0; i < answers.size(); ++i) {
             const int status = exit_status_of(context_.dictionary(), prepared_[i].method, answers[i]);
             context_.exit_status = std::max(context_.exit_status, status);
@@ -97,7 +102,10 @@ class Watch {
         if (is_terminal_) {
             table(readings, failures);
         } else {
-            for (const std::string &text : failures) std::fprintf(stderr, "lmqctl: %s\n", text.c_str());
+            // Why there is no host is said once.
+            if (!answers.empty() || failures != said_)
+                for (const std::string &text : failures) std::fprintf(stderr, "lmqctl: %s\n", text.c_str());
+            said_ = failures;
             context_.json ? object(readings) : row(readings);
         }
         flush();  // a sample is read when it is made
@@ -105,6 +113,40 @@ class Watch {
     }
 
   private:
+    void choose_columns() {
+        std::vector<std::string> names;
+        for (const std::vector<Column> &columns : columns_)
+            for (const Column &column : columns) names.push_back(column.name.substr(column.name.find_last_of('.') + 1));
+        for (const std::string &pattern : options_.columns) {
+            const auto is_there = [&](const std::vector<Column> &columns) {
+                return std::any_of(columns.begin(), columns.end(),
+                                   [&](const Column &column) { return is_called(column, pattern); });
+            };
+            if (std::none_of(columns_.begin(), columns_.end(), is_there))
+                throw UsageError("--columns: no number is called " + pattern + did_you_mean(pattern, names));
+        }
+        for (std::vector<Column> &columns : columns_)
+            std::erase_if(columns, [&](const Column &column) {
+                return std::none_of(options_.columns.begin(), options_.columns.end(),
+                                    [&](const std::string &pattern) { return is_called(column, pattern); });
+            });
+    }
+
+    // The answers; none while the host is away, which the first sample must not find.
+    std::vector<Json> answered(std::vector<std::string> &failures) {
+        std::vector<Call> calls;
+        for (const PreparedCall &prepared : prepared_) calls.push_back(prepared.call);
+        try {
+            return context_.session().multicall(calls);
+        } catch (const Error &error) {
+            const bool is_away = error.status == exit_connection || error.status == exit_fault;
+            if (before_.empty() || !is_away || interrupted) throw;
+            context_.exit_status = error.status;
+            failures.push_back(std::string(error.what()) + "; trying again");
+            return {};
+        }
+    }
+
     std::string failure(const PreparedCall &prepared, const Json &answer) const {
         return prepared.text + ": " +
                (is_fault(answer)
@@ -129,25 +171,14 @@ class Watch {
             for (std::size_t i = 0; i < columns_[call].size(); ++i) action(columns_[call][i], readings[call][i]);
     }
 
-    void table(const std::vector<std::vector<Reading>> &readings, const std::vector<std::string> &failures) const {
-        const Output output = context_.output();
-        std::string text = "\033[H" + now_text() + ", every " + rate_text(options_.every) + " s, Ctrl-C ends\033[K\n";
-        for (const std::string &each : failures) text += output.paint("31", each) + "\033[K\n";
-        std::size_t zeros = 0;
+    void table(const std::vector<std::vector<Reading>> &readings, const std::vector<std::string> &failures) {
+        std::vector<WatchedRow> rows;
         for_each(readings, [&](const Column &column, const Reading &reading) {
-            if (!reading.value) return;
-            if (*reading.value == 0 && !options_.full) {
-                ++zeros;
-                return;
-            }
-            char line[256];
-            std::snprintf(line, sizeof line, "%-48s %20s %14s\033[K\n", column.name.c_str(),
-                          column.shown(*reading.value).c_str(),
-                          reading.rate ? (rate_text(*reading.rate) + "/s").c_str() : "");
-            text += line;
+            rows.push_back({column.name, reading.value ? column.shown(*reading.value) : "", reading.rate,
+                            reading.value && *reading.value == 0});
         });
-        if (zeros) text += "(" + std::to_string(zeros) + " more, all 0)\033[K\n";
-        print(text + "\033[J");
+        print(table_.screen(now_text() + ", every " + rate_text(options_.every) + " s, Ctrl-C ends", failures, rows,
+                            options_.full));
     }
 
     void row(const std::vector<std::vector<Reading>> &readings) const {
@@ -175,6 +206,8 @@ class Watch {
     std::vector<PreparedCall> prepared_;
     std::vector<std::vector<Column>> columns_;  // of each call
     std::vector<std::vector<Reading>> before_;
+    std::vector<std::string> said_;  // the last failures
+    WatchTable table_;
     Clock::time_point before_at_{};
 };
 
@@ -207,6 +240,13 @@ void set_up_watch(CLI::App &command, Context &context) {
         ->check(CLI::Range(0, 1000000000))
         ->capture_default_str()
         ->type_name("N");
+    command.add_option("--columns", options->columns, "Which numbers: names of members, or patterns with * and ?")
+        ->delimiter(',')
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+        ->allow_extra_args(false)
+        ->type_name("NAME,...");
+    add_count(command, options->counts);
     command.add_flag("--full", options->full, "Show the zeros too");
     command.callback([&context, options] { watch(context, *options); });
 }

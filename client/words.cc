@@ -14,7 +14,10 @@ Words split_words(const std::string &line) {
             continue;
         }
         if (result.ends_word) {
-            if (letter == '#') break;
+            if (letter == '#') {
+                result.comment = i;
+                break;
+            }
             result.words.emplace_back();
             result.ends_word = false;
         }

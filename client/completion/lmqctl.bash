@@ -11,20 +11,23 @@ _lmqctl() {
         if [[ $i -eq 0 || -n $blanks ]]; then words+=("$word"); else words[-1]+=$word; fi
     done
 
-    # Bash replaces what is behind the last break or quote.
+    # Bash replaces what is behind the last break, inside quotes what is behind the quote.
     local last=${words[-1]} kept
-    kept=${last%"${last##*[=:\'\"]}"}
+    if [[ $last == *[\'\"]* ]]; then kept=${last%"${last##*[\'\"]}"}; else kept=${last%"${last##*[=:]}"}; fi
     kept=${kept//[\'\"]/}
     words=("${words[@]//[\'\"\\]/}")
 
-    local program=${words[0]/#\~/$HOME} line REPLY
+    local program=${words[0]/#\~/$HOME} line open REPLY
     COMPREPLY=()
     while IFS= read -r line; do
         line=${line%%$'\t'*}
+        [[ $line == *' ' ]] && open='' || open=yes
         REPLY=${line#"$kept"}
         _lmqctl_quote "$last"
         COMPREPLY+=("$REPLY")
     done < <("$program" complete -- "${words[@]:1}" 2>/dev/null)
+    # Bash closes the quote behind a single word, but this one goes on.
+    if [[ ${#COMPREPLY[@]} -eq 1 && $last == *[\'\"]* && -n $open ]]; then COMPREPLY+=("${COMPREPLY[0]} "); fi
 }
 # Makes of REPLY what the shell reads as that text, behind a word as far as it has been typed. Names are the host's: what
 # the shell would carry out is quoted.

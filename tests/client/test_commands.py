@@ -64,9 +64,10 @@ class Commands(CtlTest):
 
     def test_template(self):
         """What template prints, call takes whole, and an edit has effect."""
-        for method in [entry["name"] for entry in json.loads(self.ok("--json", "list", "vx_*_set"))][::4]:
+        for entry in json.loads(self.ok("--json", "list", "vx_*_set"))[::4]:
+            method, arguments = entry["name"], entry["prototype"].count(",") + 1
             printed = self.ok("template", method)
-            self.assertEqual(len(self.request(method, "-", stdin=printed)), len(json.loads(printed)), method)
+            self.assertEqual(len(self.request(method, "-", stdin=printed)), arguments, method)
         template = json.loads(self.ok("template", "vx_watchdog_set"))
         self.assertEqual(template, {"dev_id": 0, "p_cfg": {"wd_enable": 0, "wd_timer": 0, "wd_action": "VX_WD_ACTION_WARNING"}})
         template["p_cfg"] = {"wd_timer": 77}
@@ -164,6 +165,17 @@ class Commands(CtlTest):
         for word in ("0x7002", "28674", "VX_ERR_GLBL_SYS_UNINTIALIZED"):
             self.assertIn("28674 (0x7002), of vx_status_e: VX_ERR_GLBL_BASE + 2\n", self.ok("explain", word))
         self.refused(USAGE, "no enumerator and no define", "explain", "VX_NOBODY")
+
+    def test_families(self):
+        families = json.loads(self.ok("--json", "list", "--families"))
+        listed = json.loads(self.ok("--json", "list"))
+        self.assertEqual(sum(each["methods"] for each in families), len(listed))
+        self.assertIn({"family": "flow", "methods": sum(each["family"] == "flow" for each in listed)}, families)
+        self.assertRegex(self.ok("list", "--families"), r"(?m)^flow +\d+ methods$")
+        (flow,) = {each["family"] for each in json.loads(self.ok("--json", "list", "flow"))}
+        self.assertEqual(flow, "flow")
+        self.assertTrue(self.ok("list", "flow").startswith("flow\n  vx_status_e vx_flow_"))
+        self.refused(USAGE, "did you mean flow", "list", "flwo")
 
     def test_code(self):
         words = ("vx_watchdog_set", "0", "p_cfg.wd_enable=1")

@@ -1,5 +1,6 @@
 """Sessions on a pipe and on a terminal, and what Tab offers: asked of lmqctl, and in the shells that are installed."""
 
+import json
 import os
 import pathlib
 import re
@@ -86,6 +87,40 @@ class Session(CtlTest):
         terminal.type("\x03\x04")
         self.assertEqual(terminal.end(), OK)
 
+    def test_defaults(self):
+        def sent(*lines):
+            printed = self.ok("repl", stdin="\n".join(lines) + "\n")
+            return [json.loads(each) for each in re.findall(r"(?ms)^lmq\.\w+ (\[.*?^\])$", printed)]
+        enable = "call --dry-run vx_l2_traffic_block_set "
+        self.assertEqual(sent("set device 0", enable + "3 1", "set port 4", enable + "1", enable + "3 0", enable + "0 3 1",
+                              enable + "enbl=on", enable + "port_id=3 1", "call --dry-run vx_gpon_onu_port_enable_set 0 1",
+                              "set port none", enable + "3 0"),
+                         [[0, 3, 1], [0, 4, 1], [0, 3, 0], [0, 3, 1], [0, 4, 1], [0, 3, 1],
+                          # The PON port is no port 4.
+                          [0, 0, 1], [0, 3, 0]])
+        printed = self.ok("repl", stdin="set\nset port 0x3\nset\nvx_l2_port_stp_state_get 0\n")
+        self.assertTrue(printed.startswith("nothing is set; set device N, set port N\nport 3\nVX_SUCCESS\n"), printed)
+        self.assertRegex(printed, r"port_id +3\n")
+        for line, message in (("set port", "expected a number, or none"), ("set port x", "neither a number nor none"),
+                              ("set port 9", "9 is out of range, which is 0 to 5"), ("set flow 1", "device,port"),
+                              ("set device 0\nvx_l2_traffic_block_set", "missing argument port_id")):
+            status, _, errors = self.run_ctl("repl", stdin=line)
+            self.assertEqual(status, USAGE, line)
+            self.assertIn(message, errors)
+        self.refused(USAGE, "set is for the lines of a session", "set", "port", "3")
+        # The prompt shows them, and Ctrl-R finds an earlier line.
+        terminal = Terminal([os.environ["LMQ_CTL"], "repl"], self.environment)
+        terminal.wait_for("lmqctl> ")
+        terminal.type("set port 3\n")
+        terminal.wait_for("lmqctl port 3> ")
+        terminal.type("explain VX_WD_ACTION_REBOOT\n")
+        terminal.wait_for("of vx_wd_action_e")
+        terminal.wait_for("lmqctl port 3> ")
+        terminal.type("\x12set p\n")
+        terminal.wait_for("lmqctl port 3> ")
+        terminal.type("exit\n")
+        self.assertEqual(terminal.end(), OK)
+
     def test_interrupted_call(self):
         """Ctrl-C gives the prompt back while a host takes its time; here one that never answers."""
         with socket.create_server(("127.0.0.1", 0)) as server:
@@ -123,9 +158,32 @@ class Session(CtlTest):
                 (("call", "lmq_init_system", "p_cfg.dev_cfg[0].sni_mode=LMQ_SNI_MODE_N"),
                  ["p_cfg.dev_cfg[0].sni_mode=LMQ_SNI_MODE_NORMAL "]),
                 (("call", "vx_flow_us_add", "p_key.key_type=VX_CL_KEY_MAC_VLAN", "p_key.key_s."), ["p_key.key_s.mac_vlan."]),
+                # Integers whose enum the contract knows, as members and as arguments; booleans.
+                (("call", "lmq_create_bridge", "0", "1", "p_cfg.brg_type=LMQ_BRG_TYPE_N"), [f"p_cfg.brg_type=LMQ_BRG_TYPE_{end} " for end in ("NONE", "N_1")]),
+                (("call", "vx_l2_port_stp_state_set", "0", "3", "VX_L2_STP_STATE_F"), ["VX_L2_STP_STATE_FORWARDING "]),
+                ((*call, "p_cfg.wd_enable=o"), ["p_cfg.wd_enable=on ", "p_cfg.wd_enable=off "]),
+                # A call in one word goes on inside of it.
+                (("watch", "vx_watchdog_g"), ["vx_watchdog_get"]), (("watch", "vx_watchdog_get 0", "vx_watchdog_s"), ["vx_watchdog_set"]),
+                (("watch", "vx_eth_port_stats_get 0 4 cl"), ["vx_eth_port_stats_get 0 4 clear="]),
+                (("watch", "vx_watchdog_set 0 p_cfg.wd_action=VX_WD_ACTION_W"),
+                 ["vx_watchdog_set 0 p_cfg.wd_action=VX_WD_ACTION_WARNING"]),
+                (("list", "gpon"), ["gpon ", "gpon_tm "]), (("set", "d"), ["device "]),
                 (("call", "vx_nobody", ""), []), ((*call, "p_cfg.nobody."), []), ((*call, "p_cfg[.x["), []), (("nobody", ""), []),
                 ((), [])):
             self.assertEqual(self.offered(*words) if words else [], expected, words)
+
+    def test_complete_files(self):
+        folder = self.folder / "files"
+        folder.mkdir()
+        for name in ("one.json", "other.json", ".hidden"):
+            (folder / name).write_text("{}")
+        (folder / "over").mkdir()
+        for words, expected in ((("call", "vx_watchdog_set", "0", f"@{folder}/o"), [f"@{folder}/one.json ", f"@{folder}/other.json ", f"@{folder}/over/"]),
+                                (("call", "vx_watchdog_set", f"@{folder}/on"), [f"@{folder}/one.json "]),
+                                (("call", "vx_watchdog_set", "0", f"p_cfg=@{folder}/on"), [f"p_cfg=@{folder}/one.json "]),
+                                (("call", "vx_watchdog_set", "0", f"@{folder}/.h"), [f"@{folder}/.hidden "]),
+                                (("call", "vx_watchdog_set", "0", "@/none/o"), [])):
+            self.assertEqual(self.offered(*words), expected, words)
 
     def test_complete_without_a_host(self):
         """From the cache while the host is down; without a cache nothing, and without a word."""
@@ -168,6 +226,7 @@ class Session(CtlTest):
                 ("lmqctl call vx_watchdog_set 0 p_cfg.wd_action=VX_WD_ACTION_W", ["VX_WD_ACTION_WARNING "]),
                 ("lmqctl call vx_watchdog_set 0 p_cfg.wd_action=", ["VX_WD_ACTION_WARNING ", "VX_WD_ACTION_REBOOT "]),
                 ("lmqctl call vx_watchdog_set 0 p_cfg.mask_s='wd_enable|wd_t", ["wd_enable|wd_timer"]),
+                ("lmqctl watch 'vx_watchdog_g", ["vx_watchdog_get", "vx_watchdog_get "]),
                 (f"lmqctl --url {self.url} uses vx_watchdog_", ["vx_watchdog_cfg_t "]), ("lmqctl nobody x", [])):
             self.assertEqual(self.in_bash(line), expected, line)
 
@@ -176,6 +235,12 @@ class Session(CtlTest):
         terminal.type('eval "$(lmqctl completion bash)"\n')
         terminal.type("lmqctl call vx_watchdog_set 0 p_cfg.wd_a\tVX_WD_ACTION_R\t--dry-run\n")
         terminal.wait_for('"wd_action": 1')
+        # Inside quotes, and behind an @, at which bash breaks words.
+        (self.folder / "timer.json").write_text('{"wd_timer": 4711}')
+        terminal.type(f"lmqctl call --dry-run vx_watchdog_set 0 @{self.folder}/tim\t\n")
+        terminal.wait_for('"wd_timer": 4711')
+        terminal.type("lmqctl watch --samples 1 'vx_watchdog_set 0 p_cfg.wd_action=VX_WD_ACTION_W\t' --columns wd_timer\n")
+        terminal.wait_for("every 1 s")
         terminal.type("exit\n")
         terminal.end()
 
