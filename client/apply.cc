@@ -31,17 +31,17 @@ Json to_be_sent(const Type &type, const Json &wanted, const Json &now) {
 }
 
 // A setting on its way.
-struct Step {
+struct SettingStep {
     State::value_type setting;  // what is sent
     Method method;
     Call call;
     std::string refusal;
 };
 
-Step step_of(Context &context, const State::value_type &wanted, const Json &now) {
+SettingStep step_of(Context &context, const State::value_type &wanted, const Json &now) {
     const Dictionary &dictionary = context.dictionary();
     const auto &[key, values] = wanted;
-    Step step{wanted, dictionary.method_or_throw(key.first), {}, {}};
+    SettingStep step{wanted, dictionary.method_or_throw(key.first), {}, {}};
     std::vector<std::string> words;
     for (std::size_t i = 0; i < step.method.parameters.size(); ++i) {
         const Parameter &parameter = step.method.parameters[i];
@@ -60,8 +60,8 @@ Step step_of(Context &context, const State::value_type &wanted, const Json &now)
     return step;
 }
 
-std::vector<Step> steps_between(Context &context, const State &wanted, const State &now) {
-    std::vector<Step> steps;
+std::vector<SettingStep> steps_between(Context &context, const State &wanted, const State &now) {
+    std::vector<SettingStep> steps;
     for (const State::value_type &setting : wanted) {
         const auto found = now.find(setting.first);
         if (found != now.end() && members_in(found->second, setting.second) == setting.second) continue;
@@ -72,15 +72,15 @@ std::vector<Step> steps_between(Context &context, const State &wanted, const Sta
 
 // Makes the calls. One that is refused may work when others have been made: it is tried again as long as any works.
 // Returns those that never did.
-std::vector<Step> make(Context &context, std::vector<Step> steps) {
+std::vector<SettingStep> make(Context &context, std::vector<SettingStep> steps) {
     Progress progress("settings", steps.size());
     const std::size_t all = steps.size();
     for (std::size_t before = all + 1; !steps.empty() && steps.size() < before;) {
         before = steps.size();
         std::vector<Call> calls;
-        for (const Step &step : steps) calls.push_back(step.call);
+        for (const SettingStep &step : steps) calls.push_back(step.call);
         const std::vector<Json> answers = context.session().multicall(calls);
-        std::vector<Step> refused;
+        std::vector<SettingStep> refused;
         for (std::size_t i = 0; i < steps.size(); ++i) {
             const Method &method = steps[i].method;
             if (!is_fault(answers[i]) && is_success(context.dictionary(), method, result_of(answers[i]))) continue;
@@ -97,22 +97,22 @@ std::vector<Step> make(Context &context, std::vector<Step> steps) {
 void apply(Context &context, const ApplyOptions &options) {
     const State wanted = state_of_file(context, options.file);
     const State now = state_of_chip(context, {});
-    std::vector<Step> steps = steps_between(context, wanted, now);
+    std::vector<SettingStep> steps = steps_between(context, wanted, now);
     print(differences_text(differences(state_answers(restricted(now, wanted)), state_answers(wanted)), "the chip",
                            options.file));
     if (options.dry_run) {
-        for (const Step &step : steps) print(setting_line(context, step.setting) + "\n");
+        for (const SettingStep &step : steps) print(setting_line(context, step.setting) + "\n");
         return print(std::to_string(steps.size()) + " to set; nothing was sent\n");
     }
     const std::size_t all = steps.size();
-    const std::vector<Step> refused = make(context, std::move(steps));
-    for (const Step &step : refused)
+    const std::vector<SettingStep> refused = make(context, std::move(steps));
+    for (const SettingStep &step : refused)
         print("cannot be set: " + setting_line(context, step.setting) + "  " + step.refusal + "\n");
     // A driver may take a call and keep what it had.
     const State then = restricted(state_of_chip(context, {}), wanted);
     std::size_t left = 0;
     for (const State::value_type &setting : wanted) {
-        const auto is_it = [&](const Step &step) { return step.setting.first == setting.first; };
+        const auto is_it = [&](const SettingStep &step) { return step.setting.first == setting.first; };
         const auto found = then.find(setting.first);
         if (std::any_of(refused.begin(), refused.end(), is_it) ||
             (found != then.end() && found->second == setting.second))

@@ -13,7 +13,7 @@ namespace lmqctl {
 namespace {
 
 // The way to a column's values. Where `list` stands, the elements of an array are the rows.
-struct Place {
+struct ColumnPlace {
     std::vector<std::string> before, behind;
     bool is_in_list = false;
     TypePtr type;
@@ -30,7 +30,7 @@ class Places {
     Places(Types &types, const Method &method, const Json &answer) {
         for (std::size_t i = 0; i < method.parameters.size() && i + 1 < answer.size(); ++i) {
             const TypePtr type = types.parameter(method.parameters[i]);
-            Place place{{method.parameters[i].name}, {}, false, type};
+            ColumnPlace place{{method.parameters[i].name}, {}, false, type};
             const bool is_list = answer[i + 1].is_array() && is_a_list(method.parameters[i], *type);
             place.is_in_list = is_list;
             add(is_list && type->element ? type->element : type, std::move(place));
@@ -38,10 +38,10 @@ class Places {
     }
 
     /// The nearest to the root; nullptr if there is none.
-    const Place *find(const std::string &name) const {
+    const ColumnPlace *find(const std::string &name) const {
         const std::vector<std::string> end = split(name, '.');
-        const Place *best = nullptr;
-        for (const Place &place : all_) {
+        const ColumnPlace *best = nullptr;
+        for (const ColumnPlace &place : all_) {
             std::vector<std::string> path = place.before;
             path.insert(path.end(), place.behind.begin(), place.behind.end());
             if (ends_with(path, end) && (!best || place.depth() < best->depth())) best = &place;
@@ -51,7 +51,7 @@ class Places {
 
     std::vector<std::string> names() const {
         std::vector<std::string> names;
-        for (const Place &place : all_)
+        for (const ColumnPlace &place : all_)
             names.push_back(place.behind.empty() ? place.before.back() : place.behind.back());
         return names;
     }
@@ -61,7 +61,7 @@ class Places {
         return type.kind == Type::structure || !parameter.said.length.filled.empty();
     }
 
-    void add(const TypePtr &type, Place place) {
+    void add(const TypePtr &type, ColumnPlace place) {
         place.type = type;
         all_.push_back(place);
         std::vector<std::string> &path = place.is_in_list ? place.behind : place.before;
@@ -74,7 +74,7 @@ class Places {
             if (is_list && !place.is_in_list) {
                 all_.push_back(place);
                 all_.back().type = member.type;
-                Place inner = place;
+                ColumnPlace inner = place;
                 inner.is_in_list = true;
                 add(member.type->element, std::move(inner));
             } else {
@@ -84,7 +84,7 @@ class Places {
         }
     }
 
-    std::vector<Place> all_;
+    std::vector<ColumnPlace> all_;
 };
 
 const Json *at(const Json &value, const std::vector<std::string> &path) {
@@ -98,11 +98,12 @@ const Json *at(const Json &value, const std::vector<std::string> &path) {
     return found;
 }
 
-std::vector<Place> found_places(const Places &places, const Method &method, const std::vector<std::string> &names) {
-    std::vector<Place> found;
-    const Place *list = nullptr;
+std::vector<ColumnPlace> found_places(const Places &places, const Method &method,
+                                      const std::vector<std::string> &names) {
+    std::vector<ColumnPlace> found;
+    const ColumnPlace *list = nullptr;
     for (const std::string &name : names) {
-        const Place *place = places.find(name);
+        const ColumnPlace *place = places.find(name);
         if (!place)
             throw UsageError("--columns: " + method.name + " answers no " + name + did_you_mean(name, places.names()));
         if (place->is_in_list && list && list->before != place->before)
@@ -117,17 +118,18 @@ std::vector<Place> found_places(const Places &places, const Method &method, cons
 
 Table table_of(const Dictionary &dictionary, Types &types, const Output &output, const Method &method,
                const Json &answer, const std::vector<std::string> &names) {
-    const std::vector<Place> columns = found_places(Places(types, method, answer), method, names);
+    const std::vector<ColumnPlace> columns = found_places(Places(types, method, answer), method, names);
     Json arguments = Json::object();
     for (std::size_t i = 0; i < method.parameters.size() && i + 1 < answer.size(); ++i)
         arguments[method.parameters[i].name] = filled(method, i, answer);
-    const auto list = std::find_if(columns.begin(), columns.end(), [](const Place &each) { return each.is_in_list; });
+    const auto list =
+        std::find_if(columns.begin(), columns.end(), [](const ColumnPlace &each) { return each.is_in_list; });
     const Json *items = list == columns.end() ? nullptr : at(arguments, list->before);
     const bool is_list = items && items->is_array();
     Table table{names, {}};
     for (std::size_t row = 0; row < (is_list ? items->size() : 1); ++row) {
         std::vector<Cell> cells;
-        for (const Place &place : columns) {
+        for (const ColumnPlace &place : columns) {
             const Json *from = !place.is_in_list ? &arguments : is_list ? &(*items)[row] : nullptr;
             const Json *value = from ? at(*from, place.is_in_list ? place.behind : place.before) : nullptr;
             if (value)

@@ -42,7 +42,7 @@ struct RegOptions {
 };
 
 // One word: SLAVE:FIRST..LAST[HIGH:LOW]=VALUE.
-struct Place {
+struct RegisterPlace {
     int64_t slave = 0, first = 0, last = 0;
     unsigned high = 0, low = 0;
     bool is_range = false, has_bits = false;
@@ -63,7 +63,7 @@ int64_t number_in(const Bus &bus, const std::string &word, const std::string &te
     return *value;
 }
 
-void take_bits(const Bus &bus, const std::string &word, const std::string &text, Place &place) {
+void take_bits(const Bus &bus, const std::string &word, const std::string &text, RegisterPlace &place) {
     const std::size_t colon = text.find(':');
     place.has_bits = true;
     place.high = static_cast<unsigned>(number_in(bus, word, text.substr(0, colon), bus.width - 1, "bit"));
@@ -73,8 +73,8 @@ void take_bits(const Bus &bus, const std::string &word, const std::string &text,
     if (place.low > place.high) refuse(bus, word, "the higher bit stands first");
 }
 
-Place place_of(const Bus &bus, const std::string &word) {
-    Place place;
+RegisterPlace place_of(const Bus &bus, const std::string &word) {
+    RegisterPlace place;
     place.high = bus.width - 1;
     const std::size_t equals = word.find('=');
     std::string where = word.substr(0, equals);
@@ -114,7 +114,7 @@ class Registers {
   public:
     Registers(Context &context, const Bus &bus, unsigned device) : context_(context), bus_(bus), device_(device) {}
 
-    std::vector<uint64_t> read(const Place &place) {
+    std::vector<uint64_t> read(const RegisterPlace &place) {
         if (!reader_) reader_ = bus_method(context_, bus_.readers, arguments());
         const Method &method = *reader_;
         std::vector<Call> calls;
@@ -133,7 +133,7 @@ class Registers {
         return values;
     }
 
-    void write(const Place &place, const std::vector<uint64_t> &values) {
+    void write(const RegisterPlace &place, const std::vector<uint64_t> &values) {
         if (!writer_) writer_ = bus_method(context_, bus_.writers, arguments());
         const Method &method = *writer_;
         Json data = Json::array();
@@ -162,7 +162,7 @@ class Registers {
     std::optional<Method> reader_, writer_;
 };
 
-std::string name_of(const Bus &bus, const Place &place) {
+std::string name_of(const Bus &bus, const RegisterPlace &place) {
     const std::string address = hexadecimal(static_cast<uint64_t>(place.first), bus.has_slave ? 8 : 32);
     const std::string bits = place.high == place.low ? std::to_string(place.low)
                                                      : std::to_string(place.high) + ":" + std::to_string(place.low);
@@ -171,7 +171,7 @@ std::string name_of(const Bus &bus, const Place &place) {
 }
 
 // Lines of an address, so many elements, and their bytes as text.
-std::string dump(const Bus &bus, const Place &place, const std::vector<uint64_t> &values) {
+std::string dump(const Bus &bus, const RegisterPlace &place, const std::vector<uint64_t> &values) {
     std::string text;
     const auto columns = static_cast<std::size_t>(bus.columns);
     for (std::size_t begin = 0; begin < values.size(); begin += columns) {
@@ -192,7 +192,8 @@ std::string dump(const Bus &bus, const Place &place, const std::vector<uint64_t>
     return text;
 }
 
-std::string shown(const Context &context, const Bus &bus, const Place &place, const std::vector<uint64_t> &values) {
+std::string shown(const Context &context, const Bus &bus, const RegisterPlace &place,
+                  const std::vector<uint64_t> &values) {
     if (context.json) {
         Json json{{"address", place.first}};
         if (bus.has_slave) json["slave"] = place.slave;
@@ -205,14 +206,14 @@ std::string shown(const Context &context, const Bus &bus, const Place &place, co
            std::to_string(values[0]) + "\n";
 }
 
-std::vector<uint64_t> sampled(Registers &registers, const Place &place) {
+std::vector<uint64_t> sampled(Registers &registers, const RegisterPlace &place) {
     std::vector<uint64_t> values = registers.read(place);
     if (values.empty()) throw Error(exit_connection, "the host answered no register");
     if (place.has_bits) values[0] = (values[0] & place.mask()) >> place.low;
     return values;
 }
 
-void perform(Context &context, const Bus &bus, Registers &registers, const Place &place) {
+void perform(Context &context, const Bus &bus, Registers &registers, const RegisterPlace &place) {
     if (!place.values) return print(shown(context, bus, place, sampled(registers, place)));
     std::vector<uint64_t> values = *place.values;
     std::string before;
@@ -223,7 +224,7 @@ void perform(Context &context, const Bus &bus, Registers &registers, const Place
     }
     registers.write(place, values);
     if (context.json) {
-        Place whole = place;
+        RegisterPlace whole = place;
         whole.has_bits = false;
         return print(shown(context, bus, whole, values));
     }
@@ -233,9 +234,9 @@ void perform(Context &context, const Bus &bus, Registers &registers, const Place
 }
 
 // A line for each change; all of them at the beginning.
-void watch(Context &context, const Bus &bus, Registers &registers, const std::vector<Place> &places,
+void watch(Context &context, const Bus &bus, Registers &registers, const std::vector<RegisterPlace> &places,
            const RegOptions &options) {
-    for (const Place &place : places)
+    for (const RegisterPlace &place : places)
         if (place.values) throw UsageError(std::string(bus.name) + " --watch: nothing is written again and again");
     const CatchInterrupt caught;
     context.connection.stop = &interrupted;
@@ -256,12 +257,12 @@ void watch(Context &context, const Bus &bus, Registers &registers, const std::ve
 }
 
 void reg(Context &context, const Bus &bus, const RegOptions &options) {
-    std::vector<Place> places;
+    std::vector<RegisterPlace> places;
     places.reserve(options.words.size());
     for (const std::string &word : options.words) places.push_back(place_of(bus, word));
     Registers registers(context, bus, options.device);
     if (options.watch) return watch(context, bus, registers, places, options);
-    for (const Place &place : places) perform(context, bus, registers, place);
+    for (const RegisterPlace &place : places) perform(context, bus, registers, place);
 }
 
 void set_up(const Bus &bus, CLI::App &command, Context &context) {
