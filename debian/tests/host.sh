@@ -11,6 +11,7 @@ trap 'end; rm -rf "$folder"' EXIT
 
 start() {
     end
+    : >"$folder/said" # what the one before has said is not waited for
     lmq-host --socket "$folder/socket" >"$folder/said" 2>&1 &
     host=$!
     until grep -q '^Listening on' "$folder/said"; do
