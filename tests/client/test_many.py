@@ -208,8 +208,8 @@ class Snapshot(ManyTest):
         self.assertEqual(self.run_ctl("diff", before), (OK, "", ""))
 
         self.ok("call", "vx_watchdog_set", "0", "p_cfg.wd_timer=60", "p_cfg.wd_action=VX_WD_ACTION_REBOOT")
-        changed = ("lmq.vx_watchdog_get(0).p_cfg.wd_action: VX_WD_ACTION_WARNING -> VX_WD_ACTION_REBOOT\n"
-                   "lmq.vx_watchdog_get(0).p_cfg.wd_timer: 30 -> 60\n")
+        changed = ("lmq.vx_watchdog_get(0).p_cfg.wd_timer: 30 -> 60\n"
+                   "lmq.vx_watchdog_get(0).p_cfg.wd_action: VX_WD_ACTION_WARNING -> VX_WD_ACTION_REBOOT\n")
         self.assertEqual(self.run_ctl("diff", before), (DRIVER, changed, ""))
         self.ok("snapshot", after)
         # Two files need no host.

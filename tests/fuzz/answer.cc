@@ -21,6 +21,7 @@ class Canned : public lmq::remote::Connection {
   public:
     void connect() override {}
     lmq::remote::Answer post(const std::string &) override { return {200, answer}; }
+    lmq::remote::Answer get(const std::string &) override { return {404, ""}; }
 };
 
 bool failed(std::int64_t status) { return status >= LMQ_REMOTE_NOT_SENT && status <= LMQ_REMOTE_MISFIT; }
