@@ -156,8 +156,7 @@ void check_arguments(const Json &json, const std::string &place) {
 
 void check_values(const Json &json, const std::string &place) {
     if (!json.is_object()) wrong(place, "is no object");
-    for (const auto &[name, value] : json.items())
-        check_object(value, value_keys, place + "." + harmless(name));
+    for (const auto &[name, value] : json.items()) check_object(value, value_keys, place + "." + harmless(name));
 }
 
 // The entries under a key, as lines.
@@ -273,9 +272,8 @@ std::string contract_lines(const std::string &description, const std::string &ta
     const Json interface = parsed_description(description);
     const Json fingerprint = interface.value("fingerprint", Json(""));
     return Dictionary::line(Dictionary::contract, "tag", Json(harmless(tag)).dump(-1, ' ', true)) +
-           Dictionary::line(
-               Dictionary::contract, "fingerprint",
-               Json(fingerprint.is_string() ? harmless(fingerprint) : "").dump(-1, ' ', true)) +
+           Dictionary::line(Dictionary::contract, "fingerprint",
+                            Json(fingerprint.is_string() ? harmless(fingerprint) : "").dump(-1, ' ', true)) +
            lines_of(interface, "methods", Dictionary::said_of_methods, method_keys) +
            lines_of(interface, "structs", Dictionary::said_of_structs, struct_keys) +
            lines_of(interface, "enums", Dictionary::said_of_enums, enum_keys) +

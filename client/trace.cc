@@ -71,7 +71,7 @@ class TraceCommand {
                 const ino_t now = file_at(path);
                 is_laid_aside = now != file && now != 0;
             }
-            if (!reader.end_text().empty()) std::fprintf(stderr, "lmqctl: %s\n", reader.end_text().c_str());
+            if (!reader.end_text().empty()) complain(reader.end_text());
             if (!is_laid_aside || interrupted) return;
             file = file_at(path);
         }

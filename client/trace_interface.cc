@@ -12,7 +12,6 @@ namespace lmqctl {
 
 namespace {
 
-void warn(const std::string &text) { std::fprintf(stderr, "lmqctl: %s\n", text.c_str()); }
 
 std::unique_ptr<TraceInterface> of_file(const std::string &file) {
     try {
@@ -28,7 +27,7 @@ std::unique_ptr<TraceInterface> of_host(Context &context) {
     try {
         return std::make_unique<TraceInterface>(context.dictionary().text());
     } catch (const Error &error) {
-        warn(std::string("numbers have no names: this interface is not in the cache, and ") + error.what());
+        complain(std::string("numbers have no names: this interface is not in the cache, and ") + error.what());
         return nullptr;
     }
 }
@@ -50,7 +49,7 @@ std::unique_ptr<TraceInterface> find_interface(Context &context, const std::stri
         found = of_file(file);
     }
     if (found && found->dictionary.fingerprint() != fingerprint)
-        warn("the trace is of another interface than " + (file.empty() ? context.connection.url : file) +
+        complain("the trace is of another interface than " + (file.empty() ? context.connection.url : file) +
              ": names may be wrong");
     return found;
 }

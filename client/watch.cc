@@ -104,7 +104,7 @@ class Watch {
         } else {
             // Why there is no host is said once.
             if (!answers.empty() || failures != said_)
-                for (const std::string &text : failures) std::fprintf(stderr, "lmqctl: %s\n", text.c_str());
+                for (const std::string &text : failures) complain(text);
             said_ = failures;
             context_.json ? object(readings) : row(readings);
         }

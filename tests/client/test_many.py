@@ -215,7 +215,7 @@ class Snapshot(ManyTest):
         # Two files need no host.
         self.assertEqual(self.run_ctl("--url", DOWN, "diff", before, after), (DRIVER, changed, ""))
         told = json.loads(self.run_ctl("--json", "diff", before, after)[1])
-        self.assertEqual(told[1], {"call": "lmq.vx_watchdog_get(0)", "member": ".p_cfg.wd_timer", "before": 30,
+        self.assertEqual(told[0], {"call": "lmq.vx_watchdog_get(0)", "member": ".p_cfg.wd_timer", "before": 30,
                                    "after": 60})
         self.ok("snapshot", after, "*watchdog*")
         status, printed, _ = self.run_ctl("diff", before, after)
