@@ -200,6 +200,7 @@ std::vector<HostCall> make_host_calls(const std::vector<Case> &cases) {
 std::vector<double> count_in_host(const fs::path &program, const std::vector<HostCall> &calls) {
     const double start = run(program, calls, nullptr);
     std::vector<double> counts;
+    counts.reserve(calls.size());
     for (const HostCall &one : calls) counts.push_back((run(program, calls, &one) - start) / one.count);
     return counts;
 }

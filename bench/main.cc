@@ -140,7 +140,7 @@ ordered_json tell_counts(const std::vector<Case> &cases, const Counts &counts, s
 
 // Notes in `missed` each call that is above its target.
 ordered_json tell_host(const std::vector<HostCall> &calls, const std::vector<double> &instructions,
-                       const Counts &counts, std::vector<std::string> &missed) {
+                       const Counts &counts, [[maybe_unused]] std::vector<std::string> &missed) {
     printf("Instructions of a call in lmq-host --in-process, in user space, and how much that is of the floor.\n\n");
     Table table({"call", "instructions", "at the most", "to floor"});
     ordered_json json;

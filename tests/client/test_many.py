@@ -220,7 +220,7 @@ class Snapshot(ManyTest):
         self.ok("snapshot", after, "*watchdog*")
         status, printed, _ = self.run_ctl("diff", before, after)
         self.assertEqual(status, DRIVER)
-        self.assertIn(f": only in {before}\n", printed)
+        self.assertIn(f": only in {before}: ", printed)
 
     def test_snapshot_on_standard_output(self):
         before = self.folder / "printed.json"
