@@ -7,6 +7,7 @@
 #include "columns.h"
 #include "command.h"
 #include "error.h"
+#include "names.h"
 #include "prepare.h"
 #include "standard_output.h"
 
