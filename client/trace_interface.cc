@@ -7,6 +7,7 @@
 #include "cache.h"
 #include "error.h"
 #include "file.h"
+#include "standard_output.h"
 
 namespace lmqctl {
 

@@ -55,7 +55,7 @@ std::string TraceStats::table() const {
     for (const auto &[name, row] : rows()) {
         std::snprintf(line, sizeof line, "%8zu %7zu %7zu %5zu", row.calls, row.failed, row.faults, row.lost);
         text += line;
-        for (const std::size_t hundredths : {50, 90, 99, 100}) {
+        for (const std::size_t hundredths : {50U, 90U, 99U, 100U}) {
             if (row.times.empty())
                 std::snprintf(line, sizeof line, " %9s", "-");
             else
