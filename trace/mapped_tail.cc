@@ -47,7 +47,7 @@ bool MappedTail::reach(int file, std::uint64_t at, std::size_t bytes, std::uint6
     const std::uint64_t wanted = limit > 0 ? std::min(at + step, limit) : at + step;
     const std::uint64_t to = std::max(at + bytes, wanted);
     if (fallocate(file, 0, static_cast<off_t>(at), static_cast<off_t>(to - at)) != 0) return false;
-    const std::size_t size = to - from;
+    const auto size = static_cast<std::size_t>(to - from);
     void *const memory = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED, file, static_cast<off_t>(from));
     if (memory == MAP_FAILED) return false;
 #ifdef MADV_POPULATE_WRITE

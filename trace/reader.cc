@@ -29,7 +29,7 @@ Reader::Reader(std::string path)
             throw Error("'" + path_ + "' is no trace");
         }
         if (has_magic && begin != magic) throw Error("'" + path_ + "' is a trace of a version that is not known here");
-        begin_ = offset_ = begin.size();
+        offset_ = begin_ = begin.size();
         const RecordView *first = next();
         if (first == nullptr || first->kind != Kind::head)
             throw TornHead("the head of the trace '" + path_ + "' is torn");

@@ -107,10 +107,10 @@ TEST_F(Traces, AFileIsReadUpToAnEndThatIsTornAnywhere) {
     std::vector<std::size_t> ends;
     {
         Writer writer(file_, head(), Writer::Mode::create);
-        ends.push_back(fs::file_size(file_));
+        ends.push_back(static_cast<std::size_t>(fs::file_size(file_)));
         for (std::uint64_t number : {1, 2, 3}) {
             writer.write(RecordView(call(number)));
-            ends.push_back(fs::file_size(file_));
+            ends.push_back(static_cast<std::size_t>(fs::file_size(file_)));
         }
     }
     const std::string whole = content(file_);
