@@ -108,7 +108,7 @@ TEST_F(Traces, AFileIsReadUpToAnEndThatIsTornAnywhere) {
     {
         Writer writer(file_, head(), Writer::Mode::create);
         ends.push_back(static_cast<std::size_t>(fs::file_size(file_)));
-        for (std::uint64_t number : {1, 2, 3}) {
+        for (std::uint64_t number : {1U, 2U, 3U}) {
             writer.write(RecordView(call(number)));
             ends.push_back(static_cast<std::size_t>(fs::file_size(file_)));
         }
@@ -191,7 +191,7 @@ TEST_F(Traces, TwoFilesTakeTurnsAtTheLimit) {
 }
 
 TEST_F(Traces, WhoIsKilledLeavesAllThatWasWritten) {
-    for (const std::uint64_t count : {1, 1000, 5000}) {
+    for (const std::uint64_t count : {1U, 1000U, 5000U}) {
         fs::remove(file_);
         const pid_t child = fork();
         if (child == 0) {
