@@ -13,7 +13,6 @@ namespace lmqctl {
 
 namespace {
 
-
 std::unique_ptr<TraceInterface> of_file(const std::string &file) {
     try {
         return std::make_unique<TraceInterface>(read_text(file));
@@ -51,7 +50,7 @@ std::unique_ptr<TraceInterface> find_interface(Context &context, const std::stri
     }
     if (found && found->dictionary.fingerprint() != fingerprint)
         complain("the trace is of another interface than " + (file.empty() ? context.connection.url : file) +
-             ": names may be wrong");
+                 ": names may be wrong");
     return found;
 }
 
