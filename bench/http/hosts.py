@@ -256,13 +256,13 @@ def choice(options, known):
 
 def main():
     options = arguments()
-    # Each idle connection is a descriptor here, and one in its server.
-    most = resource.getrlimit(resource.RLIMIT_NOFILE)[1]
-    resource.setrlimit(resource.RLIMIT_NOFILE, (min(most, 5 * options.idle + 1000), most))
     with tempfile.TemporaryDirectory() as name:
         folder = Path(name)
         known = commands(options, folder)
         chosen = {key: known[key] for key in choice(options, known)}
+        # Each idle connection is a descriptor here, and one in its server.
+        most = resource.getrlimit(resource.RLIMIT_NOFILE)[1]
+        resource.setrlimit(resource.RLIMIT_NOFILE, (min(most, len(chosen) * options.idle + 1000), most))
         # The driver of the tests writes down what it is handed into this file.
         os.environ["LMQ_PROBE"] = str(folder / "probe")
         with open(os.environ["LMQ_PROBE"], "wb") as probe:

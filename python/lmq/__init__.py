@@ -9,7 +9,7 @@
 of the first host that was connected.
 """
 
-import pathlib as _pathlib
+import os as _os
 
 from . import boards as _boards
 from . import errors as _errors
@@ -22,7 +22,8 @@ from .values import Result, Struct
 
 __all__ = ["ArgumentError", "Batch", "Chip", "Error", "Fault", "Future", "HostError", "Interface", "Result",
            "StatusError", "Struct", "WaitTimeout", "connect"]
-__version__ = (_pathlib.Path(__file__).parent / "VERSION").read_text().strip()
+with open(_os.path.join(_os.path.dirname(__file__), "VERSION"), encoding="ascii") as _file:
+    __version__ = _file.read().strip()
 
 _interfaces = {}  # by the tag that hosts give it: those with the same interface share it, and its enums
 
