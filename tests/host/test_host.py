@@ -310,6 +310,14 @@ class Http(unittest.TestCase):
                     client.sendall(head + b"Connection: close\r\n\r\n" + rest)
                     self.assertIn(b" 200 OK", client.makefile("rb").readline())
 
+    def test_a_head_that_is_too_long_is_told_so(self):
+        cookies = b"; ".join(b"c%d=%s" % (number, 20 * b"v") for number in range(300))
+        with serve() as host:
+            for rest in (b"<", 60000 * b"<"):
+                with self.subTest(body=len(rest)), host.socket() as client:
+                    client.sendall(HEAD + b"Content-Length: %d\r\nCookie: %s\r\n\r\n%s" % (len(rest), cookies, rest))
+                    self.assertTrue(client.recv(100).startswith(b"HTTP/1.1 431 "))
+
     def test_idle_and_vanished_connections_disturb_nobody(self):
         with serve() as host, contextlib.ExitStack() as stack:
             idle = [stack.enter_context(host.socket()) for _ in range(100)]
