@@ -6,7 +6,7 @@ import { codes } from "./codegen.js";
 
 /** What to do about a status, where that is known. */
 const advice = {
-  VX_ERR_GLBL_SYS_UNINTIALIZED: ["The system is down. ", "Start it",
+  VX_ERR_GLBL_SYS_UNINTIALIZED: ["", "Start it",
     "#/method/lmq_init_system?num_dev=1&dev_cfg[0].enbl=1"],
   VX_ERR_DEV_UNINTIALIZED: ["The system is up, the device is not. ", "Start the device",
     "#/method/lmq_init_device?enbl=1"],
