@@ -13,21 +13,6 @@ namespace lmqctl {
 
 namespace {
 
-// The parameter that a word like p_cfg.wd_enable=1 begins with; nullptr for a word of another kind.
-const Parameter *addressed(const Method &method, const std::string &word, std::size_t &path) {
-    const std::size_t equals = word.find('=');
-    if (equals == std::string::npos || equals == 0 || std::string("{[\"@-").find(word[0]) != std::string::npos)
-        return nullptr;
-    path = word.find_first_of(".[=");
-    const std::string name = word.substr(0, path);
-    std::vector<std::string> names;
-    for (const Parameter &parameter : method.parameters) {
-        if (parameter.name == name) return &parameter;
-        names.push_back(parameter.name);
-    }
-    throw UsageError(method.name + " has no argument " + name + did_you_mean(name, names) + "\n" + method.prototype());
-}
-
 // A method that the host does not describe takes JSON, or what looks like a number or a text.
 Json plain_arguments(const Method &method, const std::vector<std::string> &words) {
     Json arguments = Json::array();
@@ -115,7 +100,7 @@ class Arguments {
         std::vector<std::string> in_order, keys;
         for (const std::string &word : words) {
             std::size_t path = 0;
-            const Parameter *parameter = addressed(method_, word, path);
+            const Parameter *parameter = addressed(word, path);
             if (!parameter) {
                 in_order.push_back(word);
                 continue;
@@ -199,6 +184,27 @@ class Arguments {
         Json value;
         bool is_given;
     };
+
+    // The parameter that a word like p_cfg.wd_enable=1 begins with; nullptr for a word of another kind.
+    const Parameter *addressed(const std::string &word, std::size_t &path) const {
+        const std::size_t equals = word.find('=');
+        if (equals == std::string::npos || equals == 0 || std::string("{[\"@-").find(word[0]) != std::string::npos)
+            return nullptr;
+        path = word.find_first_of(".[=");
+        const std::string name = word.substr(0, path);
+        std::vector<std::string> names;
+        std::string of_a_member;
+        for (std::size_t i = 0; i < slots_.size(); ++i) {
+            const Parameter &parameter = method_.parameters[i];
+            if (parameter.name == name) return &parameter;
+            names.push_back(parameter.name);
+            for (const Member &member : slots_[i].type->members)
+                if (parameter.is_udt && member.name == name)
+                    of_a_member = "; a member is " + parameter.name + "." + word;
+        }
+        throw UsageError(method_.name + " has no argument " + name +
+                         (of_a_member.empty() ? did_you_mean(name, names) : of_a_member) + "\n" + method_.prototype());
+    }
 
     // A word must not undo what another has set. One may add to it: p_cfg={...} p_cfg.enable=1.
     static void refuse_repeated(std::vector<std::string> &keys, const std::string &key) {

@@ -75,6 +75,8 @@ class Commands(CtlTest):
         path.write_text(json.dumps(template))
         self.ok("call", "vx_watchdog_set", f"@{path}")
         self.assertRegex(self.ok("call", "vx_watchdog_get", "0"), r"wd_timer +77\n")
+        self.refused(USAGE, "has no argument wd_timer; a member is p_cfg.wd_timer=30", "call", "vx_watchdog_set", "0",
+                     "wd_timer=30")
         self.refused(USAGE, "vx_watchdog_set has no argument p_cgf; did you mean p_cfg", "call", "vx_watchdog_set",
                      '{"dev_id": 0, "p_cgf": {}}')
         self.refused(USAGE, "missing argument p_cfg", "call", "vx_watchdog_set", '{"dev_id": 0}')
