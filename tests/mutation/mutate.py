@@ -74,8 +74,8 @@ class Tree:
         # Without what costs time to build and is not used. What a switch does to warnings is nobody's concern.
         run("cmake", "-S", self.tree, "-B", self.build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Release", "-DLMQ_BENCH=OFF",
             "-DLMQ_CLANG=OFF", f"-DCMAKE_CXX_FLAGS=-w -Wno-narrowing -include {HERE}/mutant.h")
-        # A file that is made for others to include has to be there before they are looked at.
-        run("cmake", "--build", self.build, "--target", "lmq_contract")
+        # What is made for others to include has to be there before they are looked at.
+        run("cmake", "--build", self.build, "--target", "lmq_contract", "lmq_version")
 
     def find(self):
         print("Looking for sites", flush=True)
