@@ -19,6 +19,8 @@ if [[ ${1-} != --inside ]]; then
 fi
 bare=$2
 
+all=(lmq-common lmq-plugin lmq-host lmqctl lmq-sim liblmq-dev python3-lmq lmq-doc)
+
 there() { in_root "$bare" "$@"; }
 expect() { # expect TEXT OUTPUT: the output holds the text
     [[ $2 == *"$1"* ]] || die "expected '$1' in: $2"
@@ -84,9 +86,9 @@ by_init_script() {
 
 by_their_own_tests() {
     local test
-    install gcc libc6-dev pkg-config cmake make
+    install gcc libc6-dev pkg-config cmake make python3-pytest python3-prometheus-client
     cp -r "$root/debian/tests" "$bare/root/tests"
-    for test in call build; do
+    for test in call bench build; do
         say "debian/tests/$test"
         quietly in_root "$bare" "/root/tests/$test" || die "debian/tests/$test failed; its messages are above"
     done
@@ -97,19 +99,21 @@ upgraded() {
     say "Upgrading"
     echo "slow=500" >>"$bare/etc/lmq-host.conf"
     local name
-    for name in lmq-common lmq-plugin lmq-host lmq-sim; do
+    for name in "${all[@]}"; do
         there sh -euc "cd /root && rm -rf later && dpkg-deb -R dist/${name}_*.deb later &&
             sed -i 's/^\(Version: .*\)/\1+later/; s/\((= [^)]*\))/\1+later)/g' later/DEBIAN/control &&
-            dpkg-deb --build later $name.later.deb >/dev/null"
+            dpkg-deb -Znone --build later $name.later.deb >/dev/null"
     done
-    there sh -euc 'cd /root && dpkg -r --force-depends lmqctl liblmq-dev python3-lmq lmq-doc >/dev/null && dpkg -i ./*.later.deb' \
-        >"$bare/root/said" 2>&1 || die "the upgrade failed: $(cat "$bare/root/said")"
+    there sh -euc 'cd /root && dpkg -i ./*.later.deb' >"$bare/root/said" 2>&1 ||
+        die "the upgrade failed: $(cat "$bare/root/said")"
     expect "slow=500" "$(cat "$bare/etc/lmq-host.conf")"
+    there dpkg --audit
+    quietly in_root "$bare" /root/tests/call || die "debian/tests/call failed after the upgrade; its messages are above"
 }
 
 purged() {
     say "Purging"
-    quietly in_root "$bare" apt-get -q -y purge lmq-common lmq-plugin lmq-host lmq-sim lmqctl liblmq-dev python3-lmq lmq-doc ||
+    quietly in_root "$bare" apt-get -q -y purge "${all[@]}" ||
         die "cannot purge; messages are above"
     local left
     left=$(there find / -xdev \( -path /proc -o -path /root -o -path /tmp \) -prune -o -iname '*lmq*' -print)
