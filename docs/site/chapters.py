@@ -69,7 +69,7 @@ class Chapters:
         """Makes a page of each manual page, as a terminal shows it."""
         found = []
         for path in sorted(self.root.glob("packaging/*.[1-8]")):
-            shown = subprocess.run(["groff", "-man", "-Tutf8", "-rLL=90n", "-P-cbou", str(path)], stdout=subprocess.PIPE,
+            shown = subprocess.run(["groff", "-man", "-Tutf8", "-rLL=84n", "-P-cbou", str(path)], stdout=subprocess.PIPE,
                                    text=True, check=True).stdout
             name = f"{path.stem}({path.suffix[1:]})"
             self.pages[f"packaging/{path.name}.md"] = f"# {name}\n\n````text\n{shown.strip()}\n````\n"

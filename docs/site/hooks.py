@@ -7,6 +7,7 @@ to all the others, and the site would be ten times as large.
 import json
 import pathlib
 import re
+import shutil
 
 from mkdocs.structure.nav import Section
 
@@ -70,14 +71,20 @@ def on_post_page(output, page, config):
     takes for too common: `get` is one."""
     script = '<script src="' + "../" * page.url.count("/") + 'assets/search.js"></script>'
     # Long names break where their words end.
-    output = re.sub(r'(class="md-nav__link[^>]*>\s*)(\w+)(?=\s*<)', lambda it: it[1] + it[2].replace("_", "_<wbr>"), output)
+    output = re.sub(r'((?:class="md-nav__link|<h1)[^>]*>\s*)(\w+)(?=\s*<)',
+                    lambda it: it[1] + it[2].replace("_", "_<wbr>"), output)
     return output.replace("</head>", script + "</head>", 1).replace('"trimmer, stopWordFilter"', '"trimmer"', 1)
 
 
 def on_post_build(config):
     """Takes the pages that only show a source file out of the search. A browser reads no JSON from files, but scripts: the
-    index of the search stands there as one too."""
-    folder = pathlib.Path(config["site_dir"], "search")
+    index of the search stands there as one too. What nobody loads goes: other languages, what developers of the theme
+    need, and the list of pages for search engines, which names none where the site's address is not known."""
+    site = pathlib.Path(config["site_dir"])
+    shutil.rmtree(site / "assets" / "javascripts" / "lunr")
+    for path in [*site.glob("sitemap.xml*"), *site.rglob("*.map")]:
+        path.unlink()
+    folder = site / "search"
     index = json.loads((folder / "search_index.json").read_text())
     left_out = set(config["extra"]["sources"])
     index["docs"] = [entry for entry in index["docs"] if entry["location"].split("#")[0] not in left_out]
