@@ -433,11 +433,11 @@ bool Server::wait(int other, int timeout) {
     } else if (!recorder_.has_unwritten() || !is_busy || !look(0)) {
         if (is_busy) recorder_.flush();
         Spinner &spinner = is_busy ? answer_spinner_ : request_spinner_;
-        spinner.wait([&] { return look(0); },
-                     [&] {
-                         recorder_.flush();
-                         look(timeout);
-                     });
+        const auto sleep = [&] {
+            recorder_.flush();
+            look(timeout);
+        };
+        spinner.wait([&] { return look(0); }, sleep, calls_.are_many());
     }
     backend_moved_ = std::any_of(std::begin(descriptors) + 2, std::end(descriptors),
                                  [](const pollfd &one) { return one.revents != 0; });

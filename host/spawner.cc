@@ -129,7 +129,7 @@ WorkerPlan plan_of(const Question &question, std::string_view texts) {
 
 }  // namespace
 
-Spawner::Spawner(void (*begin)(int, const WorkerPlan &), Output &output) {
+Spawner::Spawner(void (*begin)(int, CallMark &, const WorkerPlan &), Output &output) {
     int ends[2];
     if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends) < 0) {
         throw std::system_error(errno, std::generic_category(), "cannot make a socket");
@@ -156,7 +156,7 @@ Spawner::~Spawner() {
     while (waitpid(pid_, nullptr, 0) < 0 && errno == EINTR) continue;
 }
 
-void Spawner::serve(void (*begin)(int, const WorkerPlan &)) {
+void Spawner::serve(void (*begin)(int, CallMark &, const WorkerPlan &)) {
     char text[longest_question];
     FileDescriptor none;
     const pid_t spawner = getpid();
@@ -180,7 +180,7 @@ void Spawner::serve(void (*begin)(int, const WorkerPlan &)) {
             const int socket = keep_only(there.release());
             socket_.release();
             here.release();
-            begin(socket, plan_of(question, {text + sizeof question, length - sizeof question}));
+            begin(socket, mark_, plan_of(question, {text + sizeof question, length - sizeof question}));
             std::exit(EXIT_SUCCESS);  // the driver's own clean-up runs
         }
         send_message(socket_.get(), {reinterpret_cast<const char *>(&answer), sizeof answer}, here.get());

@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <string>
 
+#include "call_mark.h"
 #include "file_descriptor.h"
 #include "output.h"
 
@@ -32,10 +33,10 @@ class Spawner {
     };
 
     /// Forks the process. Nothing else may have been done before in this one.
-    /// @param begin  What a worker does; it is given its socket.
+    /// @param begin  What a worker does; it is given its socket, and where it notes how far it has come.
     /// @param output What it prints goes there.
     /// @throws std::system_error if the system refuses.
-    Spawner(void (*begin)(int socket, const WorkerPlan &plan), Output &output);
+    Spawner(void (*begin)(int socket, CallMark &mark, const WorkerPlan &plan), Output &output);
     ~Spawner();
     Spawner(const Spawner &) = delete;
     Spawner &operator=(const Spawner &) = delete;
@@ -50,9 +51,13 @@ class Spawner {
     /// @throws std::runtime_error if the spawner has ended, and all workers with it.
     int bury(pid_t pid);
 
-  private:
-    [[noreturn]] void serve(void (*begin)(int, const WorkerPlan &));
+    /// How far the worker has come. There is one at a time.
+    CallMark &mark() { return mark_; }
 
+  private:
+    [[noreturn]] void serve(void (*begin)(int, CallMark &, const WorkerPlan &));
+
+    CallMark mark_;
     FileDescriptor socket_;
     pid_t pid_ = -1;
 };

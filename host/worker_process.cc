@@ -1,8 +1,12 @@
 // The loop of the worker.
 #include "worker_process.h"
 
+#include <sys/ioctl.h>
 #include <sys/socket.h>
+#include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
@@ -20,10 +24,10 @@ namespace {
 
 constexpr char introspection_sign = '?', other_sign = '!';
 
-/// Reads a frame.
-/// @param spinner Asks for the first bytes before the process goes to sleep over them.
+/// Reads a frame, of which some may have arrived already.
+/// @param spinner Asks for the first bytes before the process goes to sleep over them, unless the host is busy.
 /// @return False if nobody is at the other end.
-bool read_frame(int socket, FrameReader &reader, Spinner &spinner) {
+bool read_frame(int socket, FrameReader &reader, Spinner &spinner, bool is_busy) {
     bool open = true;
     const auto take = [&](int flags) {
         const ssize_t count = recv(socket, reader.space(), reader.room(), flags);
@@ -34,49 +38,82 @@ bool read_frame(int socket, FrameReader &reader, Spinner &spinner) {
         take(MSG_DONTWAIT);
         return reader.has_begun() || !open;
     };
-    spinner.wait(look, [&] {
-        while (open && !reader.has_begun()) take(0);
-    });
+    if (!reader.has_begun()) {
+        const auto sleep = [&] {
+            while (open && !reader.has_begun()) take(0);
+        };
+        spinner.wait(look, sleep, is_busy);
+    }
     while (open && reader.state() == FrameReader::State::incomplete) take(0);
     return reader.state() == FrameReader::State::complete;
 }
 
-bool write_frame(int socket, FrameKind kind, std::uint64_t number, std::string_view text) {
+bool write_frame(int socket, const FrameHead &head, std::string_view text) {
     FrameWriter writer;
-    writer.begin(kind, number, text);
+    writer.begin(head, text);
     return writer.send(socket, 0);
+}
+
+/// Whether the front has not read all yet that this process and those before it have printed.
+bool is_output_waiting() {
+    return std::ranges::any_of(std::array{STDOUT_FILENO, STDERR_FILENO}, [](int descriptor) {
+        int bytes = 0;
+        return ioctl(descriptor, FIONREAD, &bytes) == 0 && bytes > 0;
+    });
+}
+
+/// Makes a call and answers it.
+/// @return Whether somebody is at the other end, and whether what was printed waits to be read.
+struct Done {
+    bool is_sent, has_printed;
+};
+Done carry_out(int socket, const Call &call, const FrameReader &reader, std::size_t max_answer) {
+    FrameHead head{.kind = FrameKind::answer, .number = reader.head().number, .size = 0};
+    const auto begun = std::chrono::steady_clock::now().time_since_epoch();
+    head.begun = std::chrono::duration_cast<std::chrono::nanoseconds>(begun).count();
+    std::string text;
+    try {
+        text = call(reader.text());
+        if (text.size() > max_answer) {
+            throw std::runtime_error("The answer is longer than " + std::to_string(max_answer) + " bytes.");
+        }
+    } catch (const std::exception &error) {
+        head.kind = FrameKind::unanswerable;
+        text = error.what();
+    }
+    // What a call printed is to be there before its answer.
+    std::fflush(nullptr);
+    head.has_printed = is_output_waiting() ? 1 : 0;
+    return {write_frame(socket, head, text), head.has_printed != 0};
 }
 
 }  // namespace
 
-void work(int socket, const WorkerPlan &plan) {
+void work(int socket, CallMark &mark, const WorkerPlan &plan) {
     std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
     print_backtraces();
     Service service;
     try {
         service = load_service(plan.driver, plan.plugin, plan.max_call);
     } catch (const std::exception &error) {
-        write_frame(socket, FrameKind::failed, 0, error.what());
+        write_frame(socket, {.kind = FrameKind::failed, .number = 0, .size = 0}, error.what());
         return;
     }
-    if (!write_frame(socket, FrameKind::ready, 0, text_of(service.methods))) return;
+    const FrameHead ready{.kind = FrameKind::ready, .number = 0, .size = 0};
+    if (!write_frame(socket, ready, text_of(service.methods))) return;
     Spinner spinner{std::chrono::microseconds(plan.spin)};
-    for (FrameReader reader(plan.max_call); read_frame(socket, reader, spinner); reader.reset()) {
+    Done last{true, false};
+    bool is_next = false;
+    for (FrameReader reader(plan.max_call); last.is_sent && read_frame(socket, reader, spinner, is_next);
+         reader.next()) {
         const std::uint64_t number = reader.head().number;
-        FrameKind kind = FrameKind::answer;
-        std::string text;
-        try {
-            text = service.call(reader.text());
-            // What a call printed is to be there before its answer.
-            std::fflush(nullptr);
-            if (text.size() > plan.max_answer) {
-                throw std::runtime_error("The answer is longer than " + std::to_string(plan.max_answer) + " bytes.");
-            }
-        } catch (const std::exception &error) {
-            kind = FrameKind::unanswerable;
-            text = error.what();
+        is_next = reader.head().kind == FrameKind::next;
+        // What the call before has printed is its own: the front reads it before it hands over a call alone.
+        if ((last.has_printed && is_next) || !mark.begin(number)) {
+            last.is_sent = write_frame(socket, {.kind = FrameKind::declined, .number = number, .size = 0}, "");
+        } else {
+            last = carry_out(socket, service.call, reader, plan.max_answer);
         }
-        if (!write_frame(socket, kind, number, text)) return;
     }
 }
 
