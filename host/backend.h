@@ -100,7 +100,17 @@ class Backend {
     virtual void begin(std::string call, std::string method) = 0;
 
     /// Does what can be done without waiting. Returns the outcome of the oldest call, once.
-    virtual std::optional<Outcome> step() = 0;
+    /// @param moved Whether a descriptor of waits() is ready, or the time of timeout() is over. Without that only an
+    /// outcome
+    ///              that is_there() is taken.
+    virtual std::optional<Outcome> step(bool moved) = 0;
+
+    /// Whether there is an outcome of which no descriptor tells.
+    virtual bool is_there() const { return false; }
+
+    /// Before whoever asks goes to sleep, so that a descriptor tells, and after that. is_there() is to be asked again
+    /// between the two.
+    virtual void sleep(bool begins) { static_cast<void>(begins); }
 
     /// The calls that have not begun, oldest first: they never will, and may be handed over again. They are those that
     /// were handed over last.

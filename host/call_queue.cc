@@ -81,13 +81,14 @@ void CallQueue::settle(Exchange &exchange, Backend::Outcome outcome, pid_t proce
 void CallQueue::carry_out(Exchange &exchange) {
     const auto begun = Clock::now();
     backend_.begin(exchange.body.take(), exchange.method);
-    settle(exchange, *backend_.step(), backend_.state().pid, begun);
+    settle(exchange, *backend_.step(true), backend_.state().pid, begun);
     recorder_.flush();  // a driver that crashes takes this process along
 }
 
 const std::vector<Exchange *> &CallQueue::advance(bool moved) {
     replied_.clear();
-    if (moved || backend_.timeout() == 0) take_outcomes();
+    moved = moved || backend_.timeout() == 0;
+    if (moved || backend_.is_there()) take_outcomes(moved);
     if (is_held_up()) take_back(true);
     while (!waiting_.empty()) {
         const bool may_begin =
@@ -100,9 +101,9 @@ const std::vector<Exchange *> &CallQueue::advance(bool moved) {
     return replied_;
 }
 
-void CallQueue::take_outcomes() {
+void CallQueue::take_outcomes(bool moved) {
     for (bool more = true; more;) {
-        auto outcome = backend_.step();
+        auto outcome = backend_.step(moved);
         const auto death = backend_.take_death();
         take_back(false);
         more = outcome && !handed_.empty();

@@ -79,7 +79,7 @@ class CallQueue {
     void take_lost(const Place &place, const Backend::Outcome &outcome, pid_t process);
     void begin_next();
     void give_up(Exchange &exchange);
-    void take_outcomes();
+    void take_outcomes(bool moved);
     void take_outcome(Backend::Outcome outcome, pid_t process);
     void take_back(bool all);
     bool is_held_up() const;

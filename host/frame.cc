@@ -32,7 +32,7 @@ FrameReader::State FrameReader::take(std::size_t count) {
     if (received_ < sizeof head_) return state_;
     if (!had_head) {
         std::memcpy(&head_, piece_.data(), sizeof head_);
-        if (head_.mark != FrameHead::magic || head_.kind > FrameKind::declined || head_.size > limit_) {
+        if (head_.mark != FrameHead::magic || head_.kind > FrameKind::bell || head_.size > limit_) {
             return state_ = State::broken;
         }
         if (is_long()) try {

@@ -10,9 +10,10 @@
 
 namespace lmq::host {
 
-/// A call that is handed over alone, what a worker says to it, and, at the end, a call that is handed over behind
-/// others and one that was not made, since it was taken back or what was printed before is to be read first.
-enum class FrameKind : std::uint32_t { call, ready, failed, answer, unanswerable, next, declined };
+/// A call that is handed over alone, and what a worker says to it; a call that is handed over behind others; one that
+/// was not made, since it was taken back or what was printed before is to be read first; and what wakes the other side
+/// when there is something on the board.
+enum class FrameKind : std::uint32_t { call, ready, failed, answer, unanswerable, next, declined, bell };
 
 struct FrameHead {
     static constexpr std::uint32_t magic = 0x6c6d7131;

@@ -430,14 +430,16 @@ bool Server::wait(int other, int timeout) {
     const bool is_busy = calls_.has_call_in_hand();
     if (timeout == 0) {
         look(0);
-    } else if (!recorder_.has_unwritten() || !is_busy || !look(0)) {
+    } else if (!recorder_.has_unwritten() || !is_busy || !(backend_.is_there() || look(0))) {
         if (is_busy) recorder_.flush();
         Spinner &spinner = is_busy ? answer_spinner_ : request_spinner_;
         const auto sleep = [&] {
             recorder_.flush();
-            look(timeout);
+            backend_.sleep(true);
+            look(backend_.is_there() ? 0 : timeout);
+            backend_.sleep(false);
         };
-        spinner.wait([&] { return look(0); }, sleep, calls_.are_many());
+        spinner.wait([&] { return backend_.is_there() || look(0); }, sleep, calls_.are_many());
     }
     backend_moved_ = std::any_of(std::begin(descriptors) + 2, std::end(descriptors),
                                  [](const pollfd &one) { return one.revents != 0; });

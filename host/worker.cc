@@ -28,11 +28,6 @@ using std::chrono::milliseconds;
 constexpr std::chrono::seconds time_to_end(5);
 constexpr unsigned measured_every = 16;
 
-/// Calls that are handed over before the one in hand is answered: so many, and so long in bytes. Together they fit into
-/// the socket.
-constexpr std::size_t most_in_hand = 16;
-constexpr std::size_t longest_next = 4 * 1024;
-
 /// A worker that loads for longer counts as absent, even if it may still come.
 constexpr std::chrono::seconds usual_load_time(5);
 
@@ -61,8 +56,8 @@ Worker::Worker(Spawner &spawner, Output &output, WorkerPlan plan, const Options 
         auto waited = waits();
         poll(waited.data(), waited.size(), timeout());
         read_output();
-        if (receive()) {
-            const auto loaded = take_frame();
+        if (auto frame = receive(true)) {
+            const auto loaded = take_frame(*std::move(frame));
             if (loaded) {
                 bury();
                 throw std::runtime_error(loaded->text);
@@ -94,6 +89,7 @@ Worker::~Worker() try {
 }
 
 void Worker::start() {
+    plan_.first_call = number_ + 1;
     Spawner::Started started = spawner_.start(plan_);
     pid_ = started.pid;
     socket_ = std::move(started.socket);
@@ -121,7 +117,7 @@ bool Worker::start_again() {
 }
 
 bool Worker::ready_for_next(std::size_t size) const {
-    return phase_ == Phase::idle && size <= longest_next && handed_.size() < most_in_hand &&
+    return phase_ == Phase::idle && size <= Slots::longest && handed_.size() + 1 < Slots::count &&
            in_hand() == handed_.size() && out_.is_done() && !is_too_large_;
 }
 
@@ -129,8 +125,16 @@ void Worker::begin(std::string call, std::string method) {
     const bool is_next = in_hand() > 0;
     if (!is_next) output_.begin(method);
     handed_.push_back({++number_, std::move(call), std::move(method), is_next});
-    out_.begin({.kind = is_next ? FrameKind::next : FrameKind::call, .number = number_, .size = 0},
-               handed_.back().call);
+    const FrameHead head{.kind = is_next ? FrameKind::next : FrameKind::call, .number = number_, .size = 0};
+    Slots &calls = spawner_.board().calls();
+    if (calls.put(head, handed_.back().call)) {
+        if (!calls.wants_bell()) return;
+        out_number_ = 0;
+        out_.begin({.kind = FrameKind::bell, .number = 0, .size = 0}, {});
+    } else {
+        out_number_ = number_;
+        out_.begin(head, handed_.back().call);
+    }
     // A worker that is gone shows in step().
     out_.send(socket_.get(), MSG_DONTWAIT);
 }
@@ -143,7 +147,7 @@ std::size_t Worker::in_hand() const {
 /// Takes back the calls that have not begun.
 void Worker::recall() {
     if (handed_.empty()) return;
-    const std::uint64_t begun = spawner_.mark().take_back(handed_.front().number - 1, number_);
+    const std::uint64_t begun = spawner_.board().take_back(handed_.front().number - 1, number_);
     for (Handed &one : handed_) {
         if (one.number <= begun || one.is_back) continue;
         one.is_back = true;
@@ -173,31 +177,34 @@ void Worker::read_output() {
     if (in_hand() <= 1) output_.pump();
 }
 
-/// Whether the worker owes the frame that it has sent.
-bool Worker::is_expected() const {
-    const FrameKind kind = in_.head().kind;
-    if (kind == FrameKind::ready || kind == FrameKind::failed) return phase_ == Phase::starting;
-    const bool is_sent = handed_.size() > 1 || out_.is_done();
-    if (handed_.empty() || in_.head().number != handed_.front().number || !is_sent) return false;
-    if (kind == FrameKind::declined) return handed_.front().is_next || handed_.front().is_back;
-    return (kind == FrameKind::answer || kind == FrameKind::unanswerable) && !handed_.front().is_back;
+/// Whether the worker owes a frame like this.
+bool Worker::is_expected(const FrameHead &head) const {
+    if (head.mark != FrameHead::magic) return false;
+    if (head.kind == FrameKind::ready || head.kind == FrameKind::failed) return phase_ == Phase::starting;
+    if (handed_.empty() || head.number != handed_.front().number) return false;
+    if (!out_.is_done() && out_number_ == head.number) return false;
+    if (head.kind == FrameKind::declined) return handed_.front().is_next || handed_.front().is_back;
+    return (head.kind == FrameKind::answer || head.kind == FrameKind::unanswerable) && !handed_.front().is_back;
 }
 
-/// Reads what is there. Returns whether a frame is complete; closes the socket if the worker is at its end, or sends
-/// what it does not owe.
-bool Worker::receive() {
+bool Worker::is_there() const { return !handed_.empty() && spawner_.board().answers().has(handed_.front().number); }
+
+/// Reads the socket until a frame is complete or there is nothing more.
+/// @return Whether to look at the frame. Closes the socket if the worker is at its end.
+bool Worker::read_socket() {
     const bool owes = phase_ == Phase::starting || !handed_.empty();
     while (in_.state() == FrameReader::State::incomplete && (owes || !in_.has_begun())) {
         const ssize_t count = recv(socket_.get(), in_.space(), in_.room(), MSG_DONTWAIT);
         if (count > 0) {
             in_.take(static_cast<std::size_t>(count));
+            while (in_.state() == FrameReader::State::complete && in_.head().kind == FrameKind::bell) in_.next();
             continue;
         }
         if (count < 0 && errno == EINTR) continue;
         if (count < 0 && errno == EAGAIN) {
             if (phase_ == Phase::starting && Clock::now() >= due_) {
                 misdeed_ = "took longer than " + std::to_string(options_.load_time.count()) + " s (--load-time)";
-                break;
+                return true;
             }
             // Somebody whom the driver started may keep the other end open. What the worker wrote has been read by now.
             pollfd ended{process_.get(), POLLIN, 0};
@@ -206,27 +213,64 @@ bool Worker::receive() {
         socket_ = FileDescriptor();
         return false;
     }
-    if (in_.state() == FrameReader::State::complete && is_expected()) return true;
-    if (misdeed_.empty()) misdeed_ = "sent what it was not asked for";
-    socket_ = FileDescriptor();
-    return false;
+    return true;
 }
 
-/// Takes the frame that receive() has completed.
-std::optional<Backend::Outcome> Worker::take_frame() {
-    const FrameHead head = in_.head();
-    const bool is_answer = head.kind == FrameKind::answer && !in_.is_lost();
-    std::string text = in_.is_lost() ? "There is no memory for the answer." : in_.take_text();
+/// The next frame, if it is there. Closes the socket if the worker is at its end, or sends what it does not owe.
+std::optional<Worker::Frame> Worker::receive(bool moved) {
+    const bool speaks = !is_there() && moved && socket_.get() >= 0 && read_socket();
+    // The worker may have answered before its end.
+    if (!speaks && !is_there()) return std::nullopt;
+    Frame frame;
+    if (!speaks) {
+        frame = take_from_board();
+    } else if (misdeed_.empty() && in_.state() == FrameReader::State::complete) {
+        frame = take_from_socket();
+    }
+    if (misdeed_.empty() && is_expected(frame.head)) return frame;
+    if (misdeed_.empty()) misdeed_ = "sent what it was not asked for";
+    socket_ = FileDescriptor();
+    return std::nullopt;
+}
+
+Worker::Frame Worker::take_from_board() {
+    const Slots &answers = spawner_.board().answers();
+    const std::uint64_t number = handed_.front().number;
+    Frame frame{answers.head(number), {}};
+    if (frame.head.size > std::min(Slots::longest, options_.max_answer)) return {};
+    try {
+        frame.text = answers.text(number, static_cast<std::size_t>(frame.head.size));
+    } catch (const std::bad_alloc &) {
+        frame.is_lost = true;
+    }
+    return frame;
+}
+
+Worker::Frame Worker::take_from_socket() {
+    Frame frame{in_.head(), {}, in_.is_lost()};
+    try {
+        frame.text = in_.take_text();
+    } catch (const std::bad_alloc &) {
+        frame.is_lost = true;
+    }
     in_.next();
-    switch (head.kind) {
-        case FrameKind::failed: return Outcome{Outcome::Kind::lost, std::move(text), {}};
+    return frame;
+}
+
+/// Takes a frame that the worker owes.
+std::optional<Backend::Outcome> Worker::take_frame(Frame frame) {
+    const bool is_answer = frame.head.kind == FrameKind::answer && !frame.is_lost;
+    if (frame.is_lost) frame.text = "There is no memory for the answer.";
+    switch (frame.head.kind) {
+        case FrameKind::failed: return Outcome{Outcome::Kind::lost, std::move(frame.text)};
         case FrameKind::ready:
             phase_ = Phase::idle;
-            if (methods_.empty()) methods_ = methods_of(text);
+            if (methods_.empty()) methods_ = methods_of(frame.text);
             return std::nullopt;
         case FrameKind::declined: take_declined(); return std::nullopt;
         default:
-            return take_answer(head, is_answer ? Outcome::Kind::answer : Outcome::Kind::unanswerable, std::move(text));
+            return take_answer(frame.head, is_answer ? Outcome::Kind::answer : Outcome::Kind::unanswerable,
+                               std::move(frame.text));
     }
 }
 
@@ -267,7 +311,7 @@ Backend::Death Worker::bury() {
     recall();
     std::erase_if(handed_, [](const Handed &one) { return one.is_back; });
     out_ = {};
-    spawner_.mark().reset(number_);
+    spawner_.board().reset(number_);
     if (!misdeed_.empty()) {
         death.how = misdeed_ + " and was ended";
         return death;
@@ -290,29 +334,26 @@ void Worker::maybe_recycle() {
     due_ = Clock::now() + time_to_end;
 }
 
-std::optional<Backend::Outcome> Worker::step() {
-    auto outcome = advance();
-    if (!outcome && output_.is_waiting()) read_output();
+std::optional<Backend::Outcome> Worker::step(bool moved) {
+    auto outcome = advance(moved);
+    if (moved && !outcome && output_.is_waiting()) read_output();
     return outcome;
 }
 
-std::optional<Backend::Outcome> Worker::advance() {
+std::optional<Backend::Outcome> Worker::advance(bool moved) {
     if (phase_ == Phase::dead && !handed_.empty()) return lose({});
     if (phase_ == Phase::dead && !start_again()) return std::nullopt;
     if (phase_ == Phase::ending && Clock::now() >= due_) socket_ = FileDescriptor();
-    if (socket_.get() >= 0) {
-        if (!out_.is_done()) out_.send(socket_.get(), MSG_DONTWAIT);
-        const bool starting = phase_ == Phase::starting;
-        while (socket_.get() >= 0 && receive()) {
-            auto outcome = take_frame();
-            if (outcome && !starting) return outcome;
-            if (!starting) continue;
-            if (!outcome) return std::nullopt;
-            misdeed_ = "failed to load: " + outcome->text + ",";
-            return replace();
-        }
-        if (socket_.get() >= 0) return std::nullopt;
+    if (!out_.is_done() && socket_.get() >= 0) out_.send(socket_.get(), MSG_DONTWAIT);
+    const bool starting = phase_ == Phase::starting;
+    while (auto frame = receive(moved)) {
+        auto outcome = take_frame(*std::move(frame));
+        if (outcome && starting) misdeed_ = "failed to load: " + outcome->text + ",";
+        if (starting && !outcome) return std::nullopt;
+        if (starting) break;
+        if (outcome) return outcome;
     }
+    if (socket_.get() >= 0 && misdeed_.empty()) return std::nullopt;
     return replace();
 }
 

@@ -39,10 +39,14 @@ class Worker : public Backend {
     /// Lets the worker end in peace, and ends it if it does not within some seconds.
     ~Worker() override;
 
-    bool ready() const override { return phase_ == Phase::idle && in_hand() == 0 && out_.is_done(); }
+    bool ready() const override {
+        return phase_ == Phase::idle && in_hand() == 0 && out_.is_done() && handed_.size() < Slots::count;
+    }
     bool ready_for_next(std::size_t size) const override;
     void begin(std::string call, std::string method) override;
-    std::optional<Outcome> step() override;
+    std::optional<Outcome> step(bool moved) override;
+    bool is_there() const override;
+    void sleep(bool begins) override { spawner_.board().answers().sleep(begins); }
     std::vector<std::string> take_back(bool all) override;
     std::string take_call() override;
     std::optional<Death> take_death() override { return std::exchange(death_, std::nullopt); }
@@ -57,6 +61,14 @@ class Worker : public Backend {
     /// Loading, until due_ at the latest; there for calls; told to end, until due_; gone, with the next start at due_.
     enum class Phase { starting, idle, ending, dead };
 
+    /// What a worker has sent.
+    struct Frame {
+        FrameHead head;
+        std::string text;
+        /// Whether there was no memory for the text.
+        bool is_lost = false;
+    };
+
     /// A call for which the worker owes a frame.
     struct Handed {
         std::uint64_t number;
@@ -69,10 +81,13 @@ class Worker : public Backend {
 
     void start();
     bool start_again();
-    std::optional<Outcome> advance();
-    bool receive();
-    bool is_expected() const;
-    std::optional<Outcome> take_frame();
+    std::optional<Outcome> advance(bool moved);
+    std::optional<Frame> receive(bool moved);
+    bool read_socket();
+    Frame take_from_board();
+    Frame take_from_socket();
+    bool is_expected(const FrameHead &head) const;
+    std::optional<Outcome> take_frame(Frame frame);
     Outcome take_answer(const FrameHead &head, Outcome::Kind kind, std::string text);
     void take_declined();
     Outcome lose(std::string printed);
@@ -100,7 +115,9 @@ class Worker : public Backend {
     std::vector<std::string> back_;
     /// The call that was answered last, until somebody takes it.
     std::string call_;
+    /// On its way to the worker: a call that is too long for the board, or what wakes it (0).
     FrameWriter out_;
+    std::uint64_t out_number_ = 0;
     FrameReader in_;
     /// Why the worker is ended, if it did not end by itself.
     std::string misdeed_;

@@ -109,9 +109,11 @@ class Line(unittest.TestCase):
         cases = [b"init done\n" * 3, frame(3, 7, len(answer), answer), frame(1, 1, len(answer), answer), frame(9, 1, 0),
                  frame(3, 1, 1 << 40), frame(3, 1, 1 << 30)]
         for bytes_ in cases:
-            with self.subTest(bytes=bytes_), serve(errors=died(how, "in test.speak")) as host:
+            # The answer may be there before anybody looks at the socket.
+            with self.subTest(bytes=bytes_), serve(errors=died(how, "(in test.speak|between two calls)")) as host:
                 status, text = host.post(call("test.speak", xmlrpc.client.Binary(bytes_), False))
-                self.assertEqual((status, how.encode() in text), (502, True))
+                self.assertIn((status, how.encode() in text), ((502, True), (200, False)))
+                self.assertTrue(eventually(host.printed))
                 self.assertEqual(host.proxy().test.echo(1), [1])
         for bytes_ in (b"x", frame(3, 1, len(answer), answer)):
             with self.subTest(later=bytes_), serve(errors=died(how, "between two calls")) as host:
@@ -120,6 +122,17 @@ class Line(unittest.TestCase):
                 self.assertTrue(eventually(host.printed))
                 self.assertEqual(host.proxy().test.echo(1), [1])
                 self.assertNotEqual(host.proxy().test.process(), worker)
+
+    def test_a_driver_that_overwrites_the_shared_memory_harms_itself_alone(self):
+        how = "lmq-host: the worker sent what it was not asked for and was ended in test.(echo|scribble)\n"
+        for byte in (0, 1, 0xff):
+            with self.subTest(byte=byte), serve(errors=f"({how}){{1,2}}") as host:
+                for _ in range(3):
+                    host.proxy().test.echo(1)
+                self.assertIn(host.post(call("test.scribble", byte))[0], (200, 502))
+                host.post(call("test.echo", 1))
+                for number in range(3):
+                    self.assertEqual(host.proxy().test.echo(number), [number])
 
     def test_a_call_that_no_worker_has_read_is_made_by_the_next(self):
         for size in (1, 3_000_000):
