@@ -12,14 +12,13 @@
 #include <string_view>
 #include <utility>
 
+#include "answer.h"
 #include "env.h"
 #include "xml_text.h"
 
 namespace lmq::host {
 namespace {
 
-constexpr std::string_view begin_of_answer =
-    "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<methodResponse>\r\n<params>\r\n<param>";
 constexpr std::string_view end_of_answer = "</param>\r\n</params>\r\n</methodResponse>\r\n";
 
 /// A text that grows, with room ahead for what is put to its end.

@@ -97,7 +97,7 @@ class Backend {
     /// sooner or later, or take_back() gives it back.
     /// @param call   The call, as Call takes it. The backend keeps it for as long as it needs it.
     /// @param method Its method, for the log.
-    virtual void begin(std::string call, std::string method) = 0;
+    virtual void begin(std::string call, const std::string &method) = 0;
 
     /// Does what can be done without waiting. Returns the outcome of the oldest call, once.
     /// @param moved Whether a descriptor of waits() is ready, or the time of timeout() is over. Without that only an

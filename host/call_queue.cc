@@ -180,13 +180,12 @@ void CallQueue::begin_next() {
     place.method = next.method;
     place.address = next.peer->address;
     place.user = next.user;
-    std::string method = next.method;
     place.arrived = next.arrived;
     place.handed = place.begun = now;
     are_many_ = !handed_.empty();
     if (!are_many_) reported_ = false;
     handed_.splice(handed_.end(), waiting_, waiting_.begin());
-    backend_.begin(next.body.take(), std::move(method));
+    backend_.begin(next.body.take(), place.method);
 }
 
 const std::vector<Exchange *> &CallQueue::drop_gone() {

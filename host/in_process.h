@@ -19,7 +19,7 @@ class InProcess : public Backend {
     bool is_synchronous() const override { return true; }
     bool ready() const override { return !outcome_; }
 
-    void begin(std::string call, std::string) override {
+    void begin(std::string call, const std::string &) override {
         in_hand_ = std::move(call);
         try {
             outcome_ = Outcome{Outcome::Kind::answer, call_(in_hand_), {}};

@@ -89,12 +89,13 @@ MHD_Result Server::head(Peer &peer, const Head &head, Exchange *&state) {
     auto exchange = std::make_unique<Exchange>(peer, bodies_);
     exchange->request.append(head.method).append(":").append(head.path);
     exchange->arrived = Clock::now();
-    exchange->reply = gate_.judge(head.path, head.method, head.version, *exchange);
+    const Headers headers(peer.connection);
+    exchange->reply = gate_.judge(head.path, head.method, head.version, headers, *exchange);
     if (!exchange->reply) exchange->reply = serve(head, peer);
-    const std::uint64_t announced = announced_length(peer.connection);
+    const std::uint64_t announced = headers.announced_length();
     exchange->expected = static_cast<std::size_t>(announced == 0 ? options_.max_body : announced);
     exchange->is_lease = head.path == lease_path;
-    exchange->lease_token = header(peer.connection, lease_header).value_or("");
+    if (headers.lease) exchange->lease_token = *headers.lease;
     exchange->turn(exchange->reply ? Peer::State::refused_body : Peer::State::body);
     state = exchange.release();
     const bool closes = state->reply && (state->reply->closes || announced > options_.max_body);

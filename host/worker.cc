@@ -121,10 +121,10 @@ bool Worker::ready_for_next(std::size_t size) const {
            in_hand() == handed_.size() && out_.is_done() && !is_too_large_;
 }
 
-void Worker::begin(std::string call, std::string method) {
+void Worker::begin(std::string call, const std::string &method) {
     const bool is_next = in_hand() > 0;
     if (!is_next) output_.begin(method);
-    handed_.push_back({++number_, std::move(call), std::move(method), is_next});
+    handed_.push_back({++number_, std::move(call), method, is_next});
     const FrameHead head{.kind = is_next ? FrameKind::next : FrameKind::call, .number = number_, .size = 0};
     Slots &calls = spawner_.board().calls();
     if (calls.put(head, handed_.back().call)) {

@@ -43,7 +43,7 @@ class Worker : public Backend {
         return phase_ == Phase::idle && in_hand() == 0 && out_.is_done() && handed_.size() < Slots::count;
     }
     bool ready_for_next(std::size_t size) const override;
-    void begin(std::string call, std::string method) override;
+    void begin(std::string call, const std::string &method) override;
     std::optional<Outcome> step(bool moved) override;
     bool is_there() const override;
     void sleep(bool begins) override { spawner_.board().answers().sleep(begins); }
