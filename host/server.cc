@@ -96,7 +96,7 @@ MHD_Result Server::head(Peer &peer, const Head &head, Exchange *&state) {
     exchange->expected = static_cast<std::size_t>(announced == 0 ? options_.max_body : announced);
     exchange->is_lease = head.path == lease_path;
     if (headers.lease) exchange->lease_token = *headers.lease;
-    exchange->turn(exchange->reply ? Peer::State::refused_body : Peer::State::body);
+    exchange->turn(exchange->reply ? Peer::State::refused_body : Peer::State::body, exchange->arrived);
     state = exchange.release();
     const bool closes = state->reply && (state->reply->closes || announced > options_.max_body);
     return closes ? reply(*state, true) : MHD_YES;
@@ -198,23 +198,24 @@ void Server::judge_document(Exchange &exchange) {
 }
 
 MHD_Result Server::reply(Exchange &exchange, bool last) {
-    if (exchange.is_logged) return send(exchange, last);
+    const auto now = Clock::now();
+    if (exchange.is_logged) return send(exchange, last, now);
     const Served served{exchange.peer->address,
                         exchange.user,
                         exchange.method,
                         exchange.request,
                         exchange.reply->status,
                         exchange.result,
-                        std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - exchange.arrived)};
+                        std::chrono::duration_cast<std::chrono::microseconds>(now - exchange.arrived)};
     monitor_.served(served);
     for (std::size_t at = 0; at < exchange.inner_results.size(); ++at) {
         monitor_.served_inner(served, exchange.inner[at], exchange.inner_results[at]);
     }
-    return send(exchange, last);
+    return send(exchange, last, now);
 }
 
 /// Sends a reply, whose body counts in the budget until it has been taken.
-MHD_Result Server::send(Exchange &exchange, bool last) {
+MHD_Result Server::send(Exchange &exchange, bool last, Clock::time_point now) {
     struct Answer {
         std::shared_ptr<Account> account;
         Charged body;
@@ -233,7 +234,7 @@ MHD_Result Server::send(Exchange &exchange, bool last) {
     if (response == nullptr) return MHD_NO;
     peer.answer = text.size();
     static_cast<void>(answer.release());  // the response owns it now
-    exchange.turn(Peer::State::answer);
+    exchange.turn(Peer::State::answer, now);
     const auto add = [&](const char *name, const std::string &value) {
         MHD_add_response_header(response.get(), name, value.c_str());
     };
