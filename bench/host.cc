@@ -190,10 +190,13 @@ std::vector<HostCall> make_host_calls(const std::vector<Case> &cases) {
         throw std::runtime_error("there is no case " + name);
     };
     return {
-        {"small call", call("lmq.vx_watchdog_get", "(i{})", DEFAULT_DEVICE_ID), 500, 53'440, ""},
-        {"refused call", document("vx_reset"), 500, 30'530, "vx_reset"},
-        {"57 kB echo", document("lmq_init_system"), 20, 6'120'000, "lmq_init_system"},
-        {"16 flow records", document("vx_flow_us_all_get"), 6, 20'510'000, "vx_flow_us_all_get"},
+        {"small call", call("lmq.vx_watchdog_get", "(i{})", DEFAULT_DEVICE_ID), 500, 50'600, ""},
+        {"refused call", document("vx_reset"), 500, 28'100, "vx_reset"},
+        {"refused argument",
+         call("lmq.vx_rate_global_policer_set", "(i{s:i})", DEFAULT_DEVICE_ID, "tail_drp_sel", VX_POL_GLOBAL + 1), 500,
+         39'940, ""},
+        {"57 kB echo", document("lmq_init_system"), 20, 6'025'000, "lmq_init_system"},
+        {"16 flow records", document("vx_flow_us_all_get"), 6, 19'910'000, "vx_flow_us_all_get"},
     };
 }
 

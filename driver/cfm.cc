@@ -99,13 +99,16 @@ vx_status_e vx_1ag_ccm_config_set(vx_dev_id_t dev_id, vx_1ag_ccm_cfg_t *p_cfg) {
         merge(flags.enbl_seq_num, next.enbl_seq_num, as_boolean(p_cfg->enbl_seq_num));
         merge(flags.seq_num_offset, next.seq_num_offset, p_cfg->seq_num_offset);
         merge(flags.seq_num_val, next.seq_num_val, p_cfg->seq_num_val);
-        check_range(next.ccm_tx_mode, VX_CFM_CCM_TX_DISABLE, VX_CFM_CCM_REPEAT_TX);
-        check_range(next.seq_num_offset, 0, VX_CFM_CCM_PKT_BUFF_SIZE - sequence_number_bytes);
-        refuse_if(next.ccm_tx_mode == VX_CFM_CCM_REPEAT_TX && next.repeat_timer == 0, VX_ERR_GLBL_INVALID_PARAMS);
+        if (!is_in_range(next.ccm_tx_mode, VX_CFM_CCM_TX_DISABLE, VX_CFM_CCM_REPEAT_TX))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (!is_in_range(next.seq_num_offset, 0, VX_CFM_CCM_PKT_BUFF_SIZE - sequence_number_bytes))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (next.ccm_tx_mode == VX_CFM_CCM_REPEAT_TX && next.repeat_timer == 0) return VX_ERR_GLBL_INVALID_PARAMS;
         const bool once = flags.ccm_tx_mode && next.ccm_tx_mode == VX_CFM_CCM_ONE_TIME_TX;
         if (once && next.enbl_seq_num && cfm.packet.pkt_len != 0) ++next.seq_num_val;
         cfm.ccm = next;
         cfm.ccm_sent = device.system.clock.now();
+        return VX_SUCCESS;
     });
 }
 
@@ -117,7 +120,7 @@ vx_status_e vx_1ag_ccm_pkt_buf_set(vx_dev_id_t dev_id, vx_1ag_ccm_pkt_buf_cfg_t 
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
         const auto &flags = p_cfg->valid.mask_s;
         if (flags.port_num) check_port(p_cfg->port_num);
-        check_range(p_cfg->gem_port_id, 0, greatest_gem_port);
+        if (!is_in_range(p_cfg->gem_port_id, 0, greatest_gem_port)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         if (flags.pkt_len) check_range(p_cfg->pkt_len, 0, VX_CFM_CCM_PKT_BUFF_SIZE);
         vx_1ag_ccm_pkt_buf_cfg_t &kept = up_to_date(device).packet;
         merge(flags.port_num, kept.port_num, p_cfg->port_num);
@@ -125,6 +128,7 @@ vx_status_e vx_1ag_ccm_pkt_buf_set(vx_dev_id_t dev_id, vx_1ag_ccm_pkt_buf_cfg_t 
         merge(flags.enbl_byte_swap, kept.enbl_byte_swap, as_boolean(p_cfg->enbl_byte_swap));
         merge(flags.pkt_len, kept.pkt_len, p_cfg->pkt_len);
         merge(flags.p_pkt_buff, kept.p_pkt_buff, p_cfg->p_pkt_buff);
+        return VX_SUCCESS;
     });
 }
 
@@ -134,21 +138,23 @@ vx_status_e vx_1ag_ccm_pkt_buf_get(vx_dev_id_t dev_id, vx_1ag_ccm_pkt_buf_cfg_t 
 
 vx_status_e vx_1ag_dm_config_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_1ag_dm_cfg_t *p_cfg) {
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
-        check_port(port_id);
-        check_range(p_cfg->rx_op_code, 0, all_op_codes);
-        refuse_if(p_cfg->enbl_rx && p_cfg->rx_op_code == 0, VX_ERR_GLBL_INVALID_PARAMS);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+        if (!is_in_range(p_cfg->rx_op_code, 0, all_op_codes)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (p_cfg->enbl_rx && p_cfg->rx_op_code == 0) return VX_ERR_GLBL_INVALID_PARAMS;
         Cfm::DelayPort &port = up_to_date(device).delay_ports[port_id];
         if (!port.cfg.enbl_tx) port.sent = device.system.clock.now();
         port.cfg = {.enbl_rx = as_boolean(p_cfg->enbl_rx),
                     .enbl_tx = as_boolean(p_cfg->enbl_tx),
                     .rx_op_code = p_cfg->rx_op_code};
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_1ag_dm_config_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_1ag_dm_cfg_t *p_cfg) {
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
-        check_port(port_id);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         *p_cfg = device.cfm.delay_ports[port_id].cfg;
+        return VX_SUCCESS;
     });
 }
 

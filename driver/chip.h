@@ -50,13 +50,21 @@ inline void refuse_if(bool wrong, vx_status_e status) {
     if (wrong) throw Refusal{status};
 }
 
+/// Whether first <= value <= last.
+constexpr bool is_in_range(std::int64_t value, std::int64_t first, std::int64_t last) {
+    return value >= first && value <= last;
+}
+
+/// Whether a number is no port of a device.
+constexpr bool is_no_port(std::int64_t port) { return port > VX_PORT_VOIP0; }
+
 /// Ends the operation with VX_ERR_GLBL_RANGE_CHECK_FAIL unless first <= value <= last.
 inline void check_range(std::int64_t value, std::int64_t first, std::int64_t last) {
-    refuse_if(value < first || value > last, VX_ERR_GLBL_RANGE_CHECK_FAIL);
+    refuse_if(!is_in_range(value, first, last), VX_ERR_GLBL_RANGE_CHECK_FAIL);
 }
 
 /// Refuses a number that is no port of a device.
-inline void check_port(std::int64_t port) { refuse_if(port > VX_PORT_VOIP0, VX_ERR_PORT_NUM_OUT_OF_RANGE); }
+inline void check_port(std::int64_t port) { refuse_if(is_no_port(port), VX_ERR_PORT_NUM_OUT_OF_RANGE); }
 
 /// Clears what is no flag in the word of a mask: an assignment of its flags leaves that to chance.
 /// @param flags How many flags there are, from the lowest bit on.

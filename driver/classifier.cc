@@ -457,10 +457,11 @@ vx_status_e vx_cls_spcl_ptn_entry_get(vx_dev_id_t dev_id, vx_port_id_t port_id, 
 vx_status_e vx_cls_aging_timer_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 index,
                                    vx_cls_mac_aging_t *p_cfg) {
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
-        check_port(port_id);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         Classifier::Aging &kept = at(device.classifier.ports[port_id].aging, index);
         kept = {.cfg = *p_cfg, .since = device.system.clock.now(), .reported = false};
         kept.cfg.entry_dynamic = as_boolean(p_cfg->entry_dynamic);
+        return VX_SUCCESS;
     });
 }
 
@@ -472,7 +473,7 @@ vx_status_e vx_cls_aging_timer_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_
 vx_status_e vx_cls_mac_filter_aging_vld_status_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint32 *bitmap_high,
                                                    vx_uint32 *bitmap_low) {
     return on_device(__func__, dev_id, {bitmap_high, bitmap_low}, [&](Device &device) {
-        check_port(port_id);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         const Port &port = device.classifier.ports[port_id];
         std::uint64_t bits = 0;
         for (std::size_t i = 0; i < port.aging.size(); ++i) {
@@ -482,12 +483,13 @@ vx_status_e vx_cls_mac_filter_aging_vld_status_get(vx_dev_id_t dev_id, vx_port_i
         }
         *bitmap_high = static_cast<vx_uint32>(bits >> 32);
         *bitmap_low = static_cast<vx_uint32>(bits);
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_cls_mac_filter_aged_latest_entry_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 *entry_index) {
     return on_device(__func__, dev_id, {entry_index}, [&](Device &device) {
-        check_port(port_id);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         const Port &port = device.classifier.ports[port_id];
         std::optional<Clock::Time> latest;
         *entry_index = LMQ_INVALID_ID8;
@@ -497,6 +499,7 @@ vx_status_e vx_cls_mac_filter_aged_latest_entry_get(vx_dev_id_t dev_id, vx_port_
             latest = time;
             *entry_index = static_cast<vx_uint8>(i);
         }
+        return VX_SUCCESS;
     });
 }
 
@@ -576,19 +579,21 @@ vx_status_e lmq_clear_fe_pkt_stats(vx_dev_id_t dev_id, lmq_fe_id_e fe_id) {
 
 vx_status_e lmq_dump_cls_key(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 entry_idx) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        check_port(port_id);
-        check_range(entry_idx, 0, Classifier::max_entries - 1);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+        if (!is_in_range(entry_idx, 0, Classifier::max_entries - 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         print_rule(device, port_id, device.classifier.ports[port_id], entry_idx);
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e lmq_dump_cls_key_list(vx_dev_id_t dev_id, vx_port_id_t port_id) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        check_port(port_id);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         const Port &port = device.classifier.ports[port_id];
         for (std::size_t entry = 0; entry < port.rules.size(); ++entry) {
             if (port.rules[entry].entryvalid) print_rule(device, port_id, port, entry);
         }
+        return VX_SUCCESS;
     });
 }
 
@@ -610,9 +615,10 @@ void print_downstream(Device &device, const Flows::Downstream &flow) {
 
 vx_status_e lmq_dump_pkt_flow(vx_dev_id_t dev_id, vx_flow_id_t flow_id) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        refuse_if(!device.flow.exists(flow_id), VX_ERR_FE_INVALID_FLOW_ID);
+        if (!device.flow.exists(flow_id)) return VX_ERR_FE_INVALID_FLOW_ID;
         if (const auto *upstream = device.flow.upstream.find(flow_id)) print_upstream(device, *upstream);
         if (const auto *downstream = device.flow.downstream.find(flow_id)) print_downstream(device, *downstream);
+        return VX_SUCCESS;
     });
 }
 

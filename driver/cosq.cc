@@ -196,8 +196,8 @@ vx_status_e vx_cosq_dot1p_map_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_q
 
 vx_status_e vx_cosq_queue_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 queue_id, vx_queue_cfg_t *p_cfg) {
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
-        check_port(port_id);
-        refuse_if(queue_id >= queues_of(port_id), VX_ERR_TM_INVALID_QUEUE_ID);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+        if (queue_id >= queues_of(port_id)) return VX_ERR_TM_INVALID_QUEUE_ID;
         vx_queue_cfg_t queue = device.cosq.queue.get({port_id, queue_id});
         const auto &flags = p_cfg->valid.mask_s;
         const vx_uint32 enable = as_boolean(p_cfg->enbl_back_press);
@@ -208,14 +208,16 @@ vx_status_e vx_cosq_queue_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint1
         merge(flags.back_press_clr_thresh, queue.back_press_clr_thresh, p_cfg->back_press_clr_thresh);
         merge(flags.back_press_time, queue.back_press_time, p_cfg->back_press_time);
         device.cosq.queue.set({port_id, queue_id}, queue);
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_cosq_queue_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 queue_id, vx_queue_cfg_t *p_cfg) {
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
-        check_port(port_id);
-        refuse_if(queue_id >= queues_of(port_id), VX_ERR_TM_INVALID_QUEUE_ID);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+        if (queue_id >= queues_of(port_id)) return VX_ERR_TM_INVALID_QUEUE_ID;
         *p_cfg = device.cosq.queue.get({port_id, queue_id});
+        return VX_SUCCESS;
     });
 }
 
@@ -242,18 +244,20 @@ vx_status_e lmq_get_global_egress_shaper_config(vx_dev_id_t dev_id, lmq_global_e
 vx_status_e vx_cosq_ds_shaping_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_boolean enable,
                                    vx_shaping_rate_cfg_t *cfg) {
     return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
-        check_port(port_id);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         device.cosq.ds_shaper.set(port_id, {as_boolean(enable), *cfg});
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_cosq_ds_shaping_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_boolean *enable,
                                    vx_shaping_rate_cfg_t *cfg) {
     return on_device(__func__, dev_id, {enable, cfg}, [&](Device &device) {
-        check_port(port_id);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         const CosQueues::Shaper &shaper = device.cosq.ds_shaper.get(port_id);
         *enable = shaper.enable;
         *cfg = shaper.rate;
+        return VX_SUCCESS;
     });
 }
 

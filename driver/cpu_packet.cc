@@ -137,7 +137,8 @@ vx_status_e lmq_disable_cpu_pkt_trap(vx_dev_id_t dev_id, vx_uint32 handle) {
 
 vx_status_e lmq_deregister_cpu_pkt_trap(vx_dev_id_t dev_id, vx_uint32 handle) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        refuse_if(device.cpu_packet.traps.erase(handle) == 0, VX_ERR_GLBL_ENTRY_NOT_FOUND);
+        if (device.cpu_packet.traps.erase(handle) == 0) return VX_ERR_GLBL_ENTRY_NOT_FOUND;
+        return VX_SUCCESS;
     });
 }
 
@@ -147,9 +148,10 @@ vx_status_e lmq_add_port_to_cpu_pkt_trap(vx_dev_id_t dev_id, vx_uint32 handle, v
         CpuTrap &kept = trap(device, handle);
         check_typed_port(port_type, port_num);
         const CpuPort port{port_type, port_num, sub_port_id};
-        refuse_if(kept.ports.contains(port), VX_ERR_PORT_EXIST);
-        refuse_if(kept.ports.size() >= max_trap_ports, VX_ERR_GLBL_SW_RESOURCE_UNAVAIL);
+        if (kept.ports.contains(port)) return VX_ERR_PORT_EXIST;
+        if (kept.ports.size() >= max_trap_ports) return VX_ERR_GLBL_SW_RESOURCE_UNAVAIL;
         kept.ports.insert(port);
+        return VX_SUCCESS;
     });
 }
 
@@ -158,7 +160,8 @@ vx_status_e lmq_delete_port_from_cpu_pkt_trap(vx_dev_id_t dev_id, vx_uint32 hand
     return on_device(__func__, dev_id, {}, [&](Device &device) {
         CpuTrap &kept = trap(device, handle);
         check_typed_port(port_type, port_num);
-        refuse_if(kept.ports.erase({port_type, port_num, sub_port_id}) == 0, VX_ERR_PORT_NOT_FOUND);
+        if (kept.ports.erase({port_type, port_num, sub_port_id}) == 0) return VX_ERR_PORT_NOT_FOUND;
+        return VX_SUCCESS;
     });
 }
 
@@ -168,8 +171,9 @@ vx_status_e lmq_get_cpu_pkt_trap_stats(vx_dev_id_t dev_id, vx_l2_spcl_pkt_type_t
         check_type(pkt_type);
         check_typed_port(port_type, port_num);
         CpuPackets &state = device.cpu_packet;
-        refuse_if(!state.traps.contains(static_cast<vx_uint32>(pkt_type)), VX_ERR_FE_CPU_PKT_TRAP_NOT_ACTIVE);
+        if (!state.traps.contains(static_cast<vx_uint32>(pkt_type))) return VX_ERR_FE_CPU_PKT_TRAP_NOT_ACTIVE;
         *p_stats = state.trapped[{pkt_type, port_type, port_num}].read(clear != FALSE);
+        return VX_SUCCESS;
     });
 }
 
@@ -207,19 +211,22 @@ vx_status_e vx_l2_spcl_pkt_cfg_get(vx_dev_id_t dev_id, vx_uint16 port_num, vx_l2
 vx_status_e vx_l2_spcl_pkt_behavior_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 sub_pid,
                                         vx_l2_spcl_pkt_type_t pkt_type, vx_l2_spcl_pkt_action_t spcl_pkt_act) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        check_port(port_id);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         check_type(pkt_type);
-        check_range(spcl_pkt_act, VX_L2_SPCL_PKT_ACT_FORWARDING, VX_L2_SPCL_PKT_ACT_MAX);
+        if (!is_in_range(spcl_pkt_act, VX_L2_SPCL_PKT_ACT_FORWARDING, VX_L2_SPCL_PKT_ACT_MAX))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         device.cpu_packet.behavior.set({port_id, sub_pid, pkt_type}, spcl_pkt_act);
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_l2_spcl_pkt_behavior_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 sub_pid,
                                         vx_l2_spcl_pkt_type_t pkt_type, vx_l2_spcl_pkt_action_t *spcl_pkt_act) {
     return on_device(__func__, dev_id, {spcl_pkt_act}, [&](Device &device) {
-        check_port(port_id);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         check_type(pkt_type);
         *spcl_pkt_act = device.cpu_packet.behavior.get({port_id, sub_pid, pkt_type});
+        return VX_SUCCESS;
     });
 }
 
@@ -253,8 +260,9 @@ vx_status_e lmq_delete_pkt_type_filter(vx_dev_id_t dev_id, vx_port_id_t port_id,
     return on_device(__func__, dev_id, {}, [&](Device &device) {
         check_filter(port_id, pkt_type_bitmap);
         auto &filter = device.cpu_packet.filter;
-        refuse_if((filter.get(port_id) & pkt_type_bitmap) == 0, VX_ERR_GLBL_ENTRY_NOT_FOUND);
+        if ((filter.get(port_id) & pkt_type_bitmap) == 0) return VX_ERR_GLBL_ENTRY_NOT_FOUND;
         filter.set(port_id, filter.get(port_id) & ~pkt_type_bitmap);
+        return VX_SUCCESS;
     });
 }
 
@@ -270,10 +278,10 @@ vx_status_e vx_cpu_packet_tx(vx_dev_id_t dev_id, vx_uint16 pkt_len, vx_uint8 *p_
                              vx_cpu_send_frame_cfg_t *p_cfg) {
     return on_device(__func__, dev_id, {p_pkt_buff, p_cfg}, [&](Device &device) {
         const bool message = p_cfg->is_gpon_omci || p_cfg->is_epon_oam;
-        check_range(pkt_len, message ? 1 : min_frame, max_frame);
-        check_range(p_cfg->pkt_priority, 0, LMQ_MAX_COS - 1);
+        if (!is_in_range(pkt_len, message ? 1 : min_frame, max_frame)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (!is_in_range(p_cfg->pkt_priority, 0, LMQ_MAX_COS - 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         check_typed_port(p_cfg->port_type, p_cfg->port_num);
-        refuse_if(message && p_cfg->port_num != VX_PORT_SNI0, VX_ERR_PORT_TYPE_MISMATCH);
+        if (message && p_cfg->port_num != VX_PORT_SNI0) return VX_ERR_PORT_TYPE_MISMATCH;
         if (p_cfg->port_num == VX_PORT_MGMT) {
             Management &interface = device.management;
             refuse_if(!interface.enabled, VX_ERR_PORT_INVALID_OP);
@@ -282,6 +290,7 @@ vx_status_e vx_cpu_packet_tx(vx_dev_id_t dev_id, vx_uint16 pkt_len, vx_uint8 *p_
         }
         count_sent(device, *p_cfg, p_pkt_buff, pkt_len);
         if (!message) latch_egress_time(device, p_cfg->port_num, p_pkt_buff, pkt_len);
+        return VX_SUCCESS;
     });
 }
 

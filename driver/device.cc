@@ -152,10 +152,11 @@ vx_status_e vx_init(vx_dev_id_t dev_id, vx_startup_cfg_t *p_cfg) {
 
 vx_status_e lmq_init_device(vx_dev_id_t dev_id, lmq_dev_startup_cfg_s *p_cfg) {
     return on_system(__func__, [&](System &system) {
-        refuse_if(system.slot(dev_id).has_value(), VX_ERR_DEV_ALRDY_INITIALIZED);
+        if (system.slot(dev_id).has_value()) return VX_ERR_DEV_ALRDY_INITIALIZED;
         check_pointers({p_cfg}, VX_ERR_DEV_NULL_PTR);
         check(*p_cfg);
         system.start_device(dev_id, *p_cfg);
+        return VX_SUCCESS;
     });
 }
 
@@ -264,10 +265,11 @@ vx_status_e lmq_dbg_set_reg_dump(vx_boolean enable) {
 
 vx_status_e lmq_dbg_set_log_level(vx_mod_id_e mod_id, vx_log_lvl_e log_lvl) {
     return on_system(__func__, [&](System &system) {
-        refuse_if(mod_id < VX_MOD_ID_MIN || static_cast<std::size_t>(mod_id) >= module_count,
-                  VX_ERR_GLBL_INVALID_ENTITY_ID);
-        check_range(log_lvl, VX_LOG_LVL_MIN, VX_LOG_LVL_MAX);
+        if (mod_id < VX_MOD_ID_MIN || static_cast<std::size_t>(mod_id) >= module_count)
+            return VX_ERR_GLBL_INVALID_ENTITY_ID;
+        if (!is_in_range(log_lvl, VX_LOG_LVL_MIN, VX_LOG_LVL_MAX)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         system.log_level[static_cast<std::size_t>(mod_id)] = log_lvl;
+        return VX_SUCCESS;
     });
 }
 

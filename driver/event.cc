@@ -350,7 +350,7 @@ vx_status_e vx_event_holdover_set(vx_dev_id_t dev_id, vx_event_type_e event_type
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
         settle(device);
         const EventKey key = checked({event_type, p_cfg->port_num, p_cfg->sub_port});
-        refuse_if(is_moment(event_type), VX_ERR_EVT_HOLDOVER_NOT_SUPPORTED);
+        if (is_moment(event_type)) return VX_ERR_EVT_HOLDOVER_NOT_SUPPORTED;
         vx_event_holdover_cfg_s cfg = *p_cfg;
         cfg.enable = p_cfg->enable ? TRUE : FALSE;
 
@@ -361,6 +361,7 @@ vx_status_e vx_event_holdover_set(vx_dev_id_t dev_id, vx_event_type_e event_type
         std::erase_if(device.event.holdover, [&](const auto &kept) { return meant(kept.first); });
         device.event.holdover.emplace(key, cfg);
         if (!cfg.enable) release(device, Held::by_holdover, meant);
+        return VX_SUCCESS;
     });
 }
 
@@ -408,8 +409,9 @@ vx_status_e vx_event_throttle_set(vx_dev_id_t dev_id, vx_event_type_e event_type
 vx_status_e vx_event_throttle_get(vx_dev_id_t dev_id, vx_event_type_e event_type, vx_intr_throttle_cfg_s *p_cfg) {
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
         place_of(event_type);
-        refuse_if(is_timer(event_type), VX_ERR_EVT_THROTTLE_NOT_SUPPORTED);
+        if (is_timer(event_type)) return VX_ERR_EVT_THROTTLE_NOT_SUPPORTED;
         *p_cfg = device.event.throttle.get(event_type);
+        return VX_SUCCESS;
     });
 }
 
@@ -448,8 +450,9 @@ vx_status_e lmq_register_debug_event(vx_dev_id_t dev_id, vx_event_type_e event_t
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
         settle(device);
         const Insert result = device.event.debug_handlers.insert(key_of(event_type, in_kernel, *p_cfg), *p_cfg);
-        refuse_if(result == Insert::exists, VX_ERR_GLBL_ENTRY_EXIST);
-        refuse_if(result == Insert::full, VX_ERR_EVT_REG_FAILED);
+        if (result == Insert::exists) return VX_ERR_GLBL_ENTRY_EXIST;
+        if (result == Insert::full) return VX_ERR_EVT_REG_FAILED;
+        return VX_SUCCESS;
     });
 }
 
@@ -457,7 +460,8 @@ vx_status_e lmq_deregister_debug_event(vx_dev_id_t dev_id, vx_event_type_e event
                                        lmq_dbg_event_cfg_s *p_cfg) {
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
         settle(device);
-        refuse_if(!device.event.debug_handlers.erase(key_of(event_type, in_kernel, *p_cfg)), VX_ERR_EVT_NOT_REGISTERED);
+        if (!device.event.debug_handlers.erase(key_of(event_type, in_kernel, *p_cfg))) return VX_ERR_EVT_NOT_REGISTERED;
+        return VX_SUCCESS;
     });
 }
 

@@ -229,8 +229,9 @@ extern "C" {
 vx_status_e vx_flow_us_add(vx_dev_id_t device_id, vx_port_id_t port_id, vx_flow_us_key_t *p_key,
                            vx_flow_us_action_t *p_action, vx_uint8 priority, vx_flow_id_t *p_flow_id) {
     return on_device(__func__, device_id, {p_key, p_action, p_flow_id}, [&](Device &device) {
-        refuse_if(priority > LMQ_MAX_US_CL_PRI && priority != LMQ_DEF_US_CL_PRI, VX_ERR_FE_CLS_INVALID_PRIORITY);
+        if (priority > LMQ_MAX_US_CL_PRI && priority != LMQ_DEF_US_CL_PRI) return VX_ERR_FE_CLS_INVALID_PRIORITY;
         add<Upstream>(device, port_id, *p_key, *p_action, priority, p_flow_id);
+        return VX_SUCCESS;
     });
 }
 
@@ -253,8 +254,8 @@ vx_status_e vx_flow_us_get(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_flow_us_
 vx_status_e vx_flow_us_map(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_uint16 sni_port_num, vx_uint16 sni_sub_port) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
         vx_flow_us_cfg_t &flow = find<Upstream>(device, flow_id);
-        check_port(sni_port_num);
-        refuse_if(sni_port_num != VX_PORT_SNI0 && sni_port_num != VX_PORT_CPU, VX_ERR_PORT_TYPE_MISMATCH);
+        if (is_no_port(sni_port_num)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+        if (sni_port_num != VX_PORT_SNI0 && sni_port_num != VX_PORT_CPU) return VX_ERR_PORT_TYPE_MISMATCH;
         const bool on_sni = sni_port_num == VX_PORT_SNI0;
         if (on_sni && device.config.dev_mode == LMQ_DEV_MODE_GPON) {
             check_gem(sni_sub_port);
@@ -265,6 +266,7 @@ vx_status_e vx_flow_us_map(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_uint16 s
         }
         flow.map_port = sni_port_num;
         flow.map_sub_port = sni_sub_port;
+        return VX_SUCCESS;
     });
 }
 
@@ -299,8 +301,9 @@ vx_status_e vx_flow_ds_get(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_flow_ds_
 vx_status_e vx_flow_ds_map(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_port_id_t port_id) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
         Flows::Downstream &flow = find<Downstream>(device, flow_id);
-        check_port(port_id);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         flow.cfg.map_port = port_id;
+        return VX_SUCCESS;
     });
 }
 

@@ -262,15 +262,15 @@ vx_status_e vx_l2_fdb_entry_add(vx_dev_id_t dev_id, vx_l2_fdb_entry_op_type_t ty
     return on_device(__func__, dev_id, {p_mac_entry, p_handle}, [&](Device &device) {
         const vx_l2_fdb_entry_t &given = *p_mac_entry;
         check_type(type, VX_FDB_ENTRY_OP_TYPE_STATIC);
-        check_port(given.port_id);
-        refuse_if(!given.mac_addr_valid && !given.vid_valid && !given.p_bit_valid, VX_ERR_GLBL_INVALID_PARAMS);
-        refuse_if(given.vid_valid && given.vlan_id > last_vid, VX_ERR_FE_INVALID_VLAN_ID);
+        if (is_no_port(given.port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+        if (!given.mac_addr_valid && !given.vid_valid && !given.p_bit_valid) return VX_ERR_GLBL_INVALID_PARAMS;
+        if (given.vid_valid && given.vlan_id > last_vid) return VX_ERR_FE_INVALID_VLAN_ID;
         if (given.p_bit_valid) check_range(given.p_bit, 0, LMQ_MAX_DOT1P - 1);
 
         auto &fdb = device.l2.fdb;
-        refuse_if(std::any_of(fdb.begin(), fdb.end(), [&](auto &known) { return same(known.second.entry, given); }),
-                  VX_ERR_GLBL_ENTRY_EXIST);
-        refuse_if(fdb.size() >= Layer2::fdb_size, VX_ERR_FE_FDB_ENTRY_UNAVAIL);
+        if (std::any_of(fdb.begin(), fdb.end(), [&](auto &known) { return same(known.second.entry, given); }))
+            return VX_ERR_GLBL_ENTRY_EXIST;
+        if (fdb.size() >= Layer2::fdb_size) return VX_ERR_FE_FDB_ENTRY_UNAVAIL;
         // There are more handles than entries.
         const vx_l2_fdb_entry_handle_t handle = device.l2.handles.give().value();
         fdb.insert(handle, {given, type == VX_FDB_ENTRY_OP_TYPE_STATIC, device.system.clock.now()});
@@ -279,6 +279,7 @@ vx_status_e vx_l2_fdb_entry_add(vx_dev_id_t dev_id, vx_l2_fdb_entry_op_type_t ty
         if (full && type == VX_FDB_ENTRY_OP_TYPE_DYNAMIC) {
             raise_event(device, {VX_EVENT_FE_DYNAMIC_L2_ENTRY_FULL, 0, 0}, {});
         }
+        return VX_SUCCESS;
     });
 }
 
@@ -295,8 +296,9 @@ vx_status_e vx_l2_fdb_entry_delete(vx_dev_id_t dev_id, vx_l2_fdb_entry_op_type_t
             }
         }
         const FdbEntry *entry = fdb.find(found);
-        refuse_if(entry == nullptr || !covers(type, *entry), VX_ERR_FE_FDB_ENTRY_NOT_FOUND);
+        if (entry == nullptr || !covers(type, *entry)) return VX_ERR_FE_FDB_ENTRY_NOT_FOUND;
         erase_if(device, [&](const FdbEntry &known) { return &known == entry; });
+        return VX_SUCCESS;
     });
 }
 
@@ -311,7 +313,7 @@ vx_status_e vx_l2_fdb_entry_get_next(vx_dev_id_t dev_id, vx_port_id_t port_id, v
         const auto next = std::find_if(fdb.after(handle), fdb.end(), [&](const auto &known) {
             return covers(mode, known.second) && (all_ports || known.second.entry.port_id == port_id);
         });
-        refuse_if(next == fdb.end(), VX_ERR_FE_FDB_ENTRY_NOT_FOUND);
+        if (next == fdb.end()) return VX_ERR_FE_FDB_ENTRY_NOT_FOUND;
         const FdbEntry &found = next->second;
         vx_l2_mac_tbl_entry_t &to = *p_mac_entry;
         std::copy(std::begin(found.entry.mac_addr), std::end(found.entry.mac_addr), to.mac_addr);
@@ -324,6 +326,7 @@ vx_status_e vx_l2_fdb_entry_get_next(vx_dev_id_t dev_id, vx_port_id_t port_id, v
         to.is_static = found.is_static ? TRUE : FALSE;
         to.aging_time = time_left(device, found);
         *p_handle = next->first;
+        return VX_SUCCESS;
     });
 }
 
@@ -336,9 +339,10 @@ vx_status_e vx_l2_fdb_entry_clear(vx_dev_id_t dev_id, vx_l2_fdb_entry_op_type_t 
 
 vx_status_e vx_l2_fdb_entry_port_clear(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_l2_fdb_entry_op_type_t type) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        check_port(port_id);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         check_type(type);
         erase_if(device, [&](const FdbEntry &known) { return covers(type, known) && known.entry.port_id == port_id; });
+        return VX_SUCCESS;
     });
 }
 

@@ -248,20 +248,22 @@ vx_status_e lmq_set_dev_ip_config_apish(vx_dev_id_t dev_id, vx_uint8 is_ipv4, vx
 vx_status_e lmq_create_ip_host_interface(vx_dev_id_t dev_id, vx_uint16 port_num, vx_ip_host_if_cfg_t *p_cfg,
                                          vx_uint32 *p_handle) {
     return on_device(__func__, dev_id, {p_cfg, p_handle}, [&](Device &device) {
-        check_port(port_num);
+        if (is_no_port(port_num)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         const bool is_eth = port_num >= VX_PORT_ETH0 && port_num < VX_PORT_ETH0 + LMQ_PORT_ETH_NUM;
-        refuse_if(port_num != VX_PORT_SNI0 && !is_eth, VX_ERR_PORT_TYPE_MISMATCH);
+        if (port_num != VX_PORT_SNI0 && !is_eth) return VX_ERR_PORT_TYPE_MISMATCH;
         IpHost host;
         host.config = *p_cfg;
         host.ports.emplace(port_num, VX_INVALID_PORT_ID);
         *p_handle = create_host(device, std::move(host));
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e lmq_delete_ip_host_interface(vx_dev_id_t dev_id, vx_uint32 handle) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        refuse_if(!device.management.hosts.erase(handle), VX_ERR_GLBL_ENTRY_NOT_FOUND);
+        if (!device.management.hosts.erase(handle)) return VX_ERR_GLBL_ENTRY_NOT_FOUND;
         device.management.handles.take_back(handle);
+        return VX_SUCCESS;
     });
 }
 
@@ -326,18 +328,20 @@ vx_status_e vx_l3_intf_create(vx_dev_id_t dev_id, vx_ip_host_if_cfg_t *p_cfg, vx
 vx_status_e vx_l3_intf_port_add(vx_dev_id_t dev_id, vx_uint32 handle, vx_port_id_t port_id, vx_uint16 sub_port) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
         IpHost &kept = host(device, handle);
-        check_port(port_id);
-        refuse_if(kept.ports.contains({port_id, sub_port}), VX_ERR_PORT_EXIST);
-        refuse_if(kept.ports.size() >= max_host_ports, VX_ERR_GLBL_SW_RESOURCE_UNAVAIL);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+        if (kept.ports.contains({port_id, sub_port})) return VX_ERR_PORT_EXIST;
+        if (kept.ports.size() >= max_host_ports) return VX_ERR_GLBL_SW_RESOURCE_UNAVAIL;
         kept.ports.emplace(port_id, sub_port);
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_l3_ipintf_port_del(vx_dev_id_t dev_id, vx_uint32 handle, vx_port_id_t port_id, vx_uint16 sub_port) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
         IpHost &kept = host(device, handle);
-        check_port(port_id);
-        refuse_if(kept.ports.erase({port_id, sub_port}) == 0, VX_ERR_PORT_NOT_FOUND);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+        if (kept.ports.erase({port_id, sub_port}) == 0) return VX_ERR_PORT_NOT_FOUND;
+        return VX_SUCCESS;
     });
 }
 

@@ -420,8 +420,9 @@ vx_status_e lmq_disable_mdio(vx_dev_id_t dev_id) { return switch_mdio(__func__, 
 
 vx_status_e vx_mdio_speed_set(vx_dev_id_t dev_id, vx_uint16 speed) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        check_range(speed, 1, UINT16_MAX);
+        if (!is_in_range(speed, 1, UINT16_MAX)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         device.peripheral.mdio_speed = speed;
+        return VX_SUCCESS;
     });
 }
 

@@ -108,8 +108,9 @@ vx_status_e vx_rate_global_policer_capability_get(vx_dev_id_t dev_id, vx_global_
 
 vx_status_e vx_rate_global_policer_set(vx_dev_id_t dev_id, vx_global_policer_cfg_t *cfg) {
     return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
-        check_range(cfg->tail_drp_sel, VX_POL_PER_PORT, VX_POL_GLOBAL);
+        if (!is_in_range(cfg->tail_drp_sel, VX_POL_PER_PORT, VX_POL_GLOBAL)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         device.policer.global = *cfg;
+        return VX_SUCCESS;
     });
 }
 
@@ -131,34 +132,38 @@ vx_status_e vx_rate_cpu_get(vx_dev_id_t dev_id, vx_rate_limit_cfg_t *cfg) {
 vx_status_e vx_rate_storm_control_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_storm_control_type_t pol_pkt_type,
                                       vx_rate_limit_cfg_t *cfg) {
     return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
-        check_port(port_id);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         check(pol_pkt_type);
         check(*cfg);
         device.policer.storm_control.set({port_id, pol_pkt_type}, *cfg);
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_rate_storm_control_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_storm_control_type_t pol_pkt_type,
                                       vx_rate_limit_cfg_t *cfg) {
     return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
-        check_port(port_id);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         check(pol_pkt_type);
         *cfg = device.policer.storm_control.get({port_id, pol_pkt_type});
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_rate_src_port_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_rate_limit_cfg_t *cfg) {
     return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
-        check_port(port_id);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         check(*cfg);
         device.policer.source_port.set(port_id, *cfg);
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_rate_src_port_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_rate_limit_cfg_t *cfg) {
     return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
-        check_port(port_id);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         *cfg = device.policer.source_port.get(port_id);
+        return VX_SUCCESS;
     });
 }
 
@@ -194,9 +199,10 @@ vx_status_e vx_rate_policer_group_member_add(vx_dev_id_t dev_id, vx_pol_id_t flo
     return on_device(__func__, dev_id, {}, [&](Device &device) {
         auto &policer = find(device.policer.flow_policers, flow_pol_id);
         find(device.policer.group_policers, grp_pol_id);
-        refuse_if(policer.group == grp_pol_id, VX_ERR_GLBL_ENTRY_EXIST);
-        refuse_if(policer.group.has_value(), VX_ERR_GLBL_INVALID_OP);
+        if (policer.group == grp_pol_id) return VX_ERR_GLBL_ENTRY_EXIST;
+        if (policer.group.has_value()) return VX_ERR_GLBL_INVALID_OP;
         policer.group = grp_pol_id;
+        return VX_SUCCESS;
     });
 }
 
@@ -204,8 +210,9 @@ vx_status_e vx_rate_policer_group_member_delete(vx_dev_id_t dev_id, vx_pol_id_t 
     return on_device(__func__, dev_id, {}, [&](Device &device) {
         auto &policer = find(device.policer.flow_policers, flow_pol_id);
         find(device.policer.group_policers, grp_pol_id);
-        refuse_if(policer.group != grp_pol_id, VX_ERR_GLBL_ENTRY_NOT_FOUND);
+        if (policer.group != grp_pol_id) return VX_ERR_GLBL_ENTRY_NOT_FOUND;
         policer.group.reset();
+        return VX_SUCCESS;
     });
 }
 
@@ -239,14 +246,16 @@ vx_status_e vx_rate_policer_get(vx_dev_id_t dev_id, vx_pol_id_t flow_pol_id, vx_
 
 vx_status_e vx_rate_flow_id_set(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_flow_policing_cfg_t *cfg) {
     return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
-        refuse_if(!device.flow.exists(flow_id), VX_ERR_FE_INVALID_FLOW_ID);
-        check_range(cfg->flow_pol_sel, VX_FLOW_POL_SEL_DISABLE, VX_FLOW_POL_SEL_COS_MAP);
+        if (!device.flow.exists(flow_id)) return VX_ERR_FE_INVALID_FLOW_ID;
+        if (!is_in_range(cfg->flow_pol_sel, VX_FLOW_POL_SEL_DISABLE, VX_FLOW_POL_SEL_COS_MAP))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         if (cfg->flow_pol_sel == VX_FLOW_POL_SEL_FLOW_POL) find(device.policer.flow_policers, cfg->flw_pol_id);
         if (cfg->flow_pol_sel == VX_FLOW_POL_SEL_DISABLE) {
             device.policer.policing.erase(flow_id);
         } else {
             device.policer.policing.insert_or_assign(flow_id, *cfg);
         }
+        return VX_SUCCESS;
     });
 }
 
@@ -293,8 +302,10 @@ vx_status_e lmq_get_flow_policer_info(vx_dev_id_t dev_id, lmq_flow_policer_info_
 vx_status_e vx_lmq_rate_limit_set(vx_dev_id_t dev_id, vx_lmq_pol_flow_type_t type, vx_lmq_rate_limit_t *cfg) {
     return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
         check_bucket(type);
-        check_range(cfg->rl_mode, VX_LMQ_POL_TYPE_DISABLED, VX_LMQ_POL_TYPE_PPS);
+        if (!is_in_range(cfg->rl_mode, VX_LMQ_POL_TYPE_DISABLED, VX_LMQ_POL_TYPE_PPS))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         device.policer.bucket.set(type, *cfg);
+        return VX_SUCCESS;
     });
 }
 
@@ -307,31 +318,36 @@ vx_status_e vx_lmq_rate_limit_get(vx_dev_id_t dev_id, vx_lmq_pol_flow_type_t typ
 
 vx_status_e vx_lmq_rate_storm_ctrl_mode_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_lmq_storm_ctrl_mod_t *mode) {
     return on_device(__func__, dev_id, {mode}, [&](Device &device) {
-        check_port(port_id);
-        check_range(mode->mask, 0, storm_control_bits);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+        if (!is_in_range(mode->mask, 0, storm_control_bits)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         device.policer.storm_control_mode.set(port_id, mode->mask);
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_lmq_rate_storm_ctrl_mode_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_lmq_storm_ctrl_mod_t *mode) {
     return on_device(__func__, dev_id, {mode}, [&](Device &device) {
-        check_port(port_id);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         mode->mask = device.policer.storm_control_mode.get(port_id);
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_lmq_rate_shaper_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_lmq_pol_port_shape_t *cfg) {
     return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
-        check_port(port_id);
-        check_range(cfg->shp_mode, VX_LMQ_POL_SHP_NORMAL, VX_LMQ_POL_SHP_FWD_ALL);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+        if (!is_in_range(cfg->shp_mode, VX_LMQ_POL_SHP_NORMAL, VX_LMQ_POL_SHP_FWD_ALL))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         device.policer.shaper.set(port_id, *cfg);
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_lmq_rate_shaper_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_lmq_pol_port_shape_t *cfg) {
     return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
-        check_port(port_id);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         *cfg = device.policer.shaper.get(port_id);
+        return VX_SUCCESS;
     });
 }
 
@@ -339,7 +355,8 @@ vx_status_e vx_lmq_rate_group_member_add(vx_dev_id_t dev_id, vx_uint32 flow_id, 
     return on_device(__func__, dev_id, {}, [&](Device &device) {
         check_member(flow_id, flow_type);
         const bool is_new = device.policer.accumulating.insert({flow_id, flow_type}).second;
-        refuse_if(!is_new, VX_ERR_GLBL_ENTRY_EXIST);
+        if (!is_new) return VX_ERR_GLBL_ENTRY_EXIST;
+        return VX_SUCCESS;
     });
 }
 
@@ -347,14 +364,16 @@ vx_status_e vx_lmq_rate_group_member_delete(vx_dev_id_t dev_id, vx_uint32 flow_i
     return on_device(__func__, dev_id, {}, [&](Device &device) {
         check_member(flow_id, flow_type);
         const bool was_there = device.policer.accumulating.erase({flow_id, flow_type}) != 0;
-        refuse_if(!was_there, VX_ERR_GLBL_ENTRY_NOT_FOUND);
+        if (!was_there) return VX_ERR_GLBL_ENTRY_NOT_FOUND;
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_lmq_rate_shape_stats_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint32 *count) {
     return on_device(__func__, dev_id, {count}, [&](Device &device) {
-        check_port(port_id);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         *count = device.policer.shaped[port_id];
+        return VX_SUCCESS;
     });
 }
 
@@ -369,7 +388,7 @@ vx_status_e vx_bm_pkt_stats_clear(vx_dev_id_t dev_id) {
 
 vx_status_e vx_bm_queue_status_get(vx_dev_id_t device_id, vx_uint16 port_num, lmq_bm_queue_status_s *p_status) {
     return on_device(__func__, device_id, {p_status}, [&](Device &device) {
-        check_port(port_num);
+        if (is_no_port(port_num)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         *p_status = {};
         const bool external = device.config.pkt_mem_mode == LMQ_PKT_MEM_MODE_IBM_N_EBM;
         for (vx_uint16 id = 0; id < std::size(p_status->bm_que_status); ++id) {
@@ -387,6 +406,7 @@ vx_status_e vx_bm_queue_status_get(vx_dev_id_t device_id, vx_uint16 port_num, lm
             external_queue.high_thresh = in_bytes(queue.back_press_set_thresh);
             external_queue.low_thresh = in_bytes(queue.back_press_clr_thresh);
         }
+        return VX_SUCCESS;
     });
 }
 
@@ -402,15 +422,17 @@ vx_status_e vx_rate_cpu_stat_clear(vx_dev_id_t dev_id) {
 vx_status_e vx_rate_src_port_stat_get(vx_dev_id_t dev_id, vx_uint16 port_num, vx_pol_src_port_stat_t *stats,
                                       vx_boolean clear) {
     return on_device(__func__, dev_id, {stats}, [&](Device &device) {
-        check_port(port_num);
+        if (is_no_port(port_num)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         read_counters(device.policer.source_port_counters[port_num], stats, clear != FALSE);
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_rate_src_port_stat_clear(vx_dev_id_t dev_id, vx_uint16 port_num) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        check_port(port_num);
+        if (is_no_port(port_num)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         device.policer.source_port_counters.erase(port_num);
+        return VX_SUCCESS;
     });
 }
 

@@ -131,8 +131,9 @@ vx_status_e vx_ptp_config_get(vx_dev_id_t dev_id, vx_ptp_cfg_t *p_cfg) {
 
 vx_status_e vx_ptp_port_config_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_ptp_port_cfg_t *p_cfg) {
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
-        check_port(port_id);
-        check_range(p_cfg->ptp_adjust_sign, VX_PTP_VAL_POSITIVE, VX_PTP_VAL_NEGATIVE);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+        if (!is_in_range(p_cfg->ptp_adjust_sign, VX_PTP_VAL_POSITIVE, VX_PTP_VAL_NEGATIVE))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         const auto &flags = p_cfg->valid.mask_s;
         vx_ptp_port_cfg_t kept = device.time.ptp_port.get(port_id);
         merge(flags.enbl_rx_ptp, kept.enbl_rx_ptp, as_boolean(p_cfg->enbl_rx_ptp));
@@ -142,13 +143,15 @@ vx_status_e vx_ptp_port_config_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_
         kept.ptp_adjust_sign = p_cfg->ptp_adjust_sign;
         kept.ptp_time_adjust = p_cfg->ptp_time_adjust;
         device.time.ptp_port.set(port_id, kept);
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_ptp_port_config_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_ptp_port_cfg_t *p_cfg) {
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
-        check_port(port_id);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         *p_cfg = device.time.ptp_port.get(port_id);
+        return VX_SUCCESS;
     });
 }
 
@@ -183,11 +186,12 @@ vx_status_e vx_1pps_tod_get(vx_dev_id_t dev_id, vx_1pps_tod_cfg_t *p_cfg) {
 
 vx_status_e vx_1pps_send(vx_dev_id_t dev_id, vx_1pps_send_cfg_t *p_cfg) {
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
-        refuse_if(!device.time.outputs.enbl_1pps_output, VX_ERR_GLBL_INVALID_OP);
+        if (!device.time.outputs.enbl_1pps_output) return VX_ERR_GLBL_INVALID_OP;
         // The pulse comes with the first call at or behind its time.
         const vx_uint32 from_now = p_cfg->send_time - local_counter(device);
         const Clock::Time wait{(from_now + ns_per_ms - 1) / ns_per_ms};
         device.time.pulses = {.next = device.system.clock.now() + wait, .once = p_cfg->send_once != FALSE};
+        return VX_SUCCESS;
     });
 }
 

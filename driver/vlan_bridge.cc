@@ -495,14 +495,15 @@ vx_status_e vx_vlan_mapping_table_get(vx_dev_id_t dev_id, vx_port_id_t port_id, 
 vx_status_e lmq_create_bridge(vx_dev_id_t dev_id, lmq_brg_id_t brg_id, lmq_brg_cfg_s *p_cfg) {
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
         auto &bridges = device.vlan_bridge.bridges;
-        refuse_if(brg_id == LMQ_INVALID_BRG_ID, VX_ERR_FE_INVALID_BRG_ID);
-        refuse_if(bridges.find(brg_id) != nullptr, VX_ERR_GLBL_ENTRY_EXIST);
-        refuse_if(!p_cfg->valid.mask_s.brg_type, VX_ERR_FE_INVALID_BRG_PARAMS);
+        if (brg_id == LMQ_INVALID_BRG_ID) return VX_ERR_FE_INVALID_BRG_ID;
+        if (bridges.find(brg_id) != nullptr) return VX_ERR_GLBL_ENTRY_EXIST;
+        if (!p_cfg->valid.mask_s.brg_type) return VX_ERR_FE_INVALID_BRG_PARAMS;
         Bridge bridge;
         bridge.config.vlan_id = LMQ_ANY_VID;
         bridge.config.valid.mask = 0xF;
         take(device, brg_id, bridge.config, *p_cfg);
         add(bridges, brg_id, bridge);
+        return VX_SUCCESS;
     });
 }
 
@@ -539,13 +540,14 @@ vx_status_e lmq_add_bridge_port(vx_dev_id_t dev_id, vx_uint16 uni_port_num, lmq_
                                 lmq_brg_port_id_t *p_brg_port_id) {
     return on_device(__func__, dev_id, {p_brg_port_id}, [&](Device &device) {
         Bridge &bridge = bridge_of(device, brg_id);
-        refuse_if(uni_port_num < VX_PORT_ETH0 || uni_port_num >= VX_PORT_ETH0 + LMQ_MAX_UNI_PORT_NUM,
-                  VX_ERR_PORT_NUM_OUT_OF_RANGE);
+        if (uni_port_num < VX_PORT_ETH0 || uni_port_num >= VX_PORT_ETH0 + LMQ_MAX_UNI_PORT_NUM)
+            return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         for (const auto &port : bridge.ports) refuse_if(port.second == uni_port_num, VX_ERR_GLBL_ENTRY_EXIST);
         // There are more ids than ports of all bridges.
         const auto id = static_cast<lmq_brg_port_id_t>(device.vlan_bridge.bridge_ports.give().value());
         bridge.ports.emplace(id, uni_port_num);
         *p_brg_port_id = id;
+        return VX_SUCCESS;
     });
 }
 
@@ -560,19 +562,21 @@ vx_status_e vx_gpon_onu_gem_port_add_to_bridge(vx_dev_id_t dev_id, vx_uint16 pon
                                                lmq_brg_id_t brg_id) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
         std::vector<vx_uint16> &gems = bridge_of(device, brg_id).gem_ports;
-        check_range(pon_id, 0, 0);
-        refuse_if(gem_port_id > last_gem_port, VX_ERR_GPON_INVALID_GEM_PORT);
-        refuse_if(std::find(gems.begin(), gems.end(), gem_port_id) != gems.end(), VX_ERR_GLBL_ENTRY_EXIST);
-        refuse_if(gems.size() >= VX_MAX_GEM_PORTS, VX_ERR_GLBL_SW_RESOURCE_UNAVAIL);
+        if (!is_in_range(pon_id, 0, 0)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (gem_port_id > last_gem_port) return VX_ERR_GPON_INVALID_GEM_PORT;
+        if (std::find(gems.begin(), gems.end(), gem_port_id) != gems.end()) return VX_ERR_GLBL_ENTRY_EXIST;
+        if (gems.size() >= VX_MAX_GEM_PORTS) return VX_ERR_GLBL_SW_RESOURCE_UNAVAIL;
         gems.push_back(gem_port_id);
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_gpon_onu_gem_port_delete_from_bridge(vx_dev_id_t dev_id, vx_uint16 pon_id, vx_uint16 gem_port_id,
                                                     lmq_brg_id_t brg_id) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        check_range(pon_id, 0, 0);
+        if (!is_in_range(pon_id, 0, 0)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         std::erase(bridge_of(device, brg_id).gem_ports, gem_port_id);
+        return VX_SUCCESS;
     });
 }
 
@@ -613,54 +617,60 @@ vx_int32 vx_sw_double_vlan_add(vx_uint32 dev_id, vx_uint16 ethport_id, vx_lmq_ex
 
 vx_int32 vx_sw_vlan_del(vx_uint32 dev_id, vx_uint16 ethport_id, vx_boolean iphost, vx_uint16 ext_vlan_id) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        check_port(ethport_id);
-        refuse_if(!device.vlan_bridge.ext_vlans.erase({ethport_id, iphost != FALSE, ext_vlan_id}),
-                  VX_ERR_GLBL_ENTRY_NOT_FOUND);
+        if (is_no_port(ethport_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+        if (!device.vlan_bridge.ext_vlans.erase({ethport_id, iphost != FALSE, ext_vlan_id}))
+            return VX_ERR_GLBL_ENTRY_NOT_FOUND;
+        return VX_SUCCESS;
     });
 }
 
 vx_int32 vx_sw_vlan_param_set(vx_uint32 dev_id, vx_uint16 ethport_id, vx_uint16 input_tpid, vx_uint16 output_tpid,
                               vx_uint8 downstream_mode) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        check_port(ethport_id);
+        if (is_no_port(ethport_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         device.vlan_bridge.ext_vlan_parameters.set(ethport_id, {input_tpid, output_tpid, downstream_mode});
+        return VX_SUCCESS;
     });
 }
 
 vx_int32 vx_sw_vlan_opr_create(vx_uint32 dev_id, vx_uint16 ethport_id, vx_lmq_vlan_opr_t *vlan_opr, vx_boolean iphost,
                                vx_uint16 vlan_id) {
     return on_device(__func__, dev_id, {vlan_opr}, [&](Device &device) {
-        check_port(ethport_id);
-        check_range(vlan_opr->us_mode, 0, 2);
-        check_range(vlan_opr->ds_mode, 0, 1);
+        if (is_no_port(ethport_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+        if (!is_in_range(vlan_opr->us_mode, 0, 2)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (!is_in_range(vlan_opr->ds_mode, 0, 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         add(device.vlan_bridge.operations, {ethport_id, iphost != FALSE, vlan_id}, *vlan_opr);
+        return VX_SUCCESS;
     });
 }
 
 vx_int32 vx_sw_vlan_opr_delete(vx_uint32 dev_id, vx_uint16 ethport_id, vx_boolean iphost, vx_uint16 vlan_id) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        check_port(ethport_id);
-        refuse_if(!device.vlan_bridge.operations.erase({ethport_id, iphost != FALSE, vlan_id}),
-                  VX_ERR_GLBL_ENTRY_NOT_FOUND);
+        if (is_no_port(ethport_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+        if (!device.vlan_bridge.operations.erase({ethport_id, iphost != FALSE, vlan_id}))
+            return VX_ERR_GLBL_ENTRY_NOT_FOUND;
+        return VX_SUCCESS;
     });
 }
 
 vx_int32 vx_sw_tci_gem_add(vx_uint32 dev_id, vx_lmq_tci_routing_t *tci2gem, vx_uint16 routing_id) {
     return on_device(__func__, dev_id, {tci2gem}, [&](Device &device) {
-        check_port(tci2gem->eth_port);
+        if (is_no_port(tci2gem->eth_port)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         check_vid(tci2gem->vid);
-        check_range(tci2gem->pri, 0, LMQ_MAX_DOT1P - 1);
-        check_range(tci2gem->mode, 0, 2);
-        check_range(tci2gem->tagged_action, 0, 1);
-        check_range(tci2gem->untagged_action, 0, 1);
-        refuse_if(tci2gem->gem_port > last_gem_port, VX_ERR_GPON_INVALID_GEM_PORT);
+        if (!is_in_range(tci2gem->pri, 0, LMQ_MAX_DOT1P - 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (!is_in_range(tci2gem->mode, 0, 2)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (!is_in_range(tci2gem->tagged_action, 0, 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (!is_in_range(tci2gem->untagged_action, 0, 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (tci2gem->gem_port > last_gem_port) return VX_ERR_GPON_INVALID_GEM_PORT;
         add(device.vlan_bridge.routes, routing_id, *tci2gem);
+        return VX_SUCCESS;
     });
 }
 
 vx_int32 vx_sw_tci_gem_del(vx_uint32 dev_id, vx_uint16 routing_id) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        refuse_if(!device.vlan_bridge.routes.erase(routing_id), VX_ERR_GLBL_ENTRY_NOT_FOUND);
+        if (!device.vlan_bridge.routes.erase(routing_id)) return VX_ERR_GLBL_ENTRY_NOT_FOUND;
+        return VX_SUCCESS;
     });
 }
 
@@ -675,10 +685,11 @@ vx_int32 vx_sw_vlan_mib_reset(void) {
 
 vx_int32 vx_vid_pbit_2gem_get(vx_port_id_t sport, vx_uint16 tci, vx_uint16 *gem) {
     return on_device(__func__, DEFAULT_DEVICE_ID, {gem}, [&](Device &device) {
-        check_port(sport);
+        if (is_no_port(sport)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         const vx_lmq_tci_routing_t *way = way_of(device.vlan_bridge, sport, {LMQ_DEFAULT_TPID, tci});
-        refuse_if(!way, VX_ERR_GLBL_ENTRY_NOT_FOUND);
+        if (!way) return VX_ERR_GLBL_ENTRY_NOT_FOUND;
         *gem = way->gem_port;
+        return VX_SUCCESS;
     });
 }
 

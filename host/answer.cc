@@ -47,6 +47,7 @@ Result inner_result(std::string_view text) {
 }  // namespace
 
 Result result_of(std::string_view answer) {
+    if (answer.starts_with(begin_of_answer)) return {0, first_int(answer.substr(begin_of_answer.size()))};
     if (const int fault = fault_code(answer); fault != 0) return {fault};
     std::string_view rest = answer.substr(std::min(answer.find("<params>"), answer.size()));
     return {0, skip(rest, {"<params>", "<param>"}) ? first_int(rest) : std::nullopt};

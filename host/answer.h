@@ -8,6 +8,10 @@
 
 namespace lmq::host {
 
+/// How an answer that is no fault begins, as the XML-RPC library writes it.
+inline constexpr std::string_view begin_of_answer =
+    "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<methodResponse>\r\n<params>\r\n<param>";
+
 /// What came of a call.
 struct Result {
     /// The fault's code; 0 if it is none.

@@ -7,19 +7,19 @@
 #include <charconv>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <limits>
 #include <memory>
 #include <string_view>
 #include <utility>
 
+#include "answer.h"
 #include "env.h"
 #include "xml_text.h"
 
 namespace lmq::host {
 namespace {
 
-constexpr std::string_view begin_of_answer =
-    "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<methodResponse>\r\n<params>\r\n<param>";
 constexpr std::string_view end_of_answer = "</param>\r\n</params>\r\n</methodResponse>\r\n";
 
 /// A text that grows, with room ahead for what is put to its end.
@@ -33,12 +33,20 @@ class Text {
         size_ += piece.size();
     }
 
-    void put(std::string_view begin, std::int64_t number, std::string_view end) {
-        char *const from = room(begin.size() + longest_number + end.size());
-        char *at = from + begin.copy(from, begin.size());
-        at = std::to_chars(at, at + longest_number, number).ptr;
-        at += end.copy(at, end.size());
-        size_ += static_cast<std::size_t>(at - from);
+    // What is of a length that the compiler knows takes it a few moves.
+    template <std::size_t size>
+    void put(const char (&literal)[size]) {
+        std::memcpy(room(size - 1), literal, size - 1);
+        size_ += size - 1;
+    }
+
+    template <std::size_t begin_size, std::size_t end_size>
+    void put(const char (&begin)[begin_size], std::int64_t number, const char (&end)[end_size]) {
+        char *at = room(begin_size + longest_number + end_size);
+        std::memcpy(at, begin, begin_size - 1);
+        at = std::to_chars(at + begin_size - 1, at + begin_size - 1 + longest_number, number).ptr;
+        std::memcpy(at, end, end_size - 1);
+        size_ = static_cast<std::size_t>(at - text_.data()) + end_size - 1;
     }
 
     std::string take() {
@@ -53,9 +61,11 @@ class Text {
 
     /// The end of the text, with room for so many bytes.
     char *room(std::size_t bytes) {
-        if (text_.size() - size_ < bytes) text_.resize(2 * (size_ + bytes));
+        if (text_.size() - size_ < bytes) grow(bytes);
         return text_.data() + size_;
     }
+
+    [[gnu::noinline]] void grow(std::size_t bytes) { text_.resize(2 * (size_ + bytes)); }
 
     std::string text_;
     std::size_t size_ = 0;
@@ -130,7 +140,8 @@ class Writer {
         text_.put("</struct></value>");
     }
 
-    void string(std::string_view begin, xmlrpc_value *value, std::string_view end) {
+    template <std::size_t begin_size, std::size_t end_size>
+    void string(const char (&begin)[begin_size], xmlrpc_value *value, const char (&end)[end_size]) {
         std::size_t length = 0;
         const char *characters = nullptr;
         xmlrpc_read_string_lp(env_, value, &length, &characters);

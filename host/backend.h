@@ -1,11 +1,13 @@
-// What carries out calls: something that takes one call at a time and comes back with its answer, without ever
-// holding up whoever asks. in_process.h does it in this process, worker.h in another one.
+// What carries out calls, one at a time, and comes back with their answers, without ever holding up whoever asks.
+// in_process.h does it in this process, worker.h in another one.
 #pragma once
 
 #include <poll.h>
 #include <sys/types.h>
 
 #include <array>
+#include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -43,6 +45,8 @@ class Backend {
         std::string text;
         /// What the call printed, as far as it is known.
         std::string printed = {};
+        /// When the call began, if that is known.
+        std::optional<std::chrono::steady_clock::time_point> begun = {};
     };
 
     /// How the process that held the driver ended unasked.
@@ -79,18 +83,45 @@ class Backend {
     /// Whether step() has the outcome as soon as begin() returns, so that nothing is won by letting a call wait.
     virtual bool is_synchronous() const { return false; }
 
-    /// Whether begin() may be called.
+    /// Whether begin() may be called, and there is no call in hand.
     virtual bool ready() const = 0;
 
-    /// Starts a call. step() returns its outcome, sooner or later.
+    /// Whether begin() may be called while there is one, which has not been answered.
+    /// @param size Of the call.
+    virtual bool ready_for_next(std::size_t size) const {
+        static_cast<void>(size);
+        return false;
+    }
+
+    /// Hands over a call. It begins when all that were handed over before have ended. step() returns its outcome,
+    /// sooner or later, or take_back() gives it back.
     /// @param call   The call, as Call takes it. The backend keeps it for as long as it needs it.
     /// @param method Its method, for the log.
-    virtual void begin(std::string call, std::string method) = 0;
+    virtual void begin(std::string call, const std::string &method) = 0;
 
-    /// Does what can be done without waiting. Returns the outcome of the call in hand, once.
-    virtual std::optional<Outcome> step() = 0;
+    /// Does what can be done without waiting. Returns the outcome of the oldest call, once.
+    /// @param moved Whether a descriptor of waits() is ready, or the time of timeout() is over. Without that only an
+    /// outcome
+    ///              that is_there() is taken.
+    virtual std::optional<Outcome> step(bool moved) = 0;
 
-    /// The call whose outcome step() has returned last, or the one in hand, which is then given up. Gives it once.
+    /// Whether there is an outcome of which no descriptor tells.
+    virtual bool is_there() const { return false; }
+
+    /// Before whoever asks goes to sleep, so that a descriptor tells, and after that. is_there() is to be asked again
+    /// between the two.
+    virtual void sleep(bool begins) { static_cast<void>(begins); }
+
+    /// The calls that have not begun, oldest first: they never will, and may be handed over again. They are those that
+    /// were handed over last.
+    /// @param all Whether to take back what might still begin, or else only what cannot, since the process has died or
+    ///            wants to be handed calls alone.
+    virtual std::vector<std::string> take_back(bool all) {
+        static_cast<void>(all);
+        return {};
+    }
+
+    /// The call whose outcome step() has returned last, or the oldest, which is then given up. Gives it once.
     virtual std::string take_call() = 0;
 
     /// After step(): whether the process has died, and how. Tells it once.
@@ -102,7 +133,7 @@ class Backend {
     /// In how many milliseconds step() is worth calling whatever the descriptors say; -1 for never.
     virtual int timeout() const = 0;
 
-    /// Whether calls can be carried out, now or after the one in hand.
+    /// Whether calls can be carried out, now or after those in hand.
     virtual bool alive() const = 0;
 
     virtual State state() const = 0;

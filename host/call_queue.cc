@@ -1,4 +1,4 @@
-// From calls to their replies, one at a time.
+// From calls to their replies, one after the other.
 #include "call_queue.h"
 
 #include <microhttpd.h>
@@ -26,6 +26,13 @@ constexpr unsigned client_has_gone = 499;
 /// The header that says where to find what a call has printed.
 constexpr const char output_header[] = "Lmq-Output";
 
+/// A call that lasts no longer is a short one.
+constexpr milliseconds short_time(1);
+
+/// For how long calls that have not begun stay with the driver behind one that lasts longer. Then they wait here again,
+/// where it shows whether their clients have gone.
+constexpr milliseconds patience(5);
+
 /// Whether the client has closed its end. One that means to read an answer leaves it open.
 bool is_gone(const Exchange &exchange) {
     pollfd peer{exchange.peer->socket, POLLRDHUP, 0};
@@ -42,7 +49,7 @@ void drop(Exchange &exchange) {
 
 /// Makes the reply of a call.
 /// @param process What the call was carried out in.
-void CallQueue::settle(Exchange &exchange, Backend::Outcome outcome, pid_t process) try {
+void CallQueue::settle(Exchange &exchange, Backend::Outcome outcome, pid_t process, Clock::time_point begun) try {
     const std::string call = backend_.take_call();
     switch (outcome.kind) {
         case Backend::Outcome::Kind::answer: {
@@ -62,7 +69,7 @@ void CallQueue::settle(Exchange &exchange, Backend::Outcome outcome, pid_t proce
             break;
     }
     recorder_.called({exchange.peer->address, exchange.user, exchange.method, call, exchange.reply->status,
-                      exchange.reply->body, outcome.printed, exchange.arrived, begun_},
+                      exchange.reply->body, outcome.printed, exchange.arrived, begun},
                      process);
     if (outcome.printed.empty()) return;
     exchange.reply->headers.emplace_back(
@@ -72,105 +79,151 @@ void CallQueue::settle(Exchange &exchange, Backend::Outcome outcome, pid_t proce
 }
 
 void CallQueue::carry_out(Exchange &exchange) {
-    begun_ = Clock::now();
+    const auto begun = Clock::now();
     backend_.begin(exchange.body.take(), exchange.method);
-    settle(exchange, *backend_.step(), backend_.state().pid);
+    settle(exchange, *backend_.step(true), backend_.state().pid, begun);
     recorder_.flush();  // a driver that crashes takes this process along
 }
 
 const std::vector<Exchange *> &CallQueue::advance(bool moved) {
     replied_.clear();
-    if (moved || backend_.timeout() == 0) take_outcome();
-    while (!is_busy_ && !waiting_.empty() && backend_.ready() && !begin_next()) continue;
+    moved = moved || backend_.timeout() == 0;
+    if (moved || backend_.is_there()) take_outcomes(moved);
+    if (is_held_up()) take_back(true);
+    while (!waiting_.empty()) {
+        const bool may_begin =
+            handed_.empty() ? backend_.ready()
+                            : are_short_ && backend_.ready_for_next(waiting_.front().exchange->body.text().size());
+        if (!may_begin) break;
+        begin_next();
+    }
     report_slow();
     return replied_;
 }
 
-void CallQueue::take_outcome() {
-    auto outcome = backend_.step();
-    const auto death = backend_.take_death();
-    if (outcome && is_busy_) {
-        is_busy_ = false;
-        const pid_t process = death ? death->process : backend_.state().pid;
-        if (current_ != nullptr) {
-            settle(*current_, *std::move(outcome), process);
-            replied_.push_back(std::exchange(current_, nullptr));
-        } else {
-            take_lost(*outcome, process);
-        }
+void CallQueue::take_outcomes(bool moved) {
+    for (bool more = true; more;) {
+        auto outcome = backend_.step(moved);
+        const auto death = backend_.take_death();
+        take_back(false);
+        more = outcome && !handed_.empty();
+        if (more) take_outcome(*std::move(outcome), death ? death->process : backend_.state().pid);
+        if (death) recorder_.died(*death);
+        more = more && !handed_.empty();
     }
-    if (death) recorder_.died(*death);
 }
 
+/// Takes the outcome of the oldest call.
+void CallQueue::take_outcome(Backend::Outcome outcome, pid_t process) {
+    std::list<Place> ended;
+    ended.splice(ended.begin(), handed_, handed_.begin());
+    Place &place = ended.front();
+    const auto now = Clock::now();
+    if (outcome.begun) place.begun = std::clamp(*outcome.begun, place.handed, now);
+    are_short_ = now - place.begun < short_time;
+    reported_ = false;
+    if (!handed_.empty()) handed_.front().begun = now;
+    if (place.exchange == nullptr) return take_lost(place, outcome, process);
+    settle(*place.exchange, std::move(outcome), process, place.begun);
+    replied_.push_back(place.exchange);
+}
+
+/// Takes back calls that have not begun, to hand them over again.
+/// @param all Whether all of them, or else those that the backend wants to give back.
+void CallQueue::take_back(bool all) {
+    for (auto calls = backend_.take_back(all); !calls.empty() && !handed_.empty(); calls.pop_back()) {
+        const auto last = std::prev(handed_.end());
+        are_short_ = false;
+        if (last->exchange == nullptr) {
+            monitor_.served({last->address,
+                             last->user,
+                             last->method,
+                             "",
+                             client_has_gone,
+                             {},
+                             std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - last->arrived)});
+            handed_.erase(last);
+        } else {
+            last->exchange->body.replace(std::move(calls.back()));
+            waiting_.splice(waiting_.begin(), handed_, last);
+        }
+    }
+}
+
+/// Whether the call in hand has kept others waiting that were handed over behind it.
+bool CallQueue::is_held_up() const { return handed_.size() > 1 && Clock::now() > handed_.front().begun + patience; }
+
 /// Takes the outcome of a call whose client has gone.
-void CallQueue::take_lost(const Backend::Outcome &outcome, pid_t process) {
+void CallQueue::take_lost(const Place &place, const Backend::Outcome &outcome, pid_t process) {
     const std::string call = backend_.take_call();
     const Result result =
         outcome.kind == Backend::Outcome::Kind::answer ? result_of(outcome.text) : Result{Fault::internal};
-    recorder_.called({address_, user_, method_, call, client_has_gone, outcome.text, outcome.printed, arrived_, begun_},
+    recorder_.called({place.address, place.user, place.method, call, client_has_gone, outcome.text, outcome.printed,
+                      place.arrived, place.begun},
                      process);
-    monitor_.served({address_, user_, method_, "", client_has_gone, result,
-                     std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - begun_)});
+    monitor_.served({place.address, place.user, place.method, "", client_has_gone, result,
+                     std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - place.begun)});
 }
 
 /// Hands the call that has waited longest to the backend, unless its client has gone.
-/// @return Whether a call has begun.
-bool CallQueue::begin_next() {
-    Exchange &next = *waiting_.front();
+void CallQueue::begin_next() {
+    Place &place = waiting_.front();
+    Exchange &next = *place.exchange;
+    const auto now = Clock::now();
     // Who has sent a request just now is still there.
-    if (Clock::now() - next.arrived > milliseconds(1) && is_gone(next)) {
+    if (now - next.arrived > milliseconds(1) && is_gone(next)) {
         give_up(next);
         replied_.push_back(&next);
         waiting_.pop_front();
-        return false;
+        return;
     }
-    method_ = next.method;
-    address_ = next.peer->address;
-    user_ = next.user;
-    std::string method = method_;
-    waiting_.pop_front();
-    current_ = &next;
-    is_busy_ = true;
-    arrived_ = next.arrived;
-    begun_ = Clock::now();
-    reported_ = false;
-    backend_.begin(next.body.take(), std::move(method));
-    return true;
+    place.method = next.method;
+    place.address = next.peer->address;
+    place.user = next.user;
+    place.arrived = next.arrived;
+    place.handed = place.begun = now;
+    are_many_ = !handed_.empty();
+    if (!are_many_) reported_ = false;
+    handed_.splice(handed_.end(), waiting_, waiting_.begin());
+    backend_.begin(next.body.take(), place.method);
 }
 
 const std::vector<Exchange *> &CallQueue::drop_gone() {
     replied_.clear();
+    if (handed_.size() > 1) take_back(true);
     std::vector<pollfd> clients;
-    for (const Exchange *call : waiting_) clients.push_back({call->peer->socket, POLLRDHUP, 0});
+    for (const Place &place : waiting_) clients.push_back({place.exchange->peer->socket, POLLRDHUP, 0});
     poll(clients.data(), clients.size(), 0);
     auto client = clients.begin();
-    std::erase_if(waiting_, [&](Exchange *call) {
+    std::erase_if(waiting_, [&](const Place &place) {
         if ((client++)->revents == 0) return false;
-        give_up(*call);
-        replied_.push_back(call);
+        give_up(*place.exchange);
+        replied_.push_back(place.exchange);
         return true;
     });
-    if (current_ != nullptr && is_gone(*current_)) {
-        drop(*current_);
-        replied_.push_back(std::exchange(current_, nullptr));
+    for (Place &place : handed_) {
+        if (place.exchange == nullptr || !is_gone(*place.exchange)) continue;
+        drop(*place.exchange);
+        replied_.push_back(std::exchange(place.exchange, nullptr));
     }
     return replied_;
 }
 
 const std::vector<Exchange *> &CallQueue::stop(bool all) {
     replied_.clear();
-    for (Exchange *call : std::exchange(waiting_, {})) {
-        call->body.clear();
-        call->reply = refusal(MHD_HTTP_SERVICE_UNAVAILABLE, "The host is being stopped.");
-        replied_.push_back(call);
+    if (handed_.size() > 1) take_back(true);
+    for (const Place &place : std::exchange(waiting_, {})) {
+        place.exchange->body.clear();
+        place.exchange->reply = refusal(MHD_HTTP_SERVICE_UNAVAILABLE, "The host is being stopped.");
+        replied_.push_back(place.exchange);
     }
-    if (all && current_ != nullptr) {
-        settle(*current_,
+    for (Place &place : handed_) {
+        if (!all || place.exchange == nullptr) continue;
+        settle(*place.exchange,
                {Backend::Outcome::Kind::lost,
-                "The host has been stopped during " + method_ + ". Whether the call had an effect is not known.",
-                {}},
-               backend_.state().pid);
-        replied_.push_back(std::exchange(current_, nullptr));
+                "The host has been stopped during " + place.method + ". Whether the call had an effect is not known."},
+               backend_.state().pid, place.begun);
+        replied_.push_back(std::exchange(place.exchange, nullptr));
     }
     return replied_;
 }
@@ -188,23 +241,27 @@ void CallQueue::give_up(Exchange &exchange) {
 }
 
 void CallQueue::report_slow() {
-    if (!is_busy_ || slow_.count() == 0 || reported_ || Clock::now() < begun_ + slow_) return;
+    if (handed_.empty() || slow_.count() == 0 || reported_) return;
+    const Place &place = handed_.front();
+    if (Clock::now() < place.begun + slow_) return;
     reported_ = true;
-    std::fprintf(stderr, "lmq-host: %s for %s has been in the driver for more than %lld ms\n", method_.c_str(),
-                 address_.c_str(), static_cast<long long>(slow_.count()));
+    std::fprintf(stderr, "lmq-host: %s for %s has been in the driver for more than %lld ms\n", place.method.c_str(),
+                 place.address.c_str(), static_cast<long long>(slow_.count()));
 }
 
 std::chrono::milliseconds CallQueue::age() const {
-    return is_busy_ ? std::chrono::duration_cast<milliseconds>(Clock::now() - begun_) : milliseconds(0);
+    if (handed_.empty()) return milliseconds(0);
+    return std::chrono::duration_cast<milliseconds>(Clock::now() - handed_.front().begun);
 }
 
 long long CallQueue::timeout() const {
     long long least = backend_.timeout();
-    if (is_busy_ && slow_.count() > 0 && !reported_) {
-        const long long slow =
-            std::max<long long>(std::chrono::ceil<milliseconds>(begun_ + slow_ - Clock::now()).count(), 0);
-        least = least < 0 ? slow : std::min(least, slow);
-    }
+    const auto consider = [&](Clock::time_point when) {
+        const long long left = std::max<long long>(std::chrono::ceil<milliseconds>(when - Clock::now()).count(), 0);
+        least = least < 0 ? left : std::min(least, left);
+    };
+    if (!handed_.empty() && slow_.count() > 0 && !reported_) consider(handed_.front().begun + slow_);
+    if (handed_.size() > 1) consider(handed_.front().begun + patience);
     return least;
 }
 
@@ -220,7 +277,7 @@ Reply CallQueue::output(std::string_view number) const {
 
 Reply CallQueue::health() const {
     if (!backend_.alive()) return refusal(MHD_HTTP_SERVICE_UNAVAILABLE, "no worker");
-    if (!is_busy_) return {MHD_HTTP_OK, "ok\n"};
+    if (handed_.empty()) return {MHD_HTTP_OK, "ok\n"};
     return {MHD_HTTP_OK, "ok, in a call for " + std::to_string(age().count()) + " ms\n"};
 }
 

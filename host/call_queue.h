@@ -1,9 +1,10 @@
-// The calls that wait for the driver, and the one that it has in hand.
+// The calls that wait for the driver, and those that it has been handed: the one in hand and, while calls are short,
+// some behind it, so that it finds the next one when it is done.
 #pragma once
 
 #include <chrono>
 #include <cstddef>
-#include <deque>
+#include <list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,14 +27,14 @@ class CallQueue {
 
     /// Lets a call wait for its turn.
     void add(Exchange &exchange) {
-        replied_.reserve(waiting_.size() + 2);
-        waiting_.push_back(&exchange);
+        replied_.reserve(waiting_.size() + handed_.size() + 2);
+        waiting_.emplace_back().exchange = &exchange;
     }
 
     /// Carries out a call at once. For a backend that is synchronous.
     void carry_out(Exchange &exchange);
 
-    /// Takes the outcome of the call in hand if there may be one, and starts the next call.
+    /// Takes the outcomes of calls if there may be some, and hands over the next calls.
     /// @param moved Whether a descriptor of the backend is ready.
     /// @return The calls that have their replies now; lasts until the next one.
     const std::vector<Exchange *> &advance(bool moved);
@@ -46,10 +47,13 @@ class CallQueue {
     /// @return Those calls, with their replies.
     const std::vector<Exchange *> &stop(bool all);
 
-    bool has_call_in_hand() const { return is_busy_; }
+    bool has_call_in_hand() const { return !handed_.empty(); }
+    /// Whether calls come so fast that the last one was handed over behind another.
+    bool are_many() const { return are_many_; }
     /// How long the call in hand has been there; 0 if there is none.
     std::chrono::milliseconds age() const;
-    std::size_t waiting() const { return waiting_.size(); }
+    /// The calls behind the one in hand.
+    std::size_t waiting() const { return waiting_.size() + handed_.size() - (handed_.empty() ? 0 : 1); }
 
     /// In how many milliseconds advance() is worth calling; -1 for never.
     long long timeout() const;
@@ -62,11 +66,23 @@ class CallQueue {
     Reply health() const;
 
   private:
-    void settle(Exchange &exchange, Backend::Outcome outcome, pid_t process);
-    void take_lost(const Backend::Outcome &outcome, pid_t process);
-    bool begin_next();
+    struct Place {
+        /// Null if its client went while it was in hand. The texts are for the log then.
+        Exchange *exchange = nullptr;
+        std::string method, address, user;
+        Clock::time_point arrived;
+        /// When it was handed over, and when it began, as far as that is known.
+        Clock::time_point handed, begun;
+    };
+
+    void settle(Exchange &exchange, Backend::Outcome outcome, pid_t process, Clock::time_point begun);
+    void take_lost(const Place &place, const Backend::Outcome &outcome, pid_t process);
+    void begin_next();
     void give_up(Exchange &exchange);
-    void take_outcome();
+    void take_outcomes(bool moved);
+    void take_outcome(Backend::Outcome outcome, pid_t process);
+    void take_back(bool all);
+    bool is_held_up() const;
     void report_slow();
 
     Backend &backend_;
@@ -74,14 +90,14 @@ class CallQueue {
     Recorder &recorder_;
     std::chrono::milliseconds slow_;
     RecentOutput printed_;
-    std::deque<Exchange *> waiting_;
-    /// Has room for all that wait, and the one in hand.
+    /// The oldest first. A place goes from one list to the other, and perhaps back.
+    std::list<Place> waiting_, handed_;
+    /// Has room for all of both.
     std::vector<Exchange *> replied_;
-    /// Whether there is a call in hand; its exchange is null if its client has gone. The rest is for the log.
-    bool is_busy_ = false;
-    Exchange *current_ = nullptr;
-    std::string method_, address_, user_;
-    Clock::time_point arrived_, begun_;
+    /// Whether the last call was short, so that the next one may be handed over before this one is answered.
+    bool are_short_ = false;
+    bool are_many_ = false;
+    /// Whether the call in hand has been reported.
     bool reported_ = false;
 };
 

@@ -75,10 +75,10 @@ struct Exchange {
     std::vector<std::string> inner;
     std::vector<Result> inner_results;
 
-    void turn(Peer::State state) {
+    void turn(Peer::State state, Clock::time_point now = Clock::now()) {
         if (peer->state == state || peer->state == Peer::State::gone) return;
         peer->state = state;
-        peer->since = Clock::now();
+        peer->since = now;
     }
 };
 

@@ -22,7 +22,7 @@ char *FrameReader::space() {
 
 std::size_t FrameReader::room() const {
     if (!is_long()) return piece_.size() - received_;
-    const std::size_t missing = sizeof head_ + static_cast<std::size_t>(head_.size) - received_;
+    const std::size_t missing = static_cast<std::size_t>(whole()) - received_;
     return is_lost_ ? std::min(missing, piece_.size()) : missing;
 }
 
@@ -32,7 +32,7 @@ FrameReader::State FrameReader::take(std::size_t count) {
     if (received_ < sizeof head_) return state_;
     if (!had_head) {
         std::memcpy(&head_, piece_.data(), sizeof head_);
-        if (head_.mark != FrameHead::magic || head_.kind > FrameKind::unanswerable || head_.size > limit_) {
+        if (head_.mark != FrameHead::magic || head_.kind > FrameKind::bell || head_.size > limit_) {
             return state_ = State::broken;
         }
         if (is_long()) try {
@@ -42,9 +42,7 @@ FrameReader::State FrameReader::take(std::size_t count) {
                 is_lost_ = true;
             }
     }
-    const std::size_t whole = sizeof head_ + static_cast<std::size_t>(head_.size);
-    if (received_ == whole) state_ = State::complete;
-    if (received_ > whole) state_ = State::broken;
+    if (received_ >= whole()) state_ = State::complete;
     return state_;
 }
 
@@ -54,6 +52,15 @@ std::string_view FrameReader::text() const {
 }
 
 std::string FrameReader::take_text() { return is_long() ? std::exchange(long_text_, {}) : std::string(text()); }
+
+void FrameReader::next() {
+    const std::size_t taken = std::min<std::size_t>(static_cast<std::size_t>(whole()), received_);
+    const std::size_t rest = received_ - taken;
+    reset();
+    if (rest == 0) return;
+    std::memmove(piece_.data(), piece_.data() + taken, rest);
+    take(rest);
+}
 
 void FrameReader::reset() {
     received_ = 0;

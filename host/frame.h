@@ -10,7 +10,10 @@
 
 namespace lmq::host {
 
-enum class FrameKind : std::uint32_t { call, ready, failed, answer, unanswerable };
+/// A call that is handed over alone, and what a worker says to it; a call that is handed over behind others; one that
+/// was not made, since it was taken back or what was printed before is to be read first; and what wakes the other side
+/// when there is something on the board.
+enum class FrameKind : std::uint32_t { call, ready, failed, answer, unanswerable, next, declined, bell };
 
 struct FrameHead {
     static constexpr std::uint32_t magic = 0x6c6d7131;
@@ -20,6 +23,10 @@ struct FrameHead {
     /// Of the call; its answer has the same. 0 before the first call.
     std::uint64_t number;
     std::uint64_t size;
+    /// Of an answer: when the call began, by the steady clock in nanoseconds, and whether there is something to be read
+    /// of what the driver has printed.
+    std::int64_t begun = 0;
+    std::uint64_t has_printed = 0;
 };
 
 /// Takes a frame from the pieces in which a socket delivers it.
@@ -34,8 +41,8 @@ class FrameReader {
     char *space();
     std::size_t room() const;
 
-    /// Says how many bytes have arrived there.
-    /// @return Whether the frame is complete. What is no frame, is too long, or goes on behind its end, is broken.
+    /// Says how many bytes have arrived there, of this frame and perhaps of those behind it.
+    /// @return Whether the frame is complete. What is no frame, or is too long, is broken.
     State take(std::size_t count);
 
     State state() const { return state_; }
@@ -53,14 +60,18 @@ class FrameReader {
     /// Whether there was no memory for the text. It is empty then.
     bool is_lost() const { return is_lost_; }
 
-    /// Makes room for the next frame.
+    /// Goes on to the next frame, of which some may have arrived with this one.
+    void next();
+
+    /// Forgets all that has arrived.
     void reset();
 
   private:
     static constexpr std::size_t first_piece = 128 * 1024;
 
     /// Whether the frame is longer than one piece.
-    bool is_long() const { return received_ >= sizeof head_ && sizeof head_ + head_.size > first_piece; }
+    bool is_long() const { return received_ >= sizeof head_ && whole() > first_piece; }
+    std::uint64_t whole() const { return sizeof head_ + head_.size; }
 
     std::size_t limit_;
     /// The head and a short text, or the beginning of a long one.
@@ -76,8 +87,9 @@ class FrameReader {
 class FrameWriter {
   public:
     /// Begins a frame. Its text must last until the frame is gone.
-    void begin(FrameKind kind, std::uint64_t number, std::string_view text) {
-        head_ = {FrameHead::magic, kind, number, text.size()};
+    void begin(FrameHead head, std::string_view text) {
+        head_ = head;
+        head_.size = text.size();
         text_ = text;
         sent_ = 0;
     }

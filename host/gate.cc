@@ -61,39 +61,6 @@ bool read_credentials(std::string_view value, std::string &name, std::string &pa
     return true;
 }
 
-/// What the headers say that a proxy may read in another way.
-struct Framing {
-    unsigned hosts = 0, lengths = 0, codings = 0;
-    bool is_chunked = false;
-
-    explicit Framing(MHD_Connection *connection) {
-        MHD_get_connection_values(
-            connection, MHD_HEADER_KIND,
-            [](void *framing, MHD_ValueKind, const char *key, const char *value) {
-                static_cast<Framing *>(framing)->add(key, value == nullptr ? "" : value);
-                return MHD_YES;
-            },
-            this);
-    }
-
-  private:
-    void add(const char *key, const char *value) {
-        switch (std::strlen(key)) {
-            case std::size(MHD_HTTP_HEADER_HOST) - 1: hosts += is(key, MHD_HTTP_HEADER_HOST); break;
-            case std::size(MHD_HTTP_HEADER_CONTENT_LENGTH) - 1:
-                lengths += is(key, MHD_HTTP_HEADER_CONTENT_LENGTH);
-                break;
-            case std::size(MHD_HTTP_HEADER_TRANSFER_ENCODING) - 1:
-                if (!is(key, MHD_HTTP_HEADER_TRANSFER_ENCODING)) break;
-                ++codings;
-                is_chunked = is(value, "chunked");
-                break;
-        }
-    }
-
-    static bool is(const char *text, const char *wanted) { return strcasecmp(text, wanted) == 0; }
-};
-
 }  // namespace
 
 std::optional<std::string_view> header(MHD_Connection *connection, const char *name) {
@@ -102,13 +69,42 @@ std::optional<std::string_view> header(MHD_Connection *connection, const char *n
     return value;
 }
 
+Headers::Headers(MHD_Connection *connection) {
+    const auto add_one = [](void *headers, MHD_ValueKind, const char *key, const char *value) {
+        static_cast<Headers *>(headers)->add(key, value == nullptr ? "" : value);
+        return MHD_YES;
+    };
+    MHD_get_connection_values(connection, MHD_HEADER_KIND, add_one, this);
+}
+
+// No two of the names have the same length.
+void Headers::add(const char *key, std::string_view value) {
+    const auto take = [&](const char *name, std::optional<std::string_view> &header) {
+        const bool is_it = strcasecmp(key, name) == 0;
+        if (is_it && !header) header = value;
+        return is_it ? 1U : 0U;
+    };
+    switch (std::strlen(key)) {
+        case std::size(MHD_HTTP_HEADER_HOST) - 1: hosts += take(MHD_HTTP_HEADER_HOST, host); break;
+        case std::size(MHD_HTTP_HEADER_ORIGIN) - 1: take(MHD_HTTP_HEADER_ORIGIN, origin); break;
+        case std::size(lease_header) - 1: take(lease_header, lease); break;
+        case std::size(MHD_HTTP_HEADER_CONTENT_TYPE) - 1: take(MHD_HTTP_HEADER_CONTENT_TYPE, type); break;
+        case std::size(MHD_HTTP_HEADER_AUTHORIZATION) - 1: take(MHD_HTTP_HEADER_AUTHORIZATION, authorization); break;
+        case std::size(MHD_HTTP_HEADER_CONTENT_LENGTH) - 1:
+            lengths += take(MHD_HTTP_HEADER_CONTENT_LENGTH, length);
+            break;
+        case std::size(MHD_HTTP_HEADER_TRANSFER_ENCODING) - 1:
+            codings += take(MHD_HTTP_HEADER_TRANSFER_ENCODING, coding);
+            break;
+    }
+}
+
 // The HTTP library has refused what is not a number.
-std::uint64_t announced_length(MHD_Connection *connection) {
-    const auto value = header(connection, MHD_HTTP_HEADER_CONTENT_LENGTH);
-    if (!value) return 0;
-    std::uint64_t length = 0;
-    const auto result = std::from_chars(value->data(), value->data() + value->size(), length);
-    return result.ec == std::errc::result_out_of_range ? std::numeric_limits<std::uint64_t>::max() : length;
+std::uint64_t Headers::announced_length() const {
+    if (!length) return 0;
+    std::uint64_t number = 0;
+    const auto result = std::from_chars(length->data(), length->data() + length->size(), number);
+    return result.ec == std::errc::result_out_of_range ? std::numeric_limits<std::uint64_t>::max() : number;
 }
 
 Gate::Gate(Options options, std::unique_ptr<Users> users) : options_(std::move(options)), users_(std::move(users)) {
@@ -120,12 +116,16 @@ Gate::Gate(Options options, std::unique_ptr<Users> users) : options_(std::move(o
 /// A page of a foreign site can have its own name point here, and then counts as this host for the browser. The name
 /// still stands in the Host header. Addresses are safe: nobody can have them point elsewhere.
 bool Gate::is_own_name(std::string_view host) const {
+    if (host == own_) return true;
+    const std::string_view whole = host;
     const std::size_t colon = host.rfind(':');
     if (colon != std::string_view::npos && host.find(']', colon) == std::string_view::npos)
         host = host.substr(0, colon);
     const std::string name(host);
-    return is_address(name) || std::any_of(options_.names.begin(), options_.names.end(),
-                                           [&](const auto &own) { return strcasecmp(own.c_str(), name.c_str()) == 0; });
+    const auto is_name = [&](const std::string &own) { return strcasecmp(own.c_str(), name.c_str()) == 0; };
+    if (!is_address(name) && std::ranges::none_of(options_.names, is_name)) return false;
+    own_ = whole;
+    return true;
 }
 
 /// A page that this host has served: it comes from the name or address in the Host header, which has been judged.
@@ -134,7 +134,7 @@ bool Gate::is_own_page(MHD_Connection *connection, std::string_view origin, std:
     return options_.own_page && origin == std::string(encrypted ? "https://" : "http://").append(host);
 }
 
-std::optional<Reply> Gate::identify(Exchange &exchange) const {
+std::optional<Reply> Gate::identify(const Headers &headers, Exchange &exchange) const {
     if (options_.client_certificates) {
         Peer &peer = *exchange.peer;
         if (peer.certified.empty()) {
@@ -146,8 +146,7 @@ std::optional<Reply> Gate::identify(Exchange &exchange) const {
     }
     if (users_ == nullptr) return std::nullopt;
     std::string name, password;
-    const auto value = header(exchange.connection, MHD_HTTP_HEADER_AUTHORIZATION);
-    const auto answer = value && read_credentials(*value, name, password)
+    const auto answer = headers.authorization && read_credentials(*headers.authorization, name, password)
                             ? users_->check(name, password, exchange.peer->address)
                             : Users::Answer::wrong;
     switch (answer) {
@@ -163,36 +162,35 @@ std::optional<Reply> Gate::identify(Exchange &exchange) const {
 }
 
 /// Refuses heads that a proxy in front might read in another way, and so take a request for the body of another.
-std::optional<Reply> Gate::judge_form(MHD_Connection *connection, std::string_view version) const {
+std::optional<Reply> Gate::judge_form(const Headers &headers, std::string_view version) const {
     const auto closing = [](const std::string &why) {
         Reply reply = refusal(MHD_HTTP_BAD_REQUEST, why);
         reply.closes = true;
         return reply;
     };
-    const Framing framing(connection);
-    if (framing.lengths > 1) return closing("The request has more than one Content-Length.");
-    if (framing.lengths > 0 && framing.codings > 0)
+    const bool is_chunked = headers.coding && strcasecmp(std::string(*headers.coding).c_str(), "chunked") == 0;
+    if (headers.lengths > 1) return closing("The request has more than one Content-Length.");
+    if (headers.lengths > 0 && headers.codings > 0)
         return closing("The request has a Content-Length and a Transfer-Encoding.");
-    if (framing.codings > 1 || (framing.codings == 1 && !framing.is_chunked)) {
+    if (headers.codings > 1 || (headers.codings == 1 && !is_chunked)) {
         return closing("The only Transfer-Encoding is chunked.");
     }
-    if (framing.hosts > 1 || (framing.hosts == 0 && version == MHD_HTTP_VERSION_1_1)) {
+    if (headers.hosts > 1 || (headers.hosts == 0 && version == MHD_HTTP_VERSION_1_1)) {
         return closing("A request has one Host header.");
     }
     return std::nullopt;
 }
 
 std::optional<Reply> Gate::judge(std::string_view path, std::string_view method, std::string_view version,
-                                 Exchange &exchange) const {
-    MHD_Connection *connection = exchange.connection;
-    if (auto refused = judge_form(connection, version)) return refused;
-    const auto host = header(connection, MHD_HTTP_HEADER_HOST);
+                                 const Headers &headers, Exchange &exchange) const {
+    if (auto refused = judge_form(headers, version)) return refused;
+    const auto &host = headers.host;
+    const auto &origin = headers.origin;
     if (options_.check_host && host && !is_own_name(*host)) {
         return refusal(MHD_HTTP_MISDIRECTED_REQUEST, "This host does not go by the name in the Host header.");
     }
-    const auto origin = header(connection, MHD_HTTP_HEADER_ORIGIN);
     if (origin && (origin->empty() || *origin != options_.origin) &&
-        !(host && is_own_page(connection, *origin, *host))) {
+        !(host && is_own_page(exchange.connection, *origin, *host))) {
         return refusal(MHD_HTTP_FORBIDDEN, "Pages of this origin may not call.");
     }
     const bool reads = method == MHD_HTTP_METHOD_GET || method == MHD_HTTP_METHOD_HEAD;
@@ -200,20 +198,20 @@ std::optional<Reply> Gate::judge(std::string_view path, std::string_view method,
     if (path == health_path || path == metrics_path || path == interface_path || path.starts_with(output_path) ||
         is_page) {
         if (!reads) return wrong_method("GET, HEAD", "This is read by GET.");
-        return path == health_path ? std::nullopt : identify(exchange);
+        return path == health_path ? std::nullopt : identify(headers, exchange);
     }
-    if (path == lease_path) return judge_lease(method, exchange);
+    if (path == lease_path) return judge_lease(method, headers, exchange);
     if (path != calls_path) {
         return refusal(MHD_HTTP_NOT_FOUND, "There is nothing here; calls go to " + std::string(calls_path) + ".");
     }
     // A browser asks before it sends a call, and without the user.
     if (method == MHD_HTTP_METHOD_OPTIONS && origin) return Reply{MHD_HTTP_NO_CONTENT, ""};
     if (method != MHD_HTTP_METHOD_POST) return wrong_method("POST", "Calls are sent by POST.");
-    if (auto refused = identify(exchange)) return refused;
-    return judge_call(connection);
+    if (auto refused = identify(headers, exchange)) return refused;
+    return judge_call(headers);
 }
 
-std::optional<Reply> Gate::judge_lease(std::string_view method, Exchange &exchange) const {
+std::optional<Reply> Gate::judge_lease(std::string_view method, const Headers &headers, Exchange &exchange) const {
     constexpr std::size_t longest = 4096;
     constexpr std::string_view allowed[] = {MHD_HTTP_METHOD_GET, MHD_HTTP_METHOD_HEAD, MHD_HTTP_METHOD_POST,
                                             MHD_HTTP_METHOD_DELETE};
@@ -221,17 +219,17 @@ std::optional<Reply> Gate::judge_lease(std::string_view method, Exchange &exchan
         return wrong_method("GET, HEAD, POST, DELETE",
                             "The lease is read by GET, taken by POST and given back by DELETE.");
     }
-    if (announced_length(exchange.connection) > longest) return too_long(longest);
-    return identify(exchange);
+    if (headers.announced_length() > longest) return too_long(longest);
+    return identify(headers, exchange);
 }
 
 /// Judges what the head says about the body.
-std::optional<Reply> Gate::judge_call(MHD_Connection *connection) const {
-    const std::uint64_t length = announced_length(connection);
-    if (length == 0 && !header(connection, MHD_HTTP_HEADER_TRANSFER_ENCODING)) {
+std::optional<Reply> Gate::judge_call(const Headers &headers) const {
+    const std::uint64_t length = headers.announced_length();
+    if (length == 0 && !headers.coding) {
         return refusal(MHD_HTTP_BAD_REQUEST, "The request has no body; it should hold an XML-RPC call.");
     }
-    if (media_type(header(connection, MHD_HTTP_HEADER_CONTENT_TYPE).value_or("")) != "text/xml") {
+    if (headers.type != "text/xml" && media_type(headers.type.value_or("")) != "text/xml") {
         return refusal(MHD_HTTP_UNSUPPORTED_MEDIA_TYPE, "The Content-Type of a call is text/xml.");
     }
     if (length > options_.body_limit) return too_long(options_.body_limit);

@@ -19,9 +19,6 @@ struct MHD_Connection;
 
 namespace lmq::host {
 
-/// The length that a request announces; 0 if it announces none.
-std::uint64_t announced_length(MHD_Connection *connection);
-
 /// A header of the request, if it is there.
 std::optional<std::string_view> header(MHD_Connection *connection, const char *name);
 
@@ -35,6 +32,22 @@ inline constexpr std::string_view lease_path = "/lease";
 inline constexpr const char lease_header[] = "Lmq-Lease";
 /// What a call has printed: its number follows.
 inline constexpr std::string_view output_path = "/output/";
+
+/// The headers of a request that are looked at, gathered in one walk. They last as long as the request.
+struct Headers {
+    explicit Headers(MHD_Connection *connection);
+
+    /// The first of each.
+    std::optional<std::string_view> host, origin, lease, type, authorization, length, coding;
+    /// How many there are of those that a proxy may read in another way.
+    unsigned hosts = 0, lengths = 0, codings = 0;
+
+    /// The length of the body; 0 if none is announced.
+    std::uint64_t announced_length() const;
+
+  private:
+    void add(const char *key, std::string_view value);
+};
 
 class Gate {
   public:
@@ -62,7 +75,7 @@ class Gate {
     /// @param exchange Takes who the client is, once known. Its peer keeps the name in the certificate.
     /// @return Why the request is refused, or none.
     std::optional<Reply> judge(std::string_view path, std::string_view method, std::string_view version,
-                               Exchange &exchange) const;
+                               const Headers &headers, Exchange &exchange) const;
 
     /// The origin to allow in every answer; empty for none.
     const std::string &origin() const { return options_.origin; }
@@ -70,13 +83,15 @@ class Gate {
   private:
     bool is_own_name(std::string_view host) const;
     bool is_own_page(MHD_Connection *connection, std::string_view origin, std::string_view host) const;
-    std::optional<Reply> judge_form(MHD_Connection *connection, std::string_view version) const;
-    std::optional<Reply> judge_lease(std::string_view method, Exchange &exchange) const;
-    std::optional<Reply> judge_call(MHD_Connection *connection) const;
-    std::optional<Reply> identify(Exchange &exchange) const;
+    std::optional<Reply> judge_form(const Headers &headers, std::string_view version) const;
+    std::optional<Reply> judge_lease(std::string_view method, const Headers &headers, Exchange &exchange) const;
+    std::optional<Reply> judge_call(const Headers &headers) const;
+    std::optional<Reply> identify(const Headers &headers, Exchange &exchange) const;
 
     Options options_;
     std::unique_ptr<Users> users_;
+    /// The last Host header that was one of this host.
+    mutable std::string own_;
 };
 
 }  // namespace lmq::host

@@ -19,7 +19,7 @@ class InProcess : public Backend {
     bool is_synchronous() const override { return true; }
     bool ready() const override { return !outcome_; }
 
-    void begin(std::string call, std::string) override {
+    void begin(std::string call, const std::string &) override {
         in_hand_ = std::move(call);
         try {
             outcome_ = Outcome{Outcome::Kind::answer, call_(in_hand_), {}};
@@ -28,7 +28,7 @@ class InProcess : public Backend {
         }
     }
 
-    std::optional<Outcome> step() override { return std::exchange(outcome_, std::nullopt); }
+    std::optional<Outcome> step(bool) override { return std::exchange(outcome_, std::nullopt); }
     std::string take_call() override { return std::exchange(in_hand_, {}); }
     std::array<pollfd, 4> waits() const override { return {{{-1, 0, 0}, {-1, 0, 0}, {-1, 0, 0}, {-1, 0, 0}}}; }
     int timeout() const override { return outcome_ ? 0 : -1; }

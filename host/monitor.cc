@@ -86,12 +86,15 @@ void Monitor::reopen() {
 }
 
 void Monitor::know(const std::vector<Method> &methods) {
-    for (const Method &method : methods) by_method_[method.name];
+    for (const Method &method : methods) {
+        auto &entry = *by_method_.try_emplace(method.name).first;
+        registered_[entry.first] = &entry.second;
+    }
 }
 
 Monitor::Counts &Monitor::count(std::string_view method, const Result &result) {
-    const auto known = by_method_.find(method);
-    Counts &counts = known == by_method_.end() ? by_method_[""] : known->second;
+    const auto known = registered_.find(method);
+    Counts &counts = known == registered_.end() ? by_method_[""] : *known->second;
     ++counts.calls;
     if (result.fault != 0) {
         ++counts.faults;

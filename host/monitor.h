@@ -10,6 +10,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "answer.h"
@@ -98,6 +99,8 @@ class Monitor {
     double seconds_ = 0;
     /// By the known methods; the empty name stands for all others.
     std::map<std::string, Counts, std::less<>> by_method_;
+    /// The same of the methods that are registered, for a call to find at once.
+    std::unordered_map<std::string_view, Counts *> registered_;
 };
 
 }  // namespace lmq::host

@@ -54,9 +54,12 @@ std::array<pollfd, 2> Output::waits() const {
     return {{{streams_[0].reader.get(), POLLIN, 0}, {streams_[1].reader.get(), POLLIN, 0}}};
 }
 
-void Output::pump() {
+bool Output::is_waiting() const {
     auto readers = waits();
-    if (poll(readers.data(), readers.size(), 0) <= 0) return;
+    return poll(readers.data(), readers.size(), 0) > 0;
+}
+
+void Output::pump() {
     for (Stream &stream : streams_) {
         for (int count = 0; count < most_pieces && read_some(stream); ++count) continue;
     }
@@ -112,7 +115,6 @@ void Output::begin(const std::string &method) {
 }
 
 std::string Output::end() {
-    pump();
     for (Stream &stream : streams_) {
         if (!stream.line.empty()) write_line(stream);
     }

@@ -30,6 +30,9 @@ class Output {
     /// Descriptors that make pump() worth calling.
     std::array<pollfd, 2> waits() const;
 
+    /// Whether something has been printed that pump() has not read.
+    bool is_waiting() const;
+
     /// Passes on what has been printed, a limited amount at once: whoever prints without an end does not keep the front
     /// from its other work.
     void pump();
@@ -37,9 +40,9 @@ class Output {
     /// Says that a call begins. What comes from now on is its; what came between the last one and now is forgotten.
     void begin(const std::string &method);
 
-    /// Says that the call has ended, or whoever prints between two calls, after what was printed has been read.
-    /// @return It. What is beyond the limit is left out: of a call the end, and the last line says so; between two
-    /// calls
+    /// Says that the call has ended, or whoever prints between two calls.
+    /// @return What was read of it. What is beyond the limit is left out: of a call the end, and the last line says so;
+    /// between two calls
     ///         the beginning.
     std::string end();
 

@@ -89,13 +89,14 @@ MHD_Result Server::head(Peer &peer, const Head &head, Exchange *&state) {
     auto exchange = std::make_unique<Exchange>(peer, bodies_);
     exchange->request.append(head.method).append(":").append(head.path);
     exchange->arrived = Clock::now();
-    exchange->reply = gate_.judge(head.path, head.method, head.version, *exchange);
+    const Headers headers(peer.connection);
+    exchange->reply = gate_.judge(head.path, head.method, head.version, headers, *exchange);
     if (!exchange->reply) exchange->reply = serve(head, peer);
-    const std::uint64_t announced = announced_length(peer.connection);
+    const std::uint64_t announced = headers.announced_length();
     exchange->expected = static_cast<std::size_t>(announced == 0 ? options_.max_body : announced);
     exchange->is_lease = head.path == lease_path;
-    exchange->lease_token = header(peer.connection, lease_header).value_or("");
-    exchange->turn(exchange->reply ? Peer::State::refused_body : Peer::State::body);
+    if (headers.lease) exchange->lease_token = *headers.lease;
+    exchange->turn(exchange->reply ? Peer::State::refused_body : Peer::State::body, exchange->arrived);
     state = exchange.release();
     const bool closes = state->reply && (state->reply->closes || announced > options_.max_body);
     return closes ? reply(*state, true) : MHD_YES;
@@ -197,23 +198,24 @@ void Server::judge_document(Exchange &exchange) {
 }
 
 MHD_Result Server::reply(Exchange &exchange, bool last) {
-    if (exchange.is_logged) return send(exchange, last);
+    const auto now = Clock::now();
+    if (exchange.is_logged) return send(exchange, last, now);
     const Served served{exchange.peer->address,
                         exchange.user,
                         exchange.method,
                         exchange.request,
                         exchange.reply->status,
                         exchange.result,
-                        std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - exchange.arrived)};
+                        std::chrono::duration_cast<std::chrono::microseconds>(now - exchange.arrived)};
     monitor_.served(served);
     for (std::size_t at = 0; at < exchange.inner_results.size(); ++at) {
         monitor_.served_inner(served, exchange.inner[at], exchange.inner_results[at]);
     }
-    return send(exchange, last);
+    return send(exchange, last, now);
 }
 
 /// Sends a reply, whose body counts in the budget until it has been taken.
-MHD_Result Server::send(Exchange &exchange, bool last) {
+MHD_Result Server::send(Exchange &exchange, bool last, Clock::time_point now) {
     struct Answer {
         std::shared_ptr<Account> account;
         Charged body;
@@ -232,7 +234,7 @@ MHD_Result Server::send(Exchange &exchange, bool last) {
     if (response == nullptr) return MHD_NO;
     peer.answer = text.size();
     static_cast<void>(answer.release());  // the response owns it now
-    exchange.turn(Peer::State::answer);
+    exchange.turn(Peer::State::answer, now);
     const auto add = [&](const char *name, const std::string &value) {
         MHD_add_response_header(response.get(), name, value.c_str());
     };
@@ -430,14 +432,16 @@ bool Server::wait(int other, int timeout) {
     const bool is_busy = calls_.has_call_in_hand();
     if (timeout == 0) {
         look(0);
-    } else if (!recorder_.has_unwritten() || !is_busy || !look(0)) {
+    } else if (!recorder_.has_unwritten() || !is_busy || !(backend_.is_there() || look(0))) {
         if (is_busy) recorder_.flush();
         Spinner &spinner = is_busy ? answer_spinner_ : request_spinner_;
-        spinner.wait([&] { return look(0); },
-                     [&] {
-                         recorder_.flush();
-                         look(timeout);
-                     });
+        const auto sleep = [&] {
+            recorder_.flush();
+            backend_.sleep(true);
+            look(backend_.is_there() ? 0 : timeout);
+            backend_.sleep(false);
+        };
+        spinner.wait([&] { return backend_.is_there() || look(0); }, sleep, calls_.are_many());
     }
     backend_moved_ = std::any_of(std::begin(descriptors) + 2, std::end(descriptors),
                                  [](const pollfd &one) { return one.revents != 0; });

@@ -89,7 +89,7 @@ class Server {
     void judge_document(Exchange &exchange);
     std::optional<Reply> serve(const Head &head, const Peer &peer);
     MHD_Result reply(Exchange &exchange, bool last);
-    MHD_Result send(Exchange &exchange, bool last);
+    MHD_Result send(Exchange &exchange, bool last, Clock::time_point now);
 
     MHD_Daemon *start(int listener, const Tls &tls);
     void turn();

@@ -29,6 +29,7 @@ struct Question {
     pid_t pid;
     std::size_t max_call, max_answer;
     long long spin;
+    std::uint64_t first_call;
 };
 
 struct Answer {
@@ -123,13 +124,17 @@ int end_and_wait(pid_t pid) {
 /// Reads a question.
 WorkerPlan plan_of(const Question &question, std::string_view texts) {
     const std::size_t end = texts.find('\0');
-    return {std::string(texts.substr(0, end)), std::string(texts.substr(end + 1, texts.size() - end - 2)),
-            question.max_call, question.max_answer, question.spin};
+    return {std::string(texts.substr(0, end)),
+            std::string(texts.substr(end + 1, texts.size() - end - 2)),
+            question.max_call,
+            question.max_answer,
+            question.spin,
+            question.first_call};
 }
 
 }  // namespace
 
-Spawner::Spawner(void (*begin)(int, const WorkerPlan &), Output &output) {
+Spawner::Spawner(void (*begin)(int, Board &, const WorkerPlan &), Output &output) {
     int ends[2];
     if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends) < 0) {
         throw std::system_error(errno, std::generic_category(), "cannot make a socket");
@@ -156,7 +161,7 @@ Spawner::~Spawner() {
     while (waitpid(pid_, nullptr, 0) < 0 && errno == EINTR) continue;
 }
 
-void Spawner::serve(void (*begin)(int, const WorkerPlan &)) {
+void Spawner::serve(void (*begin)(int, Board &, const WorkerPlan &)) {
     char text[longest_question];
     FileDescriptor none;
     const pid_t spawner = getpid();
@@ -180,7 +185,7 @@ void Spawner::serve(void (*begin)(int, const WorkerPlan &)) {
             const int socket = keep_only(there.release());
             socket_.release();
             here.release();
-            begin(socket, plan_of(question, {text + sizeof question, length - sizeof question}));
+            begin(socket, board_, plan_of(question, {text + sizeof question, length - sizeof question}));
             std::exit(EXIT_SUCCESS);  // the driver's own clean-up runs
         }
         send_message(socket_.get(), {reinterpret_cast<const char *>(&answer), sizeof answer}, here.get());
@@ -189,7 +194,7 @@ void Spawner::serve(void (*begin)(int, const WorkerPlan &)) {
 }
 
 Spawner::Started Spawner::start(const WorkerPlan &plan) {
-    const Question question{0, plan.max_call, plan.max_answer, plan.spin};
+    const Question question{0, plan.max_call, plan.max_answer, plan.spin, plan.first_call};
     std::string text(reinterpret_cast<const char *>(&question), sizeof question);
     text.append(plan.driver).append(1, '\0').append(plan.plugin).append(1, '\0');
     Answer answer{};
@@ -204,7 +209,7 @@ Spawner::Started Spawner::start(const WorkerPlan &plan) {
 }
 
 int Spawner::bury(pid_t pid) {
-    const Question question{pid, 0, 0, 0};
+    const Question question{pid, 0, 0, 0, 0};
     Answer answer{};
     FileDescriptor none;
     if (!send_message(socket_.get(), {reinterpret_cast<const char *>(&question), sizeof question}, -1) ||

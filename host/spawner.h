@@ -6,8 +6,10 @@
 #include <sys/types.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 
+#include "board.h"
 #include "file_descriptor.h"
 #include "output.h"
 
@@ -21,6 +23,8 @@ struct WorkerPlan {
     std::size_t max_call = 0, max_answer = 0;
     /// How long the worker may spin for the next call, in microseconds.
     long long spin = 0;
+    /// The number of its first call.
+    std::uint64_t first_call = 1;
 };
 
 class Spawner {
@@ -32,10 +36,10 @@ class Spawner {
     };
 
     /// Forks the process. Nothing else may have been done before in this one.
-    /// @param begin  What a worker does; it is given its socket.
+    /// @param begin  What a worker does; it is given its socket, and the memory that it shares with the front.
     /// @param output What it prints goes there.
     /// @throws std::system_error if the system refuses.
-    Spawner(void (*begin)(int socket, const WorkerPlan &plan), Output &output);
+    Spawner(void (*begin)(int socket, Board &board, const WorkerPlan &plan), Output &output);
     ~Spawner();
     Spawner(const Spawner &) = delete;
     Spawner &operator=(const Spawner &) = delete;
@@ -50,9 +54,13 @@ class Spawner {
     /// @throws std::runtime_error if the spawner has ended, and all workers with it.
     int bury(pid_t pid);
 
-  private:
-    [[noreturn]] void serve(void (*begin)(int, const WorkerPlan &));
+    /// What is shared with the worker. There is one at a time.
+    Board &board() { return board_; }
 
+  private:
+    [[noreturn]] void serve(void (*begin)(int, Board &, const WorkerPlan &));
+
+    Board board_;
     FileDescriptor socket_;
     pid_t pid_ = -1;
 };

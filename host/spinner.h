@@ -20,8 +20,11 @@ class Spinner {
     /// Returns when the event is there or the sleep is over.
     /// @param ready Asks for the event without waiting: whether it is there.
     /// @param sleep Waits for it without asking.
+    /// @param is_busy Whether several clients are at work: then a core that is free is theirs, and one wake-up is for
+    ///                several events.
     template <class Ready, class Sleep>
-    void wait(Ready ready, Sleep sleep) {
+    void wait(Ready ready, Sleep sleep, bool is_busy) {
+        if (is_busy) return sleep();
         const auto start = Clock::now();
         auto now = start;
         if (last_ < most_ && now >= crowded_until_) {

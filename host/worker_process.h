@@ -10,7 +10,7 @@
 namespace lmq::host {
 
 /// The life of a worker: it loads everything, then answers calls until the front closes the socket.
-void work(int socket, const WorkerPlan &plan);
+void work(int socket, Board &board, const WorkerPlan &plan);
 
 /// The list of methods as the first frame of a worker holds it: lines, each with a sign of its kind in front.
 std::string text_of(const std::vector<Method> &methods);

@@ -105,6 +105,25 @@ static xmlrpc_value *speak(xmlrpc_env *env, xmlrpc_value *params, void *server, 
     return xmlrpc_int_new(env, 0);
 }
 
+// Overwrites the memory that the worker shares with the front.
+static xmlrpc_value *scribble(xmlrpc_env *env, xmlrpc_value *params, void *server, void *call) {
+    (void)server, (void)call;
+    xmlrpc_int byte = 0;
+    xmlrpc_decompose_value(env, params, "(i)", &byte);
+    if (env->fault_occurred) return NULL;
+    FILE *maps = fopen("/proc/self/maps", "r");
+    int found = 0;
+    char line[512];
+    while (maps != NULL && fgets(line, sizeof line, maps) != NULL) {
+        unsigned long begin = 0, end = 0;
+        if (strstr(line, " rw-s ") == NULL || sscanf(line, "%lx-%lx", &begin, &end) != 2) continue;
+        memset((void *)begin, byte, end - begin);
+        ++found;
+    }
+    if (maps != NULL) fclose(maps);
+    return xmlrpc_int_new(env, found);
+}
+
 // The newest block that lose() took: a leak checker is to see it in use.
 static volatile char *volatile lost;
 
@@ -196,6 +215,7 @@ int xrpc_init(xmlrpc_registry *registry, xmlrpc_env *env) {
     xmlrpc_registry_add_method2(env, registry, "test.process", process, "i:", "", NULL);
     xmlrpc_registry_add_method2(env, registry, "test.lose", lose, "i:i", "", NULL);
     xmlrpc_registry_add_method2(env, registry, "test.speak", speak, "i:6b", "", NULL);
+    xmlrpc_registry_add_method2(env, registry, "test.scribble", scribble, "i:i", "", NULL);
     xmlrpc_registry_add_method2(env, registry, "test.print", print, "i:si", "", NULL);
     xmlrpc_registry_add_method2(env, registry, "test.touch", touch, "i:s", "", NULL);
     xmlrpc_registry_add_method2(env, registry, "test.raw", raw, "s:6", "", NULL);
