@@ -12,6 +12,7 @@
 
 #include "backtrace.h"
 #include "frame.h"
+#include "heap_gauge.h"
 #include "service.h"
 #include "spinner.h"
 
@@ -47,6 +48,25 @@ bool write_frame(int socket, FrameKind kind, std::uint64_t number, std::string_v
     return writer.send(socket, 0);
 }
 
+/// Makes the call of a frame and sends its answer.
+/// @return False if nobody is at the other end.
+bool carry_out(int socket, const FrameReader &frame, const Service &service, const WorkerPlan &plan) {
+    FrameKind kind = FrameKind::answer;
+    std::string text;
+    try {
+        text = service.call(frame.text());
+        // What a call printed is to be there before its answer.
+        std::fflush(nullptr);
+        if (text.size() > plan.max_answer) {
+            throw std::runtime_error("The answer is longer than " + std::to_string(plan.max_answer) + " bytes.");
+        }
+    } catch (const std::exception &error) {
+        kind = FrameKind::unanswerable;
+        text = error.what();
+    }
+    return write_frame(socket, kind, frame.head().number, text);
+}
+
 }  // namespace
 
 void work(int socket, const WorkerPlan &plan) {
@@ -61,22 +81,11 @@ void work(int socket, const WorkerPlan &plan) {
     }
     if (!write_frame(socket, FrameKind::ready, 0, text_of(service.methods))) return;
     Spinner spinner{std::chrono::microseconds(plan.spin)};
-    for (FrameReader reader(plan.max_call); read_frame(socket, reader, spinner); reader.reset()) {
-        const std::uint64_t number = reader.head().number;
-        FrameKind kind = FrameKind::answer;
-        std::string text;
-        try {
-            text = service.call(reader.text());
-            // What a call printed is to be there before its answer.
-            std::fflush(nullptr);
-            if (text.size() > plan.max_answer) {
-                throw std::runtime_error("The answer is longer than " + std::to_string(plan.max_answer) + " bytes.");
-            }
-        } catch (const std::exception &error) {
-            kind = FrameKind::unanswerable;
-            text = error.what();
-        }
-        if (!write_frame(socket, kind, number, text)) return;
+    HeapGauge gauge;
+    for (FrameReader reader(plan.max_call); read_frame(socket, reader, spinner);) {
+        if (!carry_out(socket, reader, service, plan)) return;
+        reader.reset();
+        gauge.note();
     }
 }
 
