@@ -102,8 +102,7 @@ std::optional<Checks::Difference> Checks::difference(const Type &type, const Jso
         const bool is_same = type.name == "vx_boolean" ? (before != 0) == (after != 0) : before == after;
         // Another part of the call may have ended what was set, and then it reads as none.
         const std::vector<int64_t> &none = type.meaning.also;
-        if (only_flagged && (runs_by_itself(type, place) ||
-                             std::find(none.begin(), none.end(), after) != none.end()))
+        if (only_flagged && (runs_by_itself(type, place) || std::find(none.begin(), none.end(), after) != none.end()))
             return {};
         return is_same ? std::nullopt : std::optional(Difference{place, before, after});
     }

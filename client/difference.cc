@@ -14,9 +14,8 @@ namespace lmqctl {
 namespace {
 
 // The contract says of counters that they are some; of a clock it only says the unit, which a setting has as well.
-const std::vector<std::string> clocks = {"*.cur_time",  "*.aging_time", "*ref_time",
-                                         "*timestamp*", "*nano_second", "*.master_time*",
-                                         "*.seq_num_val"};
+const std::vector<std::string> clocks = {"*.cur_time",   "*.aging_time",   "*ref_time",    "*timestamp*",
+                                         "*nano_second", "*.master_time*", "*.seq_num_val"};
 
 std::string last_name(const std::string &path) {
     const std::size_t dot = path.rfind('.');

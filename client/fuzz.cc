@@ -93,11 +93,10 @@ class FuzzReport {
         } else {
             const std::size_t made_up = std::max<std::size_t>(fuzzer.made_up(), 1);
             print("Seed " + std::to_string(command_.options.seed) + ": " + std::to_string(fuzzer.made()) +
-                  " calls in " + std::to_string(fuzzer.rounds()) + " rounds, and " +
-                  std::to_string(fuzzer.probes()) + " more to look at memory; " +
-                  std::to_string(fuzzer.methods_that_succeeded()) + " of " + std::to_string(fuzzer.methods()) +
-                  " methods succeeded, and " + std::to_string(100 * fuzzer.succeeded() / made_up) +
-                  " % of the calls. " +
+                  " calls in " + std::to_string(fuzzer.rounds()) + " rounds, and " + std::to_string(fuzzer.probes()) +
+                  " more to look at memory; " + std::to_string(fuzzer.methods_that_succeeded()) + " of " +
+                  std::to_string(fuzzer.methods()) + " methods succeeded, and " +
+                  std::to_string(100 * fuzzer.succeeded() / made_up) + " % of the calls. " +
                   (findings_.empty() ? "Nothing found." : "Found: " + std::to_string(findings_.size()) + ".") + "\n");
         }
         if (!findings_.empty()) context_.exit_status = exit_driver;

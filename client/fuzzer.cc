@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t calls_of_a_method = 25;  // of the round's family
 constexpr std::size_t least_calls = 150, most_calls_of_a_round = 700;
-constexpr int ends_enough = 3;  // after which a method is called no more
+constexpr int ends_enough = 3;               // after which a method is called no more
 constexpr std::size_t looks_of_a_round = 6;  // at the memory of methods
 constexpr std::size_t least_looked_at = 3;   // calls of a method
 constexpr int looks_enough = 4;              // at a method
@@ -187,8 +187,8 @@ void Fuzzer::note_memory(Round &round, const Method &method) {
     heap.last = round.played.back().call;
 }
 
-// Looks at the memory of the methods over which it has grown most often, at the end of a round: what is done to the chip
-// then is of no consequence, so that the seed alone decides over the calls.
+// Looks at the memory of the methods over which it has grown most often, at the end of a round: what is done to the
+// chip then is of no consequence, so that the seed alone decides over the calls.
 void Fuzzer::probe(Round &round) {
     std::vector<std::pair<double, std::string>> suspects;
     for (const auto &[name, heap] : round.heaps) {
@@ -212,7 +212,8 @@ void Fuzzer::probe(Round &round) {
 }
 
 void Fuzzer::report(Round &round, Condition condition, const std::string &text) {
-    if (told_.insert(condition.text()).second) (*round.found)({std::move(condition), text, round.played, made_ + probes_});
+    if (told_.insert(condition.text()).second)
+        (*round.found)({std::move(condition), text, round.played, made_ + probes_});
 }
 
 }  // namespace lmqctl
