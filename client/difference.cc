@@ -14,8 +14,8 @@ namespace lmqctl {
 namespace {
 
 // The contract says of counters that they are some; of a clock it only says the unit, which a setting has as well.
-const std::vector<std::string> clocks = {"*.cur_time",  "*.aging_time", "*ref_time",
-                                         "*timestamp*", "*nano_second", "*.master_time*"};
+const std::vector<std::string> clocks = {"*.cur_time",   "*.aging_time",   "*ref_time",    "*timestamp*",
+                                         "*nano_second", "*.master_time*", "*.seq_num_val"};
 
 std::string last_name(const std::string &path) {
     const std::size_t dot = path.rfind('.');
@@ -29,8 +29,7 @@ bool is_ignored(const Method &method, const Leaf &leaf, const DifferenceOptions 
                glob(pattern, method.name + "." + leaf.path);
     };
     if (std::any_of(options.ignored.begin(), options.ignored.end(), matches)) return true;
-    return !options.with_counters &&
-           (leaf.type->meaning.is_counter || std::any_of(clocks.begin(), clocks.end(), matches));
+    return !options.with_counters && runs_by_itself(*leaf.type, leaf.path);
 }
 
 std::string kind_text(const Outcome &outcome) {
@@ -50,6 +49,12 @@ std::string status_text(const Dictionary &dictionary, Types &types, const Method
 }
 
 }  // namespace
+
+bool runs_by_itself(const Type &type, const std::string &path) {
+    return type.meaning.is_counter || std::any_of(clocks.begin(), clocks.end(), [&](const std::string &pattern) {
+               return glob(pattern, path) || glob(pattern, last_name(path));
+           });
+}
 
 std::vector<AnswerDifference> differences(const Dictionary &dictionary, Types &types, const Method &method,
                                           const Outcome &before, const Outcome &after, const IdMap &ids,

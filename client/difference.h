@@ -19,6 +19,9 @@ struct DifferenceOptions {
     bool with_counters = false;        ///< compare counters and what runs with the time, too
 };
 
+/// Whether a number changes without a call that sets it: a counter, or what runs with the time.
+bool runs_by_itself(const Type &type, const std::string &path);
+
 /// In what `after` differs. Ids that calls give out are the same if the map says so; it must have learnt of both
 /// answers.
 std::vector<AnswerDifference> differences(const Dictionary &dictionary, Types &types, const Method &method,

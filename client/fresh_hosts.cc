@@ -2,20 +2,21 @@
 #include "fresh_hosts.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "error.h"
 #include "fetch.h"
 #include "interrupt.h"
+#include "xml_value.h"
 
 namespace lmqctl {
 
 namespace {
 
 // The handler frame loses a list of ten pointers with each call.
-constexpr std::size_t lost_by_design = 102;
-constexpr std::size_t bursts = 3, burst = 48, warm_up = probe_calls - bursts * burst;  // calls
-// Memory is counted in pages, and an allocator takes some ahead.
-constexpr std::size_t noise = 12 << 10;
+constexpr int64_t lost_by_design = 128;
+constexpr int64_t least_growth = 64;                     // bytes a call
+constexpr int64_t warm_up = 16, bursts = 4, burst = 24;  // calls
 
 }  // namespace
 
@@ -43,26 +44,33 @@ FreshHost FreshHosts::next() {
     return made;
 }
 
-std::size_t growth(const FreshHost &host, const Call &call) {
-    const auto make = [&](std::size_t times) {
-        for (std::size_t i = 0; i < times; ++i)
-            if (const Outcome::Kind kind = host.play(call).kind; kind == Outcome::died || kind == Outcome::hung)
-                return false;
-        return true;
+bool is_growth(int64_t bytes) { return bytes >= lost_by_design + least_growth; }
+
+Growth growth(const FreshHost &host, const Call &call) {
+    Growth grown;
+    const std::string request = request_xml(call.method, call.parameters);
+    // Bytes on the heap after some calls; nothing if nobody can say.
+    const auto heap_after = [&](int64_t calls) -> std::optional<int64_t> {
+        std::optional<int64_t> heap;
+        for (int64_t i = 0; i < calls; ++i, ++grown.calls) {
+            if (!host.session->is_answered(request)) return {};
+            heap = host.host->heap();
+            if (!heap) return {};
+        }
+        return heap;
     };
-    if (!make(warm_up)) return 0;
-    std::vector<std::size_t> grown;
-    for (std::size_t i = 0; i < bursts; ++i) {
-        const std::optional<std::size_t> before = host.host->worker_memory();
-        if (!make(burst)) return 0;
-        const std::optional<std::size_t> after = host.host->worker_memory();
-        if (!before || !after) return 0;
-        grown.push_back(*after > *before ? *after - *before : 0);
+    std::optional<int64_t> before = heap_after(warm_up);
+    // A table grows once, a list until it is full: only what grows all the time is lost.
+    int64_t least = std::numeric_limits<int64_t>::max();
+    for (int64_t i = 0; i < bursts && before; ++i) {
+        const std::optional<int64_t> after = heap_after(burst);
+        if (!after) return grown;
+        least = std::min(least, (*after - *before) / burst);
+        if (!is_growth(least)) return grown;
+        before = after;
     }
-    // The one in the middle: a table may grow once, and an allocator now and then gives some back.
-    std::sort(grown.begin(), grown.end());
-    const std::size_t usual = grown[bursts / 2];
-    return usual > burst * lost_by_design + noise ? usual / burst - lost_by_design : 0;
+    if (before) grown.bytes = least - lost_by_design;
+    return grown;
 }
 
 }  // namespace lmqctl

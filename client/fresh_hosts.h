@@ -43,10 +43,15 @@ class FreshHosts {
     std::unique_ptr<Checks> checks_;
 };
 
-inline constexpr std::size_t probe_calls = 160;
+struct Growth {
+    int64_t bytes = 0;      ///< that a call loses each time it is made, beyond what all lose by design
+    std::size_t calls = 0;  ///< made to find out
+};
 
-/// Bytes that a call loses each time it is made, beyond what all calls lose by design; 0 if it loses none, or if nobody
-/// can say. Makes the call `probe_calls` times.
-std::size_t growth(const FreshHost &host, const Call &call);
+/// Whether the heap has grown by more than calls lose by design.
+bool is_growth(int64_t bytes);
+
+/// Makes a call again and again to see whether it loses memory; no bytes if it loses none, or if nobody can say.
+Growth growth(const FreshHost &host, const Call &call);
 
 }  // namespace lmqctl

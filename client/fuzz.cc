@@ -67,13 +67,14 @@ class FuzzReport {
             print(finding.text + "\n  " + file + ": " +
                   (shrunk ? calls + " of " + std::to_string(finding.calls.size()) + " are left"
                           : "all " + calls + " of the round; made again, they do not show it") +
-                  "\n  until " + finding.condition.text() + "\n");
+                  "\n  after " + std::to_string(finding.after) + " calls, until " + finding.condition.text() + "\n");
         flush();
         findings_.push_back({{"condition", finding.condition.text()},
                              {"text", finding.text},
                              {"file", file},
                              {"calls", kept.size()},
                              {"before", finding.calls.size()},
+                             {"after", finding.after},
                              {"again", shrunk.has_value()}});
     }
 
@@ -81,6 +82,7 @@ class FuzzReport {
         if (context_.json) {
             print(json_text(Json{{"seed", command_.options.seed},
                                  {"calls", fuzzer.made()},
+                                 {"probes", fuzzer.probes()},
                                  {"rounds", fuzzer.rounds()},
                                  {"methods", fuzzer.methods()},
                                  {"methods_that_succeeded", fuzzer.methods_that_succeeded()},
@@ -91,10 +93,10 @@ class FuzzReport {
         } else {
             const std::size_t made_up = std::max<std::size_t>(fuzzer.made_up(), 1);
             print("Seed " + std::to_string(command_.options.seed) + ": " + std::to_string(fuzzer.made()) +
-                  " calls in " + std::to_string(fuzzer.rounds()) + " rounds; " +
-                  std::to_string(fuzzer.methods_that_succeeded()) + " of " + std::to_string(fuzzer.methods()) +
-                  " methods succeeded, and " + std::to_string(100 * fuzzer.succeeded() / made_up) +
-                  " % of the calls. " +
+                  " calls in " + std::to_string(fuzzer.rounds()) + " rounds, and " + std::to_string(fuzzer.probes()) +
+                  " more to look at memory; " + std::to_string(fuzzer.methods_that_succeeded()) + " of " +
+                  std::to_string(fuzzer.methods()) + " methods succeeded, and " +
+                  std::to_string(100 * fuzzer.succeeded() / made_up) + " % of the calls. " +
                   (findings_.empty() ? "Nothing found." : "Found: " + std::to_string(findings_.size()) + ".") + "\n");
         }
         if (!findings_.empty()) context_.exit_status = exit_driver;

@@ -13,8 +13,10 @@ namespace {
 
 constexpr std::size_t calls_of_a_method = 25;  // of the round's family
 constexpr std::size_t least_calls = 150, most_calls_of_a_round = 700;
-constexpr std::size_t probes_of_a_round = 2;  // methods whose memory is looked at
-constexpr int ends_enough = 3;                // after which a method is called no more
+constexpr int ends_enough = 3;               // after which a method is called no more
+constexpr std::size_t looks_of_a_round = 6;  // at the memory of methods
+constexpr std::size_t least_looked_at = 3;   // calls of a method
+constexpr int looks_enough = 4;              // at a method
 
 bool matches(const std::vector<std::string> &patterns, const std::string &name) {
     return std::any_of(patterns.begin(), patterns.end(), [&](const std::string &each) { return glob(each, name); });
@@ -49,9 +51,12 @@ struct Fuzzer::Round {
     Generator generator;
     std::vector<PlayedCall> played = {};
     std::vector<std::size_t> focus = {};
-    std::map<std::string, std::size_t> faults = {};  // pages that calls of a method touched
-    std::map<std::string, Call> last = {};           // call of a method
-    std::size_t faults_before = 0;
+    struct Heap {
+        std::size_t calls = 0, that_grew = 0;
+        Call last = {};  // that grew
+    };
+    std::map<std::string, Heap> heaps = {};  // by method
+    std::optional<int64_t> heap = {};
     const std::function<void(const Finding &)> *found = nullptr;
     bool is_over = false;
 };
@@ -92,7 +97,6 @@ void Fuzzer::round(const std::function<void(const Finding &)> &found) {
     round.focus = families_[turns_[turn]];
     turns_.erase(turns_.begin() + static_cast<std::ptrdiff_t>(turn));
     const std::size_t calls = std::clamp(round.focus.size() * calls_of_a_method, least_calls, most_calls_of_a_round);
-    round.faults_before = round.host.host->worker_faults();
     for (const Call &call : first_)
         if (const auto method = hosts_.dictionary().method(hosts_.dictionary().bare_name(call.method)); method)
             make(round, *method, call.parameters);
@@ -152,11 +156,8 @@ bool Fuzzer::make(Round &round, const Method &method, Json parameters) {
         if (++ends_[method.name] >= ends_enough || !has_died) give_up(method.name);
         return false;
     }
-    const std::size_t faults = round.host.host->worker_faults();
-    round.faults[method.name] += faults - round.faults_before;
-    round.faults_before = faults;
+    note_memory(round, method);
     if (outcome.kind != Outcome::answered) return false;
-    round.last[method.name] = round.played.back().call;
     look(round, method);
     const bool success = is_success(hosts_.dictionary(), method, result_of(outcome.answer));
     if (success) round.generator.accept(method, round.played.back().call.parameters, outcome.answer);
@@ -175,30 +176,44 @@ void Fuzzer::look(Round &round, const Method &method) {
         report(round, {Condition::changed, method.name}, method.name + " writes where it should not: " + *changed);
 }
 
-// Looks at the memory of the methods that have touched most pages a call, at the end of a round: what the probes do to
-// the chip is of no consequence then, so that the seed alone decides over the calls.
+void Fuzzer::note_memory(Round &round, const Method &method) {
+    const std::optional<int64_t> before = round.heap;
+    round.heap = round.host.host->heap();
+    if (!before || !round.heap || round.played.back().outcome.kind != Outcome::answered) return;
+    Round::Heap &heap = round.heaps[method.name];
+    ++heap.calls;
+    if (!is_growth(*round.heap - *before)) return;
+    ++heap.that_grew;
+    heap.last = round.played.back().call;
+}
+
+// Looks at the memory of the methods over which it has grown most often, at the end of a round: what is done to the
+// chip then is of no consequence, so that the seed alone decides over the calls.
 void Fuzzer::probe(Round &round) {
-    std::vector<std::pair<std::size_t, std::string>> suspects;
-    for (const auto &[name, pages] : round.faults)
-        if (round.last.contains(name) && probed_[name] < 3) suspects.push_back({pages, name});
+    std::vector<std::pair<double, std::string>> suspects;
+    for (const auto &[name, heap] : round.heaps) {
+        const double share = static_cast<double>(heap.that_grew) / static_cast<double>(heap.calls);
+        if (heap.calls >= least_looked_at && share >= 0.25 && probed_[name] < looks_enough &&
+            !gives_out_ids(hosts_.types(), hosts_.dictionary().method_or_throw(name)))
+            suspects.push_back({share, name});
+    }
     std::sort(suspects.rbegin(), suspects.rend());
-    for (std::size_t i = 0; i < suspects.size() && i < probes_of_a_round; ++i) {
-        const std::string &name = suspects[i].second;
-        if (suspects[i].first == 0) break;
+    if (suspects.size() > looks_of_a_round) suspects.resize(looks_of_a_round);
+    for (const auto &[share, name] : suspects) {
         ++probed_[name];
-        if (gives_out_ids(hosts_.types(), hosts_.dictionary().method_or_throw(name))) continue;
-        const std::size_t bytes = growth(round.host, round.last[name]);
-        made_ += probe_calls;
-        if (!bytes) continue;
-        round.played.push_back({round.last[name], {}});
+        const Growth grown = growth(round.host, round.heaps[name].last);
+        probes_ += grown.calls;
+        if (!grown.bytes) continue;
+        round.played.push_back({round.heaps[name].last, {}});
         report(round, {Condition::grows, name},
-               "the worker grows by some " + std::to_string(bytes) + " bytes with each " + name);
+               "the worker grows by some " + std::to_string(grown.bytes) + " bytes with each " + name);
         round.played.pop_back();
     }
 }
 
 void Fuzzer::report(Round &round, Condition condition, const std::string &text) {
-    if (told_.insert(condition.text()).second) (*round.found)({std::move(condition), text, round.played});
+    if (told_.insert(condition.text()).second)
+        (*round.found)({std::move(condition), text, round.played, made_ + probes_});
 }
 
 }  // namespace lmqctl

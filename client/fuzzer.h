@@ -27,6 +27,7 @@ struct Finding {
     Condition condition;
     std::string text;  ///< for people, one line
     std::vector<PlayedCall> calls;
+    std::size_t after;  ///< calls of the whole search, those to look at memory included
 };
 
 class Fuzzer {
@@ -38,7 +39,8 @@ class Fuzzer {
     void round(const std::function<void(const Finding &)> &found);
 
     bool is_done() const { return made_ >= options_.calls; }
-    std::size_t made() const { return made_; }  ///< calls, the first of a round and probes included
+    std::size_t made() const { return made_; }      ///< calls, the first of a round included
+    std::size_t probes() const { return probes_; }  ///< calls to see whether memory grows, beside those
     std::size_t rounds() const { return rounds_; }
     std::size_t succeeded() const { return succeeded_; }  ///< of those that were made up
     std::size_t made_up() const { return made_up_; }
@@ -52,6 +54,7 @@ class Fuzzer {
     void choose_methods();
     bool make(Round &round, const Method &method, Json parameters);
     void look(Round &round, const Method &method);
+    void note_memory(Round &round, const Method &method);
     void probe(Round &round);
     void report(Round &round, Condition condition, const std::string &text);
     void give_up(const std::string &method);
@@ -68,7 +71,7 @@ class Fuzzer {
     std::set<std::string> told_, reached_, given_up_;
     std::map<std::string, int> ends_;    // of the driver, by method
     std::map<std::string, int> probed_;  // by method
-    std::size_t made_ = 0, made_up_ = 0, succeeded_ = 0, rounds_ = 0;
+    std::size_t made_ = 0, probes_ = 0, made_up_ = 0, succeeded_ = 0, rounds_ = 0;
 };
 
 }  // namespace lmqctl

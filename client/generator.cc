@@ -54,6 +54,7 @@ std::size_t elements_of(const Method &method, std::size_t at, const Json &parame
 }
 
 Json Generator::arguments(const Method &method) {
+    family_ = method.contract ? method.contract->family : "";
     const Values *before = recalled(method);
     Json parameters = Json::array();
     const auto is_count = [&](const std::string &name) {
@@ -105,6 +106,12 @@ const Generator::Values *Generator::recalled(const Method &method) {
     return &random_.one_of(kept->second);
 }
 
+// The one of a kind that a family's calls are mostly about, so that they meet at it.
+std::optional<int64_t> Generator::favourite(const std::string &kind) {
+    const auto found = favourites_.find(family_ + " " + kind);
+    return found == favourites_.end() ? std::nullopt : std::optional(found->second);
+}
+
 int64_t Generator::count(const Type &type) {
     const auto range = type.meaning.range.value_or(std::pair<int64_t, int64_t>(1, 4));
     const int64_t low = std::max<int64_t>(range.first, 1);
@@ -135,6 +142,7 @@ Json Generator::number(const Type &type, const std::string &name) {
     if (type.kind == Type::enumeration) return enumerator(type);
     const Meaning &meaning = type.meaning;
     if (!meaning.id.empty()) {
+        if (const std::optional<int64_t> id = favourite(meaning.id); id && random_.percent(50)) return *id;
         const auto known = known_.find(meaning.id);
         if (known != known_.end() && random_.percent(85)) return random_.one_of(known->second);
     }
@@ -250,6 +258,10 @@ void Generator::accept(const Method &method, const Json &sent, const Json &answe
         if (parameter.said.direction != Direction::in) continue;
         const Json &one = sent[i].is_array() && !sent[i].empty() ? sent[i][0] : sent[i];
         if (!one.is_array()) kept[key_of(parameter)] = one;
+        const std::string &kind = parameter.said.meaning.id;
+        if (kind.empty() || !one.is_number_integer()) continue;
+        const std::string key = (method.contract ? method.contract->family : "") + " " + kind;
+        if (!favourites_.contains(key) || random_.percent(2)) favourites_[key] = one.get<int64_t>();
     }
     std::vector<Values> &all = accepted_[method.contract ? method.contract->family : ""];
     if (all.size() >= most_kept) all.erase(all.begin());

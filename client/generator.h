@@ -3,6 +3,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -41,6 +42,7 @@ class Generator {
     Json pointer(const Method &method, std::size_t at, const Json &parameters, const Values *before);
     int64_t count(const Type &type);
     const Values *recalled(const Method &method);
+    std::optional<int64_t> favourite(const std::string &kind);
     void learn(const Type &type, const Json &value);
 
     const Dictionary &dictionary_;
@@ -50,6 +52,8 @@ class Generator {
     std::map<std::string, std::vector<int64_t>> known_;    // ids by kind
     std::map<std::string, std::vector<int64_t>> domains_;  // the few values that a number of this name has
     std::map<std::string, std::vector<Values>> accepted_;  // by family
+    std::string family_;                                   // of the call that is made up
+    std::map<std::string, int64_t> favourites_;            // ids by family and kind
 };
 
 /// Whether a member is TRUE or FALSE in a number of another type: its sentence says so.

@@ -1,4 +1,4 @@
-// Starting and ending a host, and what /proc says of its worker.
+// Starting and ending a host, and what it says of its worker.
 #include "own_host.h"
 
 #include <fcntl.h>
@@ -9,6 +9,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
@@ -24,16 +25,7 @@ namespace lmqctl {
 namespace {
 
 constexpr auto start_time = std::chrono::seconds(60);
-
-std::string proc_path(pid_t pid, const char *name) { return "/proc/" + std::to_string(pid) + "/" + name; }
-
-pid_t first_child(pid_t pid) {
-    const std::string number = std::to_string(pid);
-    std::ifstream children("/proc/" + number + "/task/" + number + "/children");
-    pid_t child = -1;
-    children >> child;
-    return children ? child : -1;
-}
+constexpr int gauge_tries = 1000;
 
 std::string said_by(const std::vector<std::string> &command, const std::string &printed) {
     std::string text = "--host-command " + command[0];
@@ -42,6 +34,11 @@ std::string said_by(const std::vector<std::string> &command, const std::string &
 }
 
 }  // namespace
+
+// What a host keeps in the file that LMQ_HEAP_GAUGE names.
+struct OwnHost::Gauge {
+    std::atomic<uint64_t> calls, bytes;
+};
 
 std::vector<std::string> host_command(const std::string &text) {
     const Words split = split_words(text);
@@ -58,6 +55,13 @@ OwnHost::OwnHost(const std::vector<std::string> &command) {
     errors_ = memfd_create("host", MFD_CLOEXEC);
     if (errors_ < 0 || pipe2(pipe, O_CLOEXEC) != 0)
         throw Error(exit_connection, std::string("cannot start a host: ") + std::strerror(errno));
+    gauge_file_ = memfd_create("gauge", MFD_CLOEXEC);
+    if (gauge_file_ >= 0 && ftruncate(gauge_file_, sizeof(Gauge)) == 0) {
+        void *mapped = mmap(nullptr, sizeof(Gauge), PROT_READ, MAP_SHARED, gauge_file_, 0);
+        if (mapped != MAP_FAILED) gauge_ = static_cast<const Gauge *>(mapped);
+    }
+    // The host opens it by the name that it has here: the descriptor is not for it.
+    const std::string gauge_name = "/proc/" + std::to_string(getpid()) + "/fd/" + std::to_string(gauge_file_);
     std::vector<std::string> words = command;
     words.insert(words.end(), {"--listen", "127.0.0.1:0"});
     std::vector<char *> arguments;
@@ -70,6 +74,7 @@ OwnHost::OwnHost(const std::vector<std::string> &command) {
         prctl(PR_SET_PDEATHSIG, SIGKILL);
         if (getppid() != parent) _exit(127);
         setpgid(0, 0);  // a Ctrl-C is for the one who started it
+        setenv("LMQ_HEAP_GAUGE", gauge_name.c_str(), 1);
         dup2(pipe[1], STDOUT_FILENO);
         dup2(errors_, STDERR_FILENO);
         execvp(arguments[0], arguments.data());
@@ -88,6 +93,8 @@ OwnHost::~OwnHost() {
     }
     close(output_);
     close(errors_);
+    if (gauge_) munmap(const_cast<Gauge *>(gauge_), sizeof(Gauge));
+    close(gauge_file_);
 }
 
 const std::string &OwnHost::url() {
@@ -126,36 +133,19 @@ std::string OwnHost::last_words() const {
     return text.substr(begin + mark.size(), text.find('\n', begin) - begin - mark.size());
 }
 
-// The front starts a spawner and that the worker; with --in-process the host is all there is.
-pid_t OwnHost::worker() const {
-    pid_t found = pid_;
-    for (pid_t child = first_child(found); child > 0; child = first_child(found)) found = child;
-    return found;
-}
-
-std::optional<std::size_t> OwnHost::worker_memory() const {
-    std::ifstream file(proc_path(worker(), "smaps_rollup"));
-    for (std::string line; std::getline(file, line);) {
-        std::istringstream words(line);
-        std::string name;
-        std::size_t kilobytes = 0;
-        if (words >> name >> kilobytes && name == "Private_Dirty:") return kilobytes * 1024;
+std::optional<int64_t> OwnHost::heap() {
+    if (!gauge_) return {};
+    // The answer may be here before the process has given back what belonged to it.
+    for (int i = 0; i < gauge_tries; ++i) {
+        const uint64_t calls = gauge_->calls.load(std::memory_order_acquire);
+        if (calls > calls_seen_) {
+            calls_seen_ = calls;
+            return static_cast<int64_t>(gauge_->bytes.load(std::memory_order_relaxed));
+        }
+        if (calls == 0 && i > gauge_tries / 10) break;
+        usleep(i < 100 ? 10 : 1000);
     }
     return {};
-}
-
-std::size_t OwnHost::worker_faults() {
-    if (known_worker_ < 0) known_worker_ = worker();
-    std::ifstream file(proc_path(known_worker_, "stat"));
-    std::string line;
-    std::getline(file, line);
-    // Behind the name, which may hold anything: state, then six numbers, then the count.
-    std::istringstream words(line.substr(std::min(line.size(), line.rfind(')') + 1)));
-    std::string skipped;
-    for (int i = 0; i < 7; ++i) words >> skipped;
-    std::size_t faults = 0;
-    words >> faults;
-    return faults;
 }
 
 }  // namespace lmqctl

@@ -3,7 +3,7 @@
 
 #include <sys/types.h>
 
-#include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -30,17 +30,16 @@ class OwnHost {
     /// How the last worker ended, in the host's words: "was killed by signal 11 (SIGSEGV) ..."; may be empty.
     std::string last_words() const;
 
-    /// Bytes that the process that holds the driver has written to and nobody else has; nothing if the system does not
-    /// say.
-    std::optional<std::size_t> worker_memory() const;
-
-    /// Pages that the same process has touched for the first time: a cheap and exact sign of growth.
-    std::size_t worker_faults();
+    /// Bytes that the driver's process holds in allocated blocks, after the last call; to be asked for after each call.
+    /// Nothing if the host does not say.
+    std::optional<int64_t> heap();
 
   private:
-    pid_t worker() const;
-    pid_t pid_ = -1, known_worker_ = -1;
-    int output_ = -1, errors_ = -1;
+    struct Gauge;
+    pid_t pid_ = -1;
+    int output_ = -1, errors_ = -1, gauge_file_ = -1;
+    const Gauge *gauge_ = nullptr;
+    uint64_t calls_seen_ = 0;
     std::string url_;
 };
 

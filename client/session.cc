@@ -14,6 +14,15 @@ Json Session::call(const std::string &method, const Json &parameters) {
     return answer_value(last_xml_, url_);
 }
 
+bool Session::is_answered(const std::string &request) {
+    try {
+        transport_.exchange(request);
+        return transport_.last_status() == 200;
+    } catch (const Error &) {
+        return false;
+    }
+}
+
 std::vector<Json> Session::multicall(const std::vector<Call> &calls) {
     std::vector<Json> answers;
     for (std::size_t begin = 0; begin < calls.size(); begin += calls_in_a_request) {

@@ -25,6 +25,9 @@ class Session {
     /// Calls a method. Throws a Fault, or an Error for a host that cannot be reached or speaks something else.
     Json call(const std::string &method, const Json &parameters = Json::array());
 
+    /// Sends a document that calls a method. Whether there was an answer, which is not looked at.
+    bool is_answered(const std::string &request);
+
     /// Many calls in as few requests as the host takes (100 calls each). One answer for each call: what it returned,
     /// or an object with faultCode and faultString (see is_fault).
     std::vector<Json> multicall(const std::vector<Call> &calls);

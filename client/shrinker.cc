@@ -35,7 +35,7 @@ std::optional<Shrinker::Calls> Shrinker::attempt(const Calls &calls) {
 bool Shrinker::is_fulfilled(const FreshHost &host, const Calls &played, bool is_last_of_method) const {
     if (condition_.kind != Condition::grows) return condition_.holds(hosts_, played);
     return is_last_of_method && hosts_.dictionary().bare_name(played.back().call.method) == condition_.method &&
-           growth(host, played.back().call) > 0;
+           growth(host, played.back().call).bytes > 0;
 }
 
 std::optional<std::vector<PlayedCall>> Shrinker::shrink(const std::vector<PlayedCall> &calls) {

@@ -18,6 +18,7 @@
 #include "backtrace.h"
 #include "board.h"
 #include "frame.h"
+#include "heap_gauge.h"
 #include "service.h"
 #include "spinner.h"
 
@@ -153,6 +154,7 @@ void work(int socket, Board &board, const WorkerPlan &plan) {
         return;
     }
     Done last{line.send({.kind = FrameKind::ready, .number = 0, .size = 0}, text_of(service.methods)), false};
+    HeapGauge gauge;
     bool is_next = false;
     for (std::uint64_t number = plan.first_call; last.is_sent; ++number) {
         const auto request = line.take(number, is_next);
@@ -163,6 +165,7 @@ void work(int socket, Board &board, const WorkerPlan &plan) {
             last.is_sent = line.send({.kind = FrameKind::declined, .number = number, .size = 0}, "");
         } else {
             last = carry_out(line, service.call, *request, plan.max_answer);
+            gauge.note();
         }
     }
 }

@@ -1,10 +1,10 @@
 // Writing and reading of a record's bytes. All numbers have their lowest byte first, whatever the machine.
 #include "format.h"
 
-#include <zlib.h>
-
 #include <algorithm>
 #include <cstring>
+
+#include "checksum.h"
 
 namespace lmq::trace {
 namespace {
@@ -73,10 +73,6 @@ void each_field(Record &record, OnNumber on_number, OnText on_text) {
     on_text(Tag::maker, record.maker);
     on_text(Tag::fingerprint, record.fingerprint);
     on_text(Tag::note, record.note);
-}
-
-std::uint32_t checksum(const char *bytes, std::size_t size) {
-    return static_cast<std::uint32_t>(crc32_z(0, reinterpret_cast<const unsigned char *>(bytes), size));
 }
 
 bool take_field(RecordView &record, Tag tag, std::string_view text) {

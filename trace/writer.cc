@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
@@ -15,6 +16,13 @@
 #include "format.h"
 
 namespace lmq::trace {
+namespace {
+
+/// What is written by a call to the system although the file is mapped: to fill fresh pages of a file is cheaper for
+/// the system than to map them.
+constexpr std::size_t long_record = std::size_t{16} << 10;
+
+}  // namespace
 
 Writer::Writer(std::string path, Record head, Mode mode, std::uint64_t limit)
     : path_(std::move(path)),
@@ -53,8 +61,7 @@ void Writer::fail(const std::string &what) const {
 
 int Writer::open_file(Mode mode) {
     const int how = mode == Mode::append ? 0 : mode == Mode::create ? O_EXCL : O_TRUNC;
-    const int file =
-        open(path_.c_str(), O_RDWR | O_APPEND | O_CREAT | O_CLOEXEC | O_NOCTTY | O_NONBLOCK | how, S_IRUSR | S_IWUSR);
+    const int file = open(path_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOCTTY | O_NONBLOCK | how, S_IRUSR | S_IWUSR);
     if (file < 0) fail("open");
     struct stat is {};
     if (fstat(file, &is) != 0 || !S_ISREG(is.st_mode)) {
@@ -112,34 +119,48 @@ void Writer::write(const RecordView &record) { write_sealed(encode(record)); }
 void Writer::write_sealed(std::string_view record) {
     const bool has_records = size_ > magic.size() + size_of(RecordView(head_));
     if (limit_ > 0 && has_records && size_ + record.size() > limit_) lay_aside();
-    if (maps_) {
+    if (maps_ && record.size() < long_record) {
         has_room_ = true;
         maps_ = tail_.reach(file_, size_, record.size(), limit_);
         if (maps_) return put(record);
         cut_off_room();
     }
-    for (std::size_t at = 0; at < record.size();) {
-        const ssize_t count = ::write(file_, record.data() + at, record.size() - at);
-        if (count < 0 && errno == EINTR) continue;
-        if (count < 0) {
-            const int why = errno;
-            // A torn end is readable all the same.
-            static_cast<void>(ftruncate(file_, static_cast<off_t>(size_)) == 0);
-            errno = why;
-            fail("write");
-        }
-        at += static_cast<std::size_t>(count);
+    struct stat is {};
+    if (fstat(file_, &is) == 0 && static_cast<std::uint64_t>(is.st_size) < size_) fail_cut_off();
+    // What makes a record of it comes last: a reader sees all of it or nothing.
+    const std::size_t begin = std::min(prefix_size, record.size());
+    if (!write_at(size_ + begin, record.substr(begin)) || !write_at(size_, record.substr(0, begin))) {
+        const int why = errno;
+        tail_.release();
+        has_room_ = false;
+        static_cast<void>(ftruncate(file_, static_cast<off_t>(size_)) == 0);
+        errno = why;
+        fail("write");
     }
     size_ += record.size();
 }
 
+/// Writes all of some bytes.
+bool Writer::write_at(std::uint64_t place, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t count = pwrite(file_, bytes.data(), bytes.size(), static_cast<off_t>(place));
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) return false;
+        place += static_cast<std::uint64_t>(count);
+        bytes.remove_prefix(static_cast<std::size_t>(count));
+    }
+    return true;
+}
+
+void Writer::fail_cut_off() {
+    tail_.release();
+    has_room_ = false;
+    throw Error("the trace '" + path_ + "' has been cut off by another program");
+}
+
 /// Puts a record where there is room.
 void Writer::put(std::string_view record) {
-    if (!tail_.put(size_, record)) {
-        tail_.release();
-        has_room_ = false;
-        throw Error("the trace '" + path_ + "' has been cut off by another program");
-    }
+    if (!tail_.put(size_, record)) fail_cut_off();
     size_ += record.size();
 }
 

@@ -54,6 +54,8 @@ class Writer {
     void begin();
     void lay_aside();
     void put(std::string_view record);
+    bool write_at(std::uint64_t place, std::string_view bytes);
+    [[noreturn]] void fail_cut_off();
     void cut_off_room();
     [[noreturn]] void fail(const std::string &what) const;
 

@@ -68,7 +68,8 @@ class PlantedFaults(OwnHosts):
                 ("crash", "vx_eth_port_status_get:died", 4, ["vx_eth_port_*"]),
                 ("hang", "vx_timer_start:hung", 3, ["vx_timer_*"]),
                 ("overrun", "vx_mdio_read:changed", 3, ["vx_mdio_*", "lmq_*able_mdio"]),
-                ("lost", "vx_l2_learn_port_enable_set:lost", 5, ["vx_l2_port_*", "vx_l2_learn_*"])):
+                ("lost", "vx_l2_learn_port_enable_set:lost", 5, ["vx_l2_port_*", "vx_l2_learn_*"]),
+                ("leak", "vx_cosq_queue_get:grows", 1, ["vx_cosq_*"])):
             with self.subTest(fault):
                 found = self.fuzz(fault, "--seed", "7", "--calls", "3000", "--check", *methods)["findings"]
                 self.assertEqual([each["condition"] for each in found], [condition])
