@@ -79,10 +79,10 @@ std::vector<Difference> differences(const Json &before, const Json &after) {
 std::string differences_text(const std::vector<Difference> &found, const std::string &old, const std::string &now) {
     std::string text;
     for (const Difference &each : found)
-        text += each.member.empty()
-                    ? each.call + ": only in " + (each.before.is_null() ? now : old) + ": " +
-                          shown_value(each.before.is_null() ? each.after : each.before) + "\n"
-                    : each.call + each.member + ": " + shown_value(each.before) + " -> " + shown_value(each.after) + "\n";
+        text += each.member.empty() ? each.call + ": only in " + (each.before.is_null() ? now : old) + ": " +
+                                          shown_value(each.before.is_null() ? each.after : each.before) + "\n"
+                                    : each.call + each.member + ": " + shown_value(each.before) + " -> " +
+                                          shown_value(each.after) + "\n";
     return text;
 }
 

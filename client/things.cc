@@ -73,8 +73,7 @@ class AsMade {
             if (!value.contains(member.name)) continue;
             const Json &inside = value[member.name];
             if (is_valid_mask(type, member)) {
-                if (!follows_from_members(type, *member.type) && !set_flags_of(*member.type, inside).empty())
-                    kept[member.name] = this->value(*member.type, inside);
+                if (is_written_out(type, value, member)) kept[member.name] = this->value(*member.type, inside);
                 continue;
             }
             if (!counts(type, value, member)) continue;
@@ -87,12 +86,23 @@ class AsMade {
         return kept;
     }
 
-    // A member with a flag counts if that is set; another one unless it is 0 and selects nothing.
+    // A mask is left out if the members that are there say the same.
+    static bool is_written_out(const Type &type, const Json &value, const Member &mask) {
+        const Json set = set_flags_of(*mask.type, value[mask.name]);
+        if (!follows_from_members(type, *mask.type)) return !set.empty();
+        return std::any_of(type.members.begin(), type.members.end(), [&](const Member &member) {
+            const Member *flag = &member == &mask ? nullptr : flag_of(bits_of(*mask.type), member.name);
+            return flag && !set.contains(flag->name) && value.contains(member.name) && !is_zero(value[member.name]);
+        });
+    }
+
+    // A member counts if it is not 0 or has a flag that is set, or if it selects.
     static bool counts(const Type &type, const Json &value, const Member &member) {
         for (const Member &mask : type.members) {
             if (!is_valid_mask(type, mask)) continue;
             if (const Member *flag = flag_of(bits_of(*mask.type), member.name))
-                return value.contains(mask.name) && set_flags_of(*mask.type, value[mask.name]).contains(flag->name);
+                return !is_zero(value[member.name]) ||
+                       (value.contains(mask.name) && set_flags_of(*mask.type, value[mask.name]).contains(flag->name));
         }
         return !is_zero(value[member.name]) ||
                std::any_of(type.members.begin(), type.members.end(),

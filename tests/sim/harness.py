@@ -22,6 +22,8 @@ import headers
 INTERFACE = headers.Headers(pathlib.Path(__file__).parents[2] / "include")
 CHANGING = {name for name in INTERFACE.functions if not name.startswith(("lmq_init", "lmq_reset", "lmq_shutdown"))}
 
+CACHE = tempfile.TemporaryDirectory()  # of lmqctl, for all cases of a file
+
 
 class SimTest(unittest.TestCase):
     """One host for each test. A host that ends early, or not in order, is a failure of its own."""
@@ -65,7 +67,7 @@ class SimTest(unittest.TestCase):
     def ctl(self, url, *words):
         """Runs lmqctl. Returns its exit status and all that it says."""
         environment = {"PATH": os.environ["PATH"], "HOME": self.folder.name, "LANG": "C.UTF-8",
-                       "XDG_CACHE_HOME": os.environ.get("LMQ_CTL_CACHE", self.folder.name)}
+                       "XDG_CACHE_HOME": CACHE.name}
         done = subprocess.run([os.environ["LMQ_CTL"], "--url", url, *words], env=environment, text=True,
                               stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=200)
         return done.returncode, done.stdout
