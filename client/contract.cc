@@ -88,6 +88,38 @@ void check_direction(const Json &json, const std::string &place) {
     if (json != "in" && json != "out" && json != "inout") wrong(place, "is no direction");
 }
 
+bool is_place(const std::string &text) {
+    return !text.empty() && text.size() <= 400 && std::all_of(text.begin(), text.end(), [](unsigned char letter) {
+        return std::string("_.[]{}#").find(static_cast<char>(letter)) != std::string::npos ||
+               (letter < 0x80 && std::isalnum(letter));
+    });
+}
+
+// A number, a place, or an object of them.
+void check_source(const Json &json, const std::string &place) {
+    if (json.is_object()) {
+        for (const auto &[name, source] : json.items()) check_source(source, place + "." + harmless(name));
+    } else if (json.is_string()) {
+        if (!is_place(json)) wrong(place, "is no place");
+    } else {
+        check_number(json, place);
+    }
+}
+
+void check_sources(const Json &json, const std::string &place) {
+    if (!json.is_object()) wrong(place, "is no object");
+    check_source(json, place);
+}
+
+void check_condition(const Json &json, const std::string &place) {
+    if (!json.is_array() || json.size() != 3 || !json[0].is_string() || (json[1] != "=" && json[1] != "!="))
+        wrong(place, "is no condition");
+    check_source(json[0], place);
+    check_number(json[2], place);
+}
+
+void check_read_back(const Json &json, const std::string &place);
+void check_way(const Json &json, const std::string &place);
 void check_members(const Json &json, const std::string &place);
 void check_arguments(const Json &json, const std::string &place);
 void check_values(const Json &json, const std::string &place);
@@ -122,10 +154,22 @@ const Key meaning_keys[] = {{"name", check_member_name, true},
                             {"by", check_name},
                             {"if", check_names},
                             {"members", check_members}};
-const Key method_keys[] = {{"family", check_name, true},        {"brief", check_text, true},
-                           {"documentation", check_text},       {"effect", check_text, true},
-                           {"clears_if", check_name},           {"result", check_text},
-                           {"arguments", check_arguments, true}};
+const Key method_keys[] = {{"family", check_name, true},
+                           {"brief", check_text, true},
+                           {"documentation", check_text},
+                           {"effect", check_text, true},
+                           {"clears_if", check_name},
+                           {"result", check_text},
+                           {"arguments", check_arguments, true},
+                           {"read_back", check_read_back},
+                           {"undone_by", check_way},
+                           {"changed_by", check_way}};
+const Key read_back_keys[] = {{"by", check_name, true},
+                              {"with", check_sources},
+                              {"walk", check_sources},
+                              {"arguments", check_sources, true},
+                              {"if", check_condition}};
+const Key way_keys[] = {{"by", check_name, true}, {"keys", check_names}, {"arguments", check_sources, true}};
 const Key struct_keys[] = {{"brief", check_text, true}, {"kind", check_name}, {"members", check_members, true}};
 const Key enum_keys[] = {{"brief", check_text, true}, {"values", check_values, true}};
 const Key value_keys[] = {{"brief", check_text}};
@@ -142,6 +186,14 @@ void check_object(const Json &json, const Key (&keys)[count], const std::string 
             wrong(place, std::string("has no ") + key.name);
     }
 }
+
+void check_read_back(const Json &json, const std::string &place) {
+    check_object(json, read_back_keys, place);
+    for (const Json &number : json.value("with", Json::object())) check_number(number, place + ".with");
+    for (const Json &name : json.value("walk", Json::object())) check_name(name, place + ".walk");
+}
+
+void check_way(const Json &json, const std::string &place) { check_object(json, way_keys, place); }
 
 void check_members(const Json &json, const std::string &place) {
     if (!json.is_array()) wrong(place, "is no list");
@@ -195,6 +247,15 @@ Length length_of(const Json &entry) {
     return length;
 }
 
+ReadBack read_back_of(const Json &entry) {
+    return {entry["by"], entry.value("with", std::map<std::string, int64_t>{}),
+            entry.value("walk", std::map<std::string, std::string>{}), entry["arguments"], entry.value("if", Json())};
+}
+
+Way way_of(const Json &entry) {
+    return {entry["by"], entry.value("keys", std::vector<std::string>{}), entry["arguments"]};
+}
+
 }  // namespace
 
 bool Meaning::allows(int64_t value) const {
@@ -244,6 +305,9 @@ MethodContract method_contract(const Json &entry) {
                           entry.value("clears_if", ""),
                           entry.value("result", ""),
                           {}};
+    if (entry.contains("read_back")) method.read_back = read_back_of(entry["read_back"]);
+    if (entry.contains("undone_by")) method.undone_by = way_of(entry["undone_by"]);
+    if (entry.contains("changed_by")) method.changed_by = way_of(entry["changed_by"]);
     for (const Json &said : entry["arguments"]) {
         const std::string direction = said["direction"];
         method.arguments.push_back({direction == "in"    ? Direction::in

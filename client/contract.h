@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <utility>
@@ -54,10 +55,29 @@ struct ArgumentContract {
     std::string name, type, brief;  ///< the type in C, without the * of a pointer
 };
 
+/// How what a method has made is read. Sources are numbers, places in the answer such as "p_cfg[].key", or objects of
+/// sources by member; "#p_map[]" is the number of an element, "p_map{}" goes through the bits of a number.
+struct ReadBack {
+    std::string by;
+    std::map<std::string, int64_t> with;      ///< arguments of it that are always these
+    std::map<std::string, std::string> walk;  ///< arguments that take an output of the call before; 0 at first
+    Json arguments;                           ///< a source for each argument of what makes
+    Json condition;                           ///< ["p_cfg[].port", "=" or "!=", NUMBER]; null for none
+};
+
+/// A method that undoes or changes what another has made: each argument is a number or a place in those of the maker.
+struct Way {
+    std::string by;
+    std::vector<std::string> keys;  ///< arguments of the maker that stay the same when it changes
+    Json arguments;
+};
+
 /// What is said of a method.
 struct MethodContract {
     std::string family, brief, documentation, effect, clears_if, result;
     std::vector<ArgumentContract> arguments;
+    std::optional<ReadBack> read_back = {};
+    std::optional<Way> undone_by = {}, changed_by = {};
 };
 
 MethodContract method_contract(const Json &entry);

@@ -63,31 +63,28 @@ Side side_of(Context &context, const std::string &file) {
     return {file, nullptr, state_of_file(context, file)};
 }
 
-// The chip, asked for what the other side has.
-Json live_answers(Context &context, const Side &other) {
-    if (!other.snapshot.is_null()) return live(context, other.name, other.snapshot);
-    return state_answers(restricted(state_of_chip(context, {}), other.state));
-}
-
-Json answers_of(const Side &side) {
-    return side.snapshot.is_null() ? state_answers(side.state) : side.snapshot["answers"];
+// Two states in the same words. Of the chip counts what the file speaks of.
+std::pair<Json, Json> state_pair(Context &context, State &one, State &other, bool is_live) {
+    const Makers makers(context);
+    const std::map<std::size_t, std::size_t> same = align(makers, one, other);
+    return {state_answers(makers, one), state_answers(makers, is_live ? restricted(other, one, same) : other)};
 }
 
 void diff(Context &context, const DiffOptions &options) {
     const bool is_reversed = options.before == "live", with_live = is_reversed || options.after == "live";
-    const Side first = side_of(context, is_reversed ? options.after : options.before);
-    Json before = answers_of(first), after;
-    if (with_live) {
-        after = live_answers(context, first);
-        if (is_reversed) std::swap(before, after);
-    } else {
-        const Side second = side_of(context, options.after);
-        if (first.snapshot.is_null() != second.snapshot.is_null())
-            throw UsageError((first.snapshot.is_null() ? first : second).name + " holds settings, and " +
-                             (first.snapshot.is_null() ? second : first).name + " is a snapshot");
-        after = answers_of(second);
-    }
-    const std::vector<Difference> found = differences(before, after);
+    Side first = side_of(context, is_reversed ? options.after : options.before);
+    Side second = with_live ? Side{"live", nullptr, {}} : side_of(context, options.after);
+    const bool are_states = first.snapshot.is_null();
+    if (!with_live && are_states != second.snapshot.is_null())
+        throw UsageError((are_states ? first : second).name + " holds settings, and " +
+                         (are_states ? second : first).name + " is a snapshot");
+    if (are_states && with_live) second.state = state_of_chip(context, spoken_of(first.state));
+    std::pair<Json, Json> sides =
+        are_states ? state_pair(context, first.state, second.state, with_live)
+                   : std::make_pair(first.snapshot["answers"],
+                                    with_live ? live(context, first.name, first.snapshot) : second.snapshot["answers"]);
+    if (is_reversed) std::swap(sides.first, sides.second);
+    const std::vector<Difference> found = differences(sides.first, sides.second);
     print(context.json ? json_text(differences_json(found), 2) + "\n"
                        : differences_text(found, options.before, options.after));
     if (!found.empty()) context.exit_status = exit_differ;

@@ -38,7 +38,7 @@ bool is_nothing(const Json &value) {
 }
 
 // In one line: of a struct the members that are not 0, without the flags that say which count.
-std::string shown(const Json &value) {
+std::string shown_value(const Json &value) {
     if (value.is_null()) return "(none)";
     if (value.is_string()) return value.get<std::string>();
     if (!value.is_structured()) return json_text(value);
@@ -48,7 +48,7 @@ std::string shown(const Json &value) {
     };
     for (const auto &[key, inside] : value.items()) {
         if (is_nothing(inside) || (value.is_object() && is_flags(key, inside))) continue;
-        const std::string one = inside.is_structured() ? "{" + shown(inside) + "}" : shown(inside);
+        const std::string one = inside.is_structured() ? "{" + shown_value(inside) + "}" : shown_value(inside);
         text += (text.empty() ? "" : " ") + (value.is_object() ? key + (inside.is_object() ? "" : "=") + one : one);
     }
     return text.empty() ? "0" : text;
@@ -79,10 +79,10 @@ std::vector<Difference> differences(const Json &before, const Json &after) {
 std::string differences_text(const std::vector<Difference> &found, const std::string &old, const std::string &now) {
     std::string text;
     for (const Difference &each : found)
-        text += each.member.empty()
-                    ? each.call + ": only in " + (each.before.is_null() ? now : old) + ": " +
-                          shown(each.before.is_null() ? each.after : each.before) + "\n"
-                    : each.call + each.member + ": " + shown(each.before) + " -> " + shown(each.after) + "\n";
+        text += each.member.empty() ? each.call + ": only in " + (each.before.is_null() ? now : old) + ": " +
+                                          shown_value(each.before.is_null() ? each.after : each.before) + "\n"
+                                    : each.call + each.member + ": " + shown_value(each.before) + " -> " +
+                                          shown_value(each.after) + "\n";
     return text;
 }
 

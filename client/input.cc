@@ -21,8 +21,6 @@ std::string trimmed(const std::string &text) {
     return begin == std::string::npos ? "" : text.substr(begin, text.find_last_not_of(" \t\r\n") - begin + 1);
 }
 
-const Type &bits_of(const Type &flags) { return flags.kind == Type::mask ? *flags.members[0].type : flags; }
-
 // What stands for an element that is not given.
 Json empty_of(const Type &element) {
     switch (element.kind) {
@@ -54,6 +52,8 @@ std::string joined(const std::vector<std::string> &names) {
 std::string written(const Json &json) { return json.is_string() ? json.get<std::string>() : json_text(json); }
 
 }  // namespace
+
+const Type &bits_of(const Type &mask) { return mask.kind == Type::mask ? *mask.members[0].type : mask; }
 
 const Member *flag_of(const Type &flags, const std::string &member) {
     if (const Member *same = flags.member(member)) return same;

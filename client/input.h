@@ -19,6 +19,9 @@ struct InputOptions {
 /// `place` is for errors.
 std::string text_of(const std::string &word, const std::string &place);
 
+/// The flags of a mask in one view or in two.
+const Type &bits_of(const Type &mask);
+
 /// The flag that says a member is given: named like it, or like the beginning of a range's two ends. nullptr if there
 /// is none.
 const Member *flag_of(const Type &flags, const std::string &member);

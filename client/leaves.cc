@@ -41,7 +41,7 @@ std::vector<Leaf> leaves_of(Types &types, const Method &method, const Json &answ
     return found;
 }
 
-void change_numbers(const Type &type, Json &value, const std::function<int64_t(const Type &, int64_t)> &change) {
+void change_numbers(const Type &type, Json &value, const std::function<Json(const Type &, int64_t)> &change) {
     if (value.is_array())
         for (Json &each : value) change_numbers(type.element ? *type.element : type, each, change);
     if (value.is_object())
@@ -49,8 +49,8 @@ void change_numbers(const Type &type, Json &value, const std::function<int64_t(c
             if (const Member *member = type.member(name)) change_numbers(*member->type, inside, change);
     if (value.is_number_integer()) {
         const Type &own = type.element ? *type.element : type;
-        const int64_t before = as_declared(own, value.get<int64_t>()), after = change(own, before);
-        if (after != before) value = after;
+        const int64_t before = as_declared(own, value.get<int64_t>());
+        if (const Json after = change(own, before); after != before) value = after;
     }
 }
 

@@ -21,7 +21,7 @@ struct Leaf {
 /// that a pointer of one element stands for has no index.
 std::vector<Leaf> leaves_of(Types &types, const Method &method, const Json &answer, bool with_inputs);
 
-/// Changes each number in a value that has the type's meaning; `change` gets type and number.
-void change_numbers(const Type &type, Json &value, const std::function<int64_t(const Type &, int64_t)> &change);
+/// Changes each number in a value of a type; `change` gets the type and the number, and answers what stands there then.
+void change_numbers(const Type &type, Json &value, const std::function<Json(const Type &, int64_t)> &change);
 
 }  // namespace lmqctl

@@ -59,11 +59,15 @@ std::string expanded(const std::string &word, const ValueOf &value_of) {
     return result;
 }
 
-std::vector<std::string> expanded(const std::vector<std::string> &words, const ValueOf &value_of) {
+}  // namespace
+
+std::vector<std::string> expanded_words(const std::vector<std::string> &words, const ValueOf &value_of) {
     std::vector<std::string> result;
     for (const std::string &word : words) result.push_back(expanded(word, value_of));
     return result;
 }
+
+namespace {
 
 double seconds_of(const std::string &text) {
     double value = 0;
@@ -98,7 +102,7 @@ class LineReader {
             step.uses.push_back(name);
             return symbol(name);
         };
-        const std::vector<std::string> words = expanded(words_, named);
+        const std::vector<std::string> words = expanded_words(words_, named);
         const std::string value = expanded(value_, named);
         symbolic.symbols = !step.uses.empty();
         step.prepared = prepare_words(context_, words, symbolic);
@@ -240,7 +244,7 @@ std::vector<Step> read_script(Context &context, const std::string &file, const A
 PreparedCall prepared_with(Context &context, const Step &step, const ArgumentOptions &options,
                            const ValueOf &value_of) {
     if (step.uses.empty()) return step.prepared;
-    return prepare_words(context, expanded(step.words, value_of), options);
+    return prepare_words(context, expanded_words(step.words, value_of), options);
 }
 
 Json awaited_value(Context &context, const Awaited &awaited, const ValueOf &value_of) {

@@ -50,6 +50,9 @@ std::vector<Step> read_script(Context &context, const std::string &file, const A
 /// A kept value by its name.
 using ValueOf = std::function<Json(const std::string &name)>;
 
+/// Words with values in the places of $NAME and ${NAME}; $$ is a dollar sign.
+std::vector<std::string> expanded_words(const std::vector<std::string> &words, const ValueOf &value_of);
+
 /// A step's call with kept values in the places of their names. Throws a UsageError for one that does not fit.
 PreparedCall prepared_with(Context &context, const Step &step, const ArgumentOptions &options, const ValueOf &value_of);
 

@@ -5,6 +5,7 @@
 #include <functional>
 #include <map>
 #include <set>
+#include <utility>
 
 #include "answer.h"
 #include "arguments.h"
@@ -44,6 +45,7 @@ constexpr int64_t most_values = 64;       // of a range or an enum that is asked
 constexpr std::size_t most_calls = 1024;  // of one method
 constexpr std::size_t most_things = 256;  // of one kind
 constexpr int most_rounds = 5;
+constexpr std::size_t few_elements = 2;        // of a list, to begin with: most are short, and their elements are large
 constexpr std::size_t heaviest_request = 256;  // elements of arrays, beside the first call
 
 using Numbers = std::vector<int64_t>;
@@ -154,7 +156,9 @@ class Survey {
             std::vector<Call> calls;
             for (const Method &method : methods_) add_calls(method, calls);
             if (calls.empty()) break;
-            make(context_, calls, [&](const Call &call, const Json &answer) { take(call, answer); });
+            const Take take_it = [&](const Call &call, const Json &answer) { take(call, answer); };
+            make(context_, calls, take_it);
+            make(context_, std::exchange(longer_, {}), take_it);
         }
     }
 
@@ -210,6 +214,9 @@ class Survey {
         const Meaning &meaning = parameter.said.meaning;
         const std::string type = lower(parameter.type);
         if (parameter.is_pointer()) return {};
+        if (const auto found = options_.fixed.find(method.name); found != options_.fixed.end())
+            if (const auto value = found->second.find(parameter.name); value != found->second.end())
+                return {Numbers{value->second}};
         if (!method.contract) {
             if (type.find("dev_id") != std::string::npos) return {options_.devices};
             if (type.find("port_id") == std::string::npos) return {};
@@ -264,44 +271,92 @@ class Survey {
     void add_calls(const Method &method, std::vector<Call> &to) {
         std::vector<std::vector<std::string>> all{{}};
         bool is_tried = false, is_register = false;
+        const Parameter *last = nullptr;
+        for (const Parameter &parameter : method.parameters)
+            if (!is_output(method, parameter) && !list_of_capacity(method, parameter)) last = &parameter;
         for (const Parameter &parameter : method.parameters) {
             if (is_output(method, parameter) || list_of_capacity(method, parameter)) continue;
             const Values values = values_of(method, parameter);
-            if (!values.numbers || values.numbers->size() * all.size() > most_calls)
-                return context_.note(method.name + " is not asked: too much to ask for in " + parameter.name);
             is_tried = is_tried || values.is_tried;
             is_register = is_register || takes_register(method, parameter);
+            const bool is_much = values.numbers && values.numbers->size() * all.size() > most_calls;
+            if (is_much && &parameter == last && all.size() > 1 && !is_register)
+                return add_by_first(method, all, parameter.name, *values.numbers, to);
+            if (!values.numbers || is_much)
+                return context_.note(method.name + " is not asked: too much to ask for in " + parameter.name);
             std::vector<std::vector<std::string>> longer;
             for (const std::vector<std::string> &words : all)
-                for (const int64_t value : *values.numbers) {
-                    longer.push_back(words);
-                    longer.back().push_back(parameter.name + "=" + std::to_string(value));
-                }
+                for (const int64_t value : *values.numbers) longer.push_back(with(words, parameter.name, value));
             all = std::move(longer);
         }
         if (method.contract && method.contract->effect == "reads registers" && !is_register) return;
         for (const std::vector<std::string> &words : all) add_call(method, words, is_tried, to);
     }
 
-    void add_call(const Method &method, const std::vector<std::string> &words, bool is_tried, std::vector<Call> &to) {
+    static std::vector<std::string> with(std::vector<std::string> words, const std::string &name, int64_t value) {
+        words.push_back(name + "=" + std::to_string(value));
+        return words;
+    }
+
+    // Of what would be too much, the first of each range: where there is one, the others follow in the next round.
+    void add_by_first(const Method &method, const std::vector<std::vector<std::string>> &all, const std::string &last,
+                      const Numbers &numbers, std::vector<Call> &to) {
+        std::size_t room = most_calls;
+        for (const std::vector<std::string> &words : all) {
+            const std::string first = add_call(method, with(words, last, numbers[0]), true, to);
+            if (!succeeded_.contains(first) || room < numbers.size()) continue;
+            room -= numbers.size();
+            for (const int64_t value : numbers) add_call(method, with(words, last, value), true, to);
+        }
+    }
+
+    // Answers the key of the call; an empty one if there is no such call.
+    std::string add_call(const Method &method, const std::vector<std::string> &words, bool is_tried,
+                         std::vector<Call> &to) {
         ArgumentOptions options;
         options.force = true;
         try {
             const Call call{dictionary_.full_name(method.name),
                             build_arguments(dictionary_, context_.types(), method, words, options)};
             const std::string key = key_of(call);
-            if (!made_.insert(key).second) return;
+            if (!made_.insert(key).second) return key;
             if (is_tried) tried_.insert(key);
-            to.push_back(call);
+            to.push_back(with_few_elements(method, words, call, options));
+            return key;
         } catch (const UsageError &error) {
             context_.note(method.name + " is not asked: " + error.what());
+            return "";
         }
     }
 
-    void take(const Call &call, const Json &answer) {
+    // The call with little room in its list. What is known of it later goes by the whole one.
+    Call with_few_elements(const Method &method, const std::vector<std::string> &words, const Call &whole,
+                           ArgumentOptions options) {
+        if (!is_list(method)) return whole;
+        options.count = few_elements;
+        const Call few{whole.method, build_arguments(dictionary_, context_.types(), method, words, options)};
+        whole_[key_of(few)] = whole;
+        return few;
+    }
+
+    bool is_full(const Method &method, const Json &answer) const {
+        for (std::size_t i = 0; i < method.parameters.size() && i + 1 < answer.size(); ++i)
+            if (!method.parameters[i].said.length.filled.empty() && filled(method, i, answer).size() >= few_elements)
+                return true;
+        return false;
+    }
+
+    void take(const Call &made, const Json &answer) {
+        const Method method = *dictionary_.method(made.method);
+        const auto few = whole_.find(key_of(made));
+        const Call call = few == whole_.end() ? made : few->second;
+        if (few != whole_.end()) {
+            whole_.erase(few);
+            if (!is_fault(answer) && answer.is_array() && is_full(method, answer)) return longer_.push_back(call);
+        }
         const std::string key = key_of(call);
-        const Method method = *dictionary_.method(call.method);
         const bool success = !is_fault(answer) && is_success(dictionary_, method, result_of(answer));
+        if (success) succeeded_.insert(key);
         if (success && answer.is_array())
             for (std::size_t i = 0; i < method.parameters.size() && i + 1 < answer.size(); ++i)
                 if (method.parameters[i].is_pointer())
@@ -339,8 +394,10 @@ class Survey {
     const SurveyOptions &options_;
     Numbers ports_, registers_;
     std::vector<Method> methods_;
-    std::set<std::string> listed_, made_, tried_;
+    std::set<std::string> listed_, made_, tried_, succeeded_;
     std::map<std::string, std::set<int64_t>> found_;
+    std::map<std::string, Call> whole_;  // by what was asked with few elements
+    std::vector<Call> longer_;           // lists that need more
     const Keep keep_;
 };
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -12,9 +13,10 @@ namespace lmqctl {
 struct SurveyOptions {
     std::string pattern = "*";  ///< of methods
     std::vector<int64_t> devices{0};
-    std::string ports;                   ///< "0-3,5"; all if empty
-    std::string registers;               ///< addresses "0x1000-0x103c"; none if empty
-    std::vector<std::string> only = {};  ///< these methods, whatever the pattern says
+    std::string ports;                                                 ///< "0-3,5"; all if empty
+    std::string registers;                                             ///< addresses "0x1000-0x103c"; none if empty
+    std::vector<std::string> only = {};                                ///< these methods, whatever the pattern says
+    std::map<std::string, std::map<std::string, int64_t>> fixed = {};  ///< arguments by method that are always these
 };
 
 /// A value as people compare it: enumerators by name, addresses as such, of alternatives the one that is meant.

@@ -20,6 +20,7 @@ import sys
 import headers
 import remote_table
 import table
+import ways
 
 EFFECTS = ("reads", "reads registers", "reads and clears", "changes", "resets")
 UNITS = {"ns", "us", "ms", "s", "min", "bits", "bytes", "words", "packets", "frames", "cells", "elements", "entries",
@@ -69,6 +70,7 @@ class Reader:
         for name in self.comments:
             self.kinds |= self.kinds_of_ids(name)
         self.given_out = set()  # kinds of ids that a call answers
+        self.ways = {}  # by function: the paragraphs about what it makes
         self.enumerator_of = {name: enum for enum, names in self.c.enums.items() for name in names}
         typedefs = {name: self.typedef(name) for name in self.c.typedefs}
         self.interface = {
@@ -83,6 +85,8 @@ class Reader:
             if "range" not in said and kind not in self.given_out:
                 self.problems.add(said["where"], f"the kind '{kind}' has no range, and no call answers such an id")
             self.check_lists(kind, said)
+        for name, texts in self.ways.items():
+            ways.Ways(self, name, texts).resolve()
         self.interface["fingerprint"] = fingerprint(self.interface)
 
     # Comments and their parts.
@@ -345,7 +349,11 @@ class Reader:
                 paragraphs = self.sentence(content, where, function.name).split("\n\n")
                 made["brief"], made["documentation"] = paragraphs[0], "\n\n".join(paragraphs[1:])
             elif command == "par":
-                effect = re.sub(r"\s+", " ", content).strip()
+                title, _, said = re.sub(r"\s+", " ", content).strip().partition(": ")
+                if title in ways.TITLES:
+                    self.ways.setdefault(function.name, {})[title] = said
+                else:
+                    effect = f"{title}: {said}"
             elif command.startswith("param"):
                 name, _, rest = content.partition(" ")
                 parameters[name] = command[5:].strip("[]").replace(" ", ""), rest.strip()

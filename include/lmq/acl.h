@@ -39,6 +39,8 @@ vx_status_e vx_acl_unknown_flow_allow(vx_dev_id_t dev_id, vx_port_id_t port_id);
 /**
  * @brief Drops packets of a port that match no flow.
  * @par Effect: changes
+ * @par Read back: vx_acl_unknown_flow_status_get if p_allow=FALSE
+ * @par Undone by: vx_acl_unknown_flow_allow
  * @param[in] dev_id  The device.
  * @param[in] port_id The port.
  * @return VX_SUCCESS or a status.
@@ -136,6 +138,9 @@ typedef struct {
  *
  * An entry that a filter names is not deleted.
  * @par Effect: changes
+ * @par Read back: vx_acl_custom_pkt_field_table_get: tbl_indx=#p_entry[], op_mode=VX_ACL_OP_ADD, p_entry=p_entry[] if
+ *     p_entry[].valid!=0
+ * @par Undone by: vx_acl_custom_pkt_field_table_set(op_mode=VX_ACL_OP_DELETE)
  * @param[in] dev_id   The device.
  * @param[in] port_id  The port.
  * @param[in] tbl_indx {0..7} Index of the entry.
@@ -179,6 +184,8 @@ typedef struct {
  *
  * A key that names entries of the table of custom packet fields needs all of them in use.
  * @par Effect: changes
+ * @par Read back: vx_acl_custom_pkt_filter_get: p_entry=p_entry[]
+ * @par Undone by: vx_acl_custom_pkt_filter_delete
  * @param[in] dev_id  The device.
  * @param[in] port_id The port.
  * @param[in] p_entry The filter; LMQ_FILTER_DISABLE deletes the one with its key.

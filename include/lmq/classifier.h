@@ -440,6 +440,8 @@ vx_status_e vx_cls_no_match_fib_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx
 /**
  * @brief Says for types of keys whether packets that match no key of the type are denied.
  * @par Effect: changes
+ * @par Read back: vx_cls_type_no_match_get(key_type_bitmap=0xF7FFF): key_type_bitmap=0xF7FFF
+ * @par Changed by: vx_cls_type_no_match_set(port_id)
  * @param[in] dev_id          The device.
  * @param[in] port_id         The port.
  * @param[in] key_type_bitmap {bits} The types to set: bit n is value n of lmq_fe_cls_key_type_e.

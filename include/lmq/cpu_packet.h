@@ -249,6 +249,8 @@ vx_status_e vx_l2_spcl_pkt_cfg_get(vx_dev_id_t dev_id, vx_uint16 port_num, vx_l2
 /**
  * @brief Sets what becomes of a type of special packet on a logical port.
  * @par Effect: changes
+ * @par Read back: vx_l2_spcl_pkt_behavior_get(sub_pid=0): sub_pid=0
+ * @par Changed by: vx_l2_spcl_pkt_behavior_set(port_id, sub_pid, pkt_type)
  * @param[in] dev_id       The device.
  * @param[in] port_id      The port.
  * @param[in] sub_pid      Logical port within it, such as a GEM port.
@@ -315,6 +317,8 @@ vx_status_e vx_l2_pppoe_filter_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_
 /**
  * @brief Adds types of packet to the ingress filter of a port, which drops them.
  * @par Effect: changes
+ * @par Read back: lmq_get_pkt_type_filter: pkt_type_bitmap=p_pkt_type_bitmap if p_pkt_type_bitmap!=0
+ * @par Undone by: lmq_delete_pkt_type_filter
  * @param[in] dev_id          The device.
  * @param[in] port_id         The port: the SNI or a UNI.
  * @param[in] pkt_type_bitmap {bits of lmq_pkt_type_bitmap_e} Types to drop, on top of those in the filter; at least

@@ -436,6 +436,8 @@ vx_status_e vx_event_status_clear(vx_dev_id_t dev_id, vx_event_type_e event_type
 /**
  * @brief Sets the holdover of an event.
  * @par Effect: changes
+ * @par Read back: vx_event_holdover_get(sub_port=0) if p_cfg.enable!=FALSE
+ * @par Undone by: vx_event_holdover_set(p_cfg.enable=FALSE)
  * @param[in] dev_id     The device.
  * @param[in] event_type The event.
  * @param[in] p_cfg      The holdover, with the port that it is for.

@@ -309,6 +309,10 @@ typedef struct {
  *
  * A flow with the key, the port and the priority of another is refused.
  * @par Effect: changes
+ * @par Read back: vx_flow_us_all_get: p_key=p_cfg[].key, p_action=p_cfg[].action, priority=p_cfg[].pri,
+ *     p_flow_id=p_cfg[].flow_id
+ * @par Undone by: vx_flow_us_delete
+ * @par Changed by: vx_flow_us_modify(p_flow_id)
  * @param[in]  device_id The device.
  * @param[in]  port_id   The port that its packets come from.
  * @param[in]  p_key     Which packets belong to it.
@@ -359,6 +363,9 @@ vx_status_e vx_flow_us_get(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_flow_us_
  * Not needed when the action has a fixed queue. When it is called later, it overrides the queue of the action in a
  * conflict; a sub-port to which that queue is mapped already changes nothing.
  * @par Effect: changes
+ * @par Read back: vx_flow_us_all_get: flow_id=p_cfg[].flow_id, sni_port_num=p_cfg[].map_port,
+ *     sni_sub_port=p_cfg[].map_sub_port if p_cfg[].map_port!=VX_INVALID_PORT_ID
+ * @par Changed by: vx_flow_us_map(flow_id)
  * @param[in] dev_id       The device.
  * @param[in] flow_id      The flow.
  * @param[in] sni_port_num {id port, VX_PORT_SNI0..VX_PORT_CPU} The SNI or the CPU port.
@@ -385,6 +392,10 @@ vx_status_e vx_flow_us_all_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint
  *
  * A flow with the key, the port and the priority of another is refused.
  * @par Effect: changes
+ * @par Read back: vx_flow_ds_all_get: p_key=p_cfg[].key, p_action=p_cfg[].action, priority=p_cfg[].pri,
+ *     p_flow_id=p_cfg[].flow_id
+ * @par Undone by: vx_flow_ds_delete
+ * @par Changed by: vx_flow_ds_modify(p_flow_id)
  * @param[in]  dev_id    The device.
  * @param[in]  port_id   The port it is added to.
  * @param[in]  p_key     Which packets belong to it.
@@ -432,6 +443,9 @@ vx_status_e vx_flow_ds_get(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_flow_ds_
 /**
  * @brief Maps a downstream flow to a port.
  * @par Effect: changes
+ * @par Read back: vx_flow_ds_all_get: flow_id=p_cfg[].flow_id, port_id=p_cfg[].map_port if
+ *     p_cfg[].map_port!=VX_INVALID_PORT_ID
+ * @par Changed by: vx_flow_ds_map(flow_id)
  * @param[in] dev_id  The device.
  * @param[in] flow_id The flow.
  * @param[in] port_id The port it leaves by.

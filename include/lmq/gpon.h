@@ -228,6 +228,9 @@ vx_status_e vx_gpon_signal_status_get(vx_dev_id_t dev_id, vx_uint16 port_id, vx_
  *
  * A T-CONT that carries GEM ports cannot be disabled. Enabling one again gives it another Alloc-Id.
  * @par Effect: changes
+ * @par Read back: vx_gpon_onu_active_tcont_get: tcont_id=p_tcont_id[].tcont_id, enable=TRUE, p_cfg=p_tcont_id[]
+ * @par Undone by: vx_gpon_onu_tcont_enable_set(enable=FALSE)
+ * @par Changed by: vx_gpon_onu_tcont_enable_set(port_id, tcont_id)
  * @param[in] dev_id   The device.
  * @param[in] port_id  {id pon-port} The PON port.
  * @param[in] tcont_id {id tcont} The T-CONT.
@@ -270,6 +273,9 @@ vx_status_e vx_gpon_onu_active_tcont_get(vx_dev_id_t dev_id, vx_port_id_t port_i
 /**
  * @brief Adds a GEM port, and maps it to a T-CONT.
  * @par Effect: changes
+ * @par Read back: vx_gpon_onu_active_gem_port_get: gem_port_id=p_info[].gem_port_id, p_cfg=p_info[],
+ *     p_cfg.aes_enable=p_info[].aes
+ * @par Undone by: vx_gpon_onu_gem_port_delete
  * @param[in] dev_id      The device.
  * @param[in] port_id     {id pon-port} The PON port.
  * @param[in] gem_port_id {id gem-port} The GEM port.

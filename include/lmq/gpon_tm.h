@@ -288,6 +288,9 @@ vx_status_e vx_gpon_onu_gem_ds_queue_map_get(vx_dev_id_t dev_id, vx_uint16 pon_i
 /**
  * @brief Creates a traffic descriptor under an id that the caller chooses.
  * @par Effect: changes
+ * @par Read back: vx_gpon_onu_gem_traffic_desc_get
+ * @par Undone by: vx_gpon_onu_gem_traffic_desc_delete
+ * @par Changed by: vx_gpon_onu_gem_traffic_desc_set(gem_td_id)
  * @param[in] dev_id    The device.
  * @param[in] gem_td_id {id traffic-descriptor} An id that is not in use; LMQ_INVALID_ID32 is none.
  * @param[in] p_cfg     The descriptor.

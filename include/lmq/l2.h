@@ -352,6 +352,9 @@ vx_status_e vx_l2_aging_timer_get(vx_dev_id_t dev_id, vx_uint32 *p_aging_time);
 /**
  * @brief Adds an entry to the forwarding database.
  * @par Effect: changes
+ * @par Read back: vx_l2_fdb_entry_get_next(port_id=VX_INVALID_PORT_ID, mode=VX_FDB_ENTRY_OP_TYPE_STATIC,
+ *     handle=p_handle): type=VX_FDB_ENTRY_OP_TYPE_STATIC, p_mac_entry=p_mac_entry, p_handle=p_handle
+ * @par Undone by: vx_l2_fdb_entry_delete
  * @param[in]  dev_id      The device.
  * @param[in]  type        {VX_FDB_ENTRY_OP_TYPE_DYNAMIC..VX_FDB_ENTRY_OP_TYPE_STATIC} Whether it ages or stays.
  * @param[in]  p_mac_entry The entry.
@@ -474,6 +477,8 @@ vx_status_e vx_l2_mac_addr_filter_config_get(vx_dev_id_t dev_id, vx_port_id_t po
 /**
  * @brief Adds addresses to the host MAC filter of a port: all of them, or none if one is there already.
  * @par Effect: changes
+ * @par Read back: vx_l2_mac_addr_filter_get: num_mac_addr=1, p_mac_addr_list=p_mac_addr_list[]
+ * @par Undone by: vx_l2_mac_addr_filter_delete(delete_all=FALSE)
  * @param[in] dev_id          The device.
  * @param[in] port_id         The port.
  * @param[in] num_mac_addr    {1..16} How many.

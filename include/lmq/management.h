@@ -143,6 +143,8 @@ vx_status_e lmq_clear_local_mgmt_if_stat(vx_dev_id_t dev_id);
  *
  * A second IPv4 address takes the place of the first. There may be several IPv6 addresses, LMQ_MAX_IP_ADDR in all.
  * @par Effect: changes
+ * @par Read back: lmq_get_dev_ip_config: p_cfg=p_cfg.ip_cfg[num_ip_addr]
+ * @par Undone by: lmq_delete_dev_ip_addr(p_ip_addr=p_cfg.ip_addr)
  * @param[in] dev_id The device.
  * @param[in] p_cfg  The address, with its mask and prefix.
  * @return VX_SUCCESS or a status.
@@ -161,6 +163,8 @@ vx_status_e lmq_delete_dev_ip_addr(vx_dev_id_t dev_id, vx_ip_addr_t *p_ip_addr);
 /**
  * @brief Adds a gateway, of which there are up to LMQ_MAX_IP_GATEWAY.
  * @par Effect: changes
+ * @par Read back: lmq_get_dev_ip_config: p_cfg=p_cfg.gw_cfg[num_ip_gw]
+ * @par Undone by: lmq_delete_dev_ip_gateway
  * @param[in] dev_id The device.
  * @param[in] p_cfg  The gateway.
  * @return VX_SUCCESS or a status.
@@ -264,6 +268,8 @@ vx_status_e lmq_print_ip_host_interface_config(vx_dev_id_t dev_id, vx_uint32 han
 /**
  * @brief Enables an IP host channel.
  * @par Effect: changes
+ * @par Read back: lmq_get_ip_host_interface_status if p_stat.admin_status!=0
+ * @par Undone by: lmq_disable_ip_host_interface
  * @param[in] dev_id The device.
  * @param[in] handle {id ip-host} The channel.
  * @return VX_SUCCESS or a status.
@@ -301,6 +307,9 @@ vx_status_e lmq_clear_ip_host_interface_stats(vx_dev_id_t dev_id, vx_uint32 hand
 /**
  * @brief Creates a layer 3 interface: an IP host channel that has no port yet.
  * @par Effect: changes
+ * @par Read back: vx_l3_intf_get
+ * @par Undone by: lmq_delete_ip_host_interface
+ * @par Changed by: vx_l3_intf_set(p_handle)
  * @param[in]  dev_id   The device.
  * @param[in]  p_cfg    Addresses of the interface.
  * @param[out] p_handle {id ip-host} The interface's handle.

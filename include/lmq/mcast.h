@@ -48,6 +48,8 @@ typedef struct vx_mcast_vlan_cfg_s {
 /**
  * @brief Adds a multicast VLAN to a port.
  * @par Effect: changes
+ * @par Read back: vx_mcast_vlan_get: mcast_vlan=p_cfg[].mcast_vlan
+ * @par Undone by: vx_mcast_vlan_delete
  * @param[in] dev_id     The device.
  * @param[in] port_id    The port.
  * @param[in] mcast_vlan {id vlan, 1..4094} The VLAN.
@@ -142,6 +144,8 @@ typedef struct vx_mcast_ip_entry_s {
 /**
  * @brief Adds a group that is a MAC address to a multicast VLAN of a port.
  * @par Effect: changes
+ * @par Read back: vx_mcast_l2_entry_get: entry=entry[]
+ * @par Undone by: vx_mcast_l2_entry_delete
  * @param[in] dev_id  The device.
  * @param[in] port_id The port.
  * @param[in] entry   The group.
@@ -182,6 +186,8 @@ vx_status_e vx_mcast_l2_entry_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_u
 /**
  * @brief Adds a group that is an IP address to a multicast VLAN of a port.
  * @par Effect: changes
+ * @par Read back: vx_mcast_ip_entry_get: entry=entry[]
+ * @par Undone by: vx_mcast_ip_entry_delete
  * @param[in] dev_id  The device.
  * @param[in] port_id The port.
  * @param[in] entry   The group, with its sources.
@@ -261,6 +267,8 @@ typedef struct vx_mcast_acl_s {
  *
  * The list holds the groups that hosts may join; an empty one allows all.
  * @par Effect: changes
+ * @par Read back: vx_mcast_acl_get: p_mcast_acl=p_mcast_acl[]
+ * @par Undone by: vx_mcast_acl_delete
  * @param[in] dev_id      The device.
  * @param[in] port_id     The port.
  * @param[in] p_mcast_acl The entry.

@@ -424,6 +424,8 @@ vx_status_e vx_mdio_read(vx_dev_id_t dev_id, vx_uint8 slave_addr, vx_uint8 regis
 /**
  * @brief Sets a timer and stops it. It runs from vx_timer_start on.
  * @par Effect: changes
+ * @par Read back: vx_timer_get: p_cfg=p_stat
+ * @par Changed by: vx_timer_set(timer_id)
  * @param[in] dev_id   The device.
  * @param[in] timer_id {lmq_timer_id_e} The timer.
  * @param[in] p_cfg    Time and mode.

@@ -522,6 +522,9 @@ vx_status_e vx_rate_src_port_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_ra
 /**
  * @brief Creates a group policer; there are LMQ_MAX_NUM_GRP_POL.
  * @par Effect: changes
+ * @par Read back: vx_rate_group_policer_get
+ * @par Undone by: vx_rate_group_policer_delete
+ * @par Changed by: vx_rate_group_policer_set(p_grp_pol_id)
  * @param[in]  dev_id       The device.
  * @param[in]  cfg          Its limit.
  * @param[out] p_grp_pol_id {id group-policer} Its id.
@@ -561,6 +564,9 @@ vx_status_e vx_rate_group_policer_get(vx_dev_id_t dev_id, vx_pol_id_t grp_pol_id
 /**
  * @brief Puts a flow policer into a group; it can be in one.
  * @par Effect: changes
+ * @par Read back: lmq_get_flow_policer_info: flow_pol_id=#p_info.flow_pol_mem_bitmap[],
+ *     grp_pol_id=#p_info.flow_pol_mem_bitmap[]{}
+ * @par Undone by: vx_rate_policer_group_member_delete
  * @param[in] dev_id      The device.
  * @param[in] flow_pol_id {id policer} The flow policer.
  * @param[in] grp_pol_id  {id group-policer} The group policer.
@@ -581,6 +587,9 @@ vx_status_e vx_rate_policer_group_member_delete(vx_dev_id_t dev_id, vx_pol_id_t 
 /**
  * @brief Creates a flow policer; there are LMQ_MAX_NUM_FLOW_POL.
  * @par Effect: changes
+ * @par Read back: vx_rate_policer_get
+ * @par Undone by: vx_rate_policer_delete
+ * @par Changed by: vx_rate_policer_set(flow_pol_id)
  * @param[in]  dev_id      The device.
  * @param[in]  cfg         Its limit.
  * @param[out] flow_pol_id {id policer} Its id.
@@ -620,6 +629,10 @@ vx_status_e vx_rate_policer_get(vx_dev_id_t dev_id, vx_pol_id_t flow_pol_id, vx_
 /**
  * @brief Binds a flow to a policer, or ends its policing.
  * @par Effect: changes
+ * @par Read back: vx_rate_policer_status_get: cfg.flow_pol_sel=VX_FLOW_POL_SEL_FLOW_POL,
+ *     cfg.flw_pol_id=policer_status.flow_pol_id if policer_status.flow_pol_id!=LMQ_INVALID_POL_ID
+ * @par Undone by: vx_rate_flow_id_set(cfg.flow_pol_sel=VX_FLOW_POL_SEL_DISABLE)
+ * @par Changed by: vx_rate_flow_id_set(flow_id)
  * @param[in] dev_id  The device.
  * @param[in] flow_id The flow.
  * @param[in] cfg     Where the policer comes from, and which.

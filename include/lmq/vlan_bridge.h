@@ -237,6 +237,8 @@ vx_status_e vx_vlan_tag_policy_get(vx_dev_id_t dev_id, vx_port_id_t port_id,
 /**
  * @brief Switches the membership check of a port.
  * @par Effect: changes
+ * @par Read back: vx_vlan_member_check_get: fil_dir=p_ena, enable=TRUE if p_ena!=VX_ACL_VLAN_FILTER_DIR_DISABLE
+ * @par Undone by: vx_vlan_member_check_set(enable=FALSE)
  * @param[in] dev_id  The device.
  * @param[in] port_id The port.
  * @param[in] fil_dir The directions to switch.
@@ -259,6 +261,8 @@ vx_status_e vx_vlan_member_check_get(vx_dev_id_t dev_id, vx_port_id_t port_id, v
 /**
  * @brief Sets what the membership check does with packets that no entry matches.
  * @par Effect: changes
+ * @par Read back: vx_vlan_member_check_default_get: permit=TRUE if fil_dir!=VX_ACL_VLAN_FILTER_DIR_DISABLE
+ * @par Undone by: vx_vlan_member_check_default_set(permit=FALSE)
  * @param[in] dev_id  The device.
  * @param[in] port_id The port.
  * @param[in] fil_dir The directions to set.
@@ -285,6 +289,8 @@ vx_status_e vx_vlan_member_check_default_get(vx_dev_id_t dev_id, vx_port_id_t po
  * Of the entries that count for a direction, the one with the highest index that matches decides: the packet passes if
  * its port is a member.
  * @par Effect: changes
+ * @par Read back: vx_vlan_member_table_get: op_mode=VX_ACL_OP_ADD
+ * @par Undone by: vx_vlan_member_table_set(op_mode=VX_ACL_OP_DELETE)
  * @param[in] dev_id   The device.
  * @param[in] port_id  The port.
  * @param[in] tbl_indx {0..31} Index, which the mapping table does not use.
@@ -312,6 +318,8 @@ vx_status_e vx_vlan_member_table_get(vx_dev_id_t dev_id, vx_port_id_t port_id, v
  *
  * Of the entries that count for a direction, the one with the highest index that matches decides.
  * @par Effect: changes
+ * @par Read back: vx_vlan_mapping_table_get: op_mode=VX_ACL_OP_ADD
+ * @par Undone by: vx_vlan_mapping_table_set(op_mode=VX_ACL_OP_DELETE)
  * @param[in] dev_id   The device.
  * @param[in] port_id  The port.
  * @param[in] tbl_indx {0..31} Index, which the member table does not use.
@@ -337,6 +345,9 @@ vx_status_e vx_vlan_mapping_table_get(vx_dev_id_t dev_id, vx_port_id_t port_id, 
 /**
  * @brief Creates a bridge.
  * @par Effect: changes
+ * @par Read back: lmq_get_bridge_config_all: brg_id=p_cfg[].brg_id, p_cfg=p_cfg[].brg_cfg
+ * @par Undone by: lmq_delete_bridge
+ * @par Changed by: lmq_set_bridge_config(brg_id)
  * @param[in] dev_id The device.
  * @param[in] brg_id An id of the caller's choice, which no other bridge has.
  * @param[in] p_cfg  Its configuration, of which brg_type has to be flagged.
@@ -388,6 +399,9 @@ vx_status_e lmq_delete_bridge(vx_dev_id_t dev_id, lmq_brg_id_t brg_id);
 /**
  * @brief Adds a UNI port to a bridge.
  * @par Effect: changes
+ * @par Read back: lmq_get_bridge_config_all: uni_port_num=p_cfg[].brg_port_info[num_brg_ports].uni_port_num,
+ *     brg_id=p_cfg[].brg_id, p_brg_port_id=p_cfg[].brg_port_info[num_brg_ports].brg_port_num
+ * @par Undone by: lmq_delete_bridge_port
  * @param[in]  dev_id        The device.
  * @param[in]  uni_port_num  {id eth-port} The UNI port.
  * @param[in]  brg_id        The bridge.
@@ -409,6 +423,9 @@ vx_status_e lmq_delete_bridge_port(vx_dev_id_t dev_id, lmq_brg_port_id_t brg_por
 /**
  * @brief Adds a GEM port to a bridge.
  * @par Effect: changes
+ * @par Read back: lmq_get_bridge_config_all: pon_id=p_cfg[].gem_info[num_sub_ports].pon_id,
+ *     gem_port_id=p_cfg[].gem_info[num_sub_ports].sub_port, brg_id=p_cfg[].brg_id
+ * @par Undone by: vx_gpon_onu_gem_port_delete_from_bridge
  * @param[in] dev_id      The device.
  * @param[in] pon_id      {id pon-port} The PON.
  * @param[in] gem_port_id {id gem-port} The GEM port.

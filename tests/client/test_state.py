@@ -103,7 +103,7 @@ class State(CtlTest):
     def test_settings(self):
         """A file leads back, one member at a time; what it cannot say, or a chip does not take, is named."""
         saved = self.folder / "chip.conf"
-        self.assertRegex(self.ok("save", str(saved)), r"chip\.conf: \d+ settings\n")
+        self.assertRegex(self.ok("save", str(saved)), r"chip\.conf: \d+ settings, \d+ things that were made\n")
         self.assertIn("\n# Sets the members of the watchdog that the mask flags.\nvx_watchdog_set dev_id=0 p_cfg='{", saved.read_text())
         self.assertEqual(self.ok("diff", str(saved)), "")
         self.ok("call", "vx_watchdog_set", "0", "p_cfg.wd_timer=70", "p_cfg.wd_action=VX_WD_ACTION_REBOOT")

@@ -81,7 +81,70 @@ def read(text):
         return contract.Reader(folder)
 
 
+MAKING = """
+/** @brief A thing, as it is listed. */
+typedef struct {
+    vx_flow_id_t flow; /**< Its id. */
+    vx_uint8 level;    /**< Its level. */
+    vx_uint8 colour;   /**< Its colour. */
+} listed_s;
+/** @brief What a thing is made of. */
+typedef struct {
+    vx_uint8 level; /**< Its level. */
+    vx_uint8 hue;   /**< Its colour. */
+} thing_s;
+/**
+ * @brief Lists things.
+ * @par Effect: reads
+ * @param[in]  queue {id queue} Where they are.
+ * @param[in]  mode  Which.
+ * @param[in]  room  How many fit.
+ * @param[out] list  [room; *num filled] The things.
+ * @param[out] num   How many there are.
+ * @return A status.
+ */
+status_e things_get(vx_uint8 queue, vx_uint8 mode, vx_uint8 room, listed_s *list, vx_uint8 *num);
+/**
+ * @brief Deletes a thing.
+ * @par Effect: changes
+ * @param[in] id {id flow} Which one.
+ * @return A status.
+ */
+status_e thing_delete(vx_flow_id_t id);
+/**
+ * @brief Makes a thing.
+ * @par Effect: changes
+ * @par Read back: things_get(mode=BAD): cfg=list[], cfg.hue=list[].colour,
+ *     flow=list[].flow if list[].level!=0
+ * @par Undone by: thing_delete
+ * @param[in]  queue {id queue} Where it is.
+ * @param[in]  cfg   What it is.
+ * @param[out] flow  Its id.
+ * @return A status.
+ */
+status_e thing_make(vx_uint8 queue, thing_s *cfg, vx_flow_id_t *flow);
+"""
+
+
 class Reading(unittest.TestCase):
+    def test_what_is_made(self):
+        reader = read(GOOD + MAKING)
+        self.assertEqual(reader.problems, [])
+        made = reader.interface["methods"]["thing_make"]
+        self.assertEqual(made["read_back"], {
+            "by": "things_get", "with": {"mode": 7}, "if": ["list[].level", "!=", 0],
+            "arguments": {"queue": "queue", "cfg": {"level": "list[].level", "hue": "list[].colour"},
+                          "flow": "list[].flow"}})
+        self.assertEqual(made["undone_by"], {"by": "thing_delete", "arguments": {"id": "flow"}})
+        for old, new, said in ((", cfg.hue=list[].colour", "", "does not say where cfg.hue is"),
+                               ("cfg=list[]", "cfg=list[].nothing", "has no member nothing"),
+                               ("things_get(mode", "things_gett(mode", "names no function"),
+                               ("if list[].level!=0", "if nothing!=0", "names no argument: nothing"),
+                               ("Undone by: thing_delete", "Undone by: keys_get", "does not say what room of keys_get is"),
+                               ("mode=BAD", "mood=BAD", "names no argument of things_get: mood")):
+            with self.subTest(new):
+                self.assertIn(said, "\n".join(read(GOOD + MAKING.replace(old, new)).problems))
+
     def test_everything_that_can_be_said(self):
         reader = read(GOOD)
         self.assertEqual(reader.problems, [])

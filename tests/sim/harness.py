@@ -2,6 +2,9 @@
 
 LMQ_HOST, LMQ_PLUGIN and LMQ_DRIVER say where the three are. A test case has a chip of its own, started as `start` says,
 and calls driver functions by their names. No other variable of the caller's that is meant for the three reaches them.
+
+With LMQ_CTL, where lmqctl is, each case ends with a round trip: what its calls have set and made goes into a file, from
+there onto a chip that has just been started in the same way, and from that into a second file, which has to be the same.
 """
 
 import os
@@ -17,6 +20,9 @@ sys.path.insert(0, str(pathlib.Path(__file__).parents[2] / "interface"))
 import headers
 
 INTERFACE = headers.Headers(pathlib.Path(__file__).parents[2] / "include")
+CHANGING = {name for name in INTERFACE.functions if not name.startswith(("lmq_init", "lmq_reset", "lmq_shutdown"))}
+
+CACHE = tempfile.TemporaryDirectory()  # of lmqctl, for all cases of a file
 
 
 class SimTest(unittest.TestCase):
@@ -31,6 +37,7 @@ class SimTest(unittest.TestCase):
     device = {}  # keys of the device's start configuration
 
     def setUp(self):
+        self.called = set()
         self.folder = tempfile.TemporaryDirectory()
         self.addCleanup(self.folder.cleanup)
         self.errors = open(pathlib.Path(self.folder.name, "errors"), "w+")
@@ -39,16 +46,53 @@ class SimTest(unittest.TestCase):
         if self.clock is not None:
             environment["LMQ_SIM_CLOCK"] = str(self.clock)
         environment.update(self.environment)
-        self.host = subprocess.Popen(
+        self.host, self.url = self.start_host(environment)
+        self.addCleanup(self.stop)
+        self.proxy = xmlrpc.client.ServerProxy(self.url, allow_none=True)
+        self.addCleanup(self.proxy("close"))
+        self.start()
+        if "LMQ_CTL" in os.environ:
+            self.addCleanup(self.round_trip)
+
+    def start_host(self, environment):
+        """Starts a host. Returns it, and where it listens."""
+        host = subprocess.Popen(
             [os.environ["LMQ_HOST"], "--plugin", os.environ["LMQ_PLUGIN"], "--driver", os.environ["LMQ_DRIVER"],
              "--listen", "127.0.0.1:0"],
             stdout=subprocess.PIPE, stderr=self.errors, text=True, env=environment)
-        self.addCleanup(self.stop)
-        line = self.host.stdout.readline()
+        line = host.stdout.readline()
         self.assertTrue(line.startswith("Listening on "), f"{line}{self.printed()}")
-        self.proxy = xmlrpc.client.ServerProxy(line.split()[-1], allow_none=True)
-        self.addCleanup(self.proxy("close"))
-        self.start()
+        return host, line.split()[-1]
+
+    def ctl(self, url, *words):
+        """Runs lmqctl. Returns its exit status and all that it says."""
+        environment = {"PATH": os.environ["PATH"], "HOME": self.folder.name, "LANG": "C.UTF-8",
+                       "XDG_CACHE_HOME": CACHE.name}
+        done = subprocess.run([os.environ["LMQ_CTL"], "--url", url, *words], env=environment, text=True,
+                              stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=200)
+        return done.returncode, done.stdout
+
+    def round_trip(self):
+        """Save, another chip, apply, save: the two files are the same."""
+        saved, again = (pathlib.Path(self.folder.name, name) for name in ("saved.conf", "again.conf"))
+        chosen = sorted(self.called & CHANGING)
+        if not chosen or self.call("vx_watchdog_get", 0, {})[0] != 0:
+            return
+        self.assertEqual(self.ctl(self.url, "save", str(saved), *chosen)[0], 0)
+        host, url = self.start_host({name: value for name, value in os.environ.items() if not name.startswith("LMQ_")})
+        try:
+            with xmlrpc.client.ServerProxy(url, allow_none=True) as proxy:
+                self.proxy, first = proxy, self.proxy
+                self.start()
+                self.proxy = first
+            status, said = self.ctl(url, "apply", str(saved))
+            self.assertEqual(status, 0, said)
+            self.assertEqual(self.ctl(url, "save", str(again), *chosen)[0], 0)
+        finally:
+            host.terminate()
+            host.wait(20)
+            host.stdout.close()
+        self.assertEqual(again.read_text().splitlines(), saved.read_text().splitlines(), said)
 
     def start(self):
         self.ok("lmq_init_system", dict(self.system, num_dev=1, dev_cfg=[dict(self.device, enbl=1)]))
@@ -65,6 +109,7 @@ class SimTest(unittest.TestCase):
 
     def call(self, function, *arguments):
         """Calls a driver function. Returns its status and the echo of its arguments."""
+        self.called.add(function)
         result, *echo = self.proxy.__getattr__(f"lmq.{function}")(*arguments)
         return result, echo
 
