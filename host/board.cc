@@ -28,6 +28,8 @@ Board::Board() {
 
 Board::~Board() { munmap(shared_, sizeof(Shared)); }
 
+void Board::keep_from_children() { madvise(shared_, sizeof(Shared), MADV_DONTFORK); }
+
 bool Board::begin(std::uint64_t number) {
     std::uint32_t before = Slots::low(number - 1);
     return shared_->begun.compare_exchange_strong(before, Slots::low(number));

@@ -66,6 +66,9 @@ class Board {
     Board(const Board &) = delete;
     Board &operator=(const Board &) = delete;
 
+    /// In the worker: keeps the memory from the processes that the driver may start.
+    void keep_from_children();
+
     /// Frames to the worker, and from it.
     Slots &calls() { return shared_->calls; }
     Slots &answers() { return shared_->answers; }

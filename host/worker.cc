@@ -31,6 +31,7 @@ constexpr unsigned measured_every = 16;
 /// A worker that loads for longer counts as absent, even if it may still come.
 constexpr std::chrono::seconds usual_load_time(5);
 
+constexpr const char unasked[] = "sent what it was not asked for";
 constexpr const char loading[] = "while it loaded the driver and the plug-in";
 
 /// The next start after so many failures in a row: at once, then later and later.
@@ -228,7 +229,7 @@ std::optional<Worker::Frame> Worker::receive(bool moved) {
         frame = take_from_socket();
     }
     if (misdeed_.empty() && is_expected(frame.head)) return frame;
-    if (misdeed_.empty()) misdeed_ = "sent what it was not asked for";
+    if (misdeed_.empty()) misdeed_ = unasked;
     socket_ = FileDescriptor();
     return std::nullopt;
 }
@@ -283,6 +284,7 @@ Backend::Outcome Worker::take_answer(const FrameHead &head, Outcome::Kind kind, 
     call_ = std::move(handed_.front().call);
     handed_.pop_front();
     if (in_hand() > 0) output_.begin(handed_.front().method);
+    if (handed_.empty() && in_.has_begun()) misdeed_ = unasked;
     maybe_recycle();
     return outcome;
 }
@@ -405,7 +407,7 @@ std::array<pollfd, 4> Worker::waits() const {
 }
 
 int Worker::timeout() const {
-    if (phase_ == Phase::idle) return -1;
+    if (phase_ == Phase::idle) return misdeed_.empty() ? -1 : 0;
     const auto left = std::chrono::ceil<milliseconds>(due_ - Clock::now()).count();
     return static_cast<int>(std::clamp<long long>(left, 0, 60'000));
 }

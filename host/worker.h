@@ -40,7 +40,8 @@ class Worker : public Backend {
     ~Worker() override;
 
     bool ready() const override {
-        return phase_ == Phase::idle && in_hand() == 0 && out_.is_done() && handed_.size() < Slots::count;
+        return phase_ == Phase::idle && in_hand() == 0 && out_.is_done() && handed_.size() < Slots::count &&
+               misdeed_.empty();
     }
     bool ready_for_next(std::size_t size) const override;
     void begin(std::string call, const std::string &method) override;

@@ -145,6 +145,7 @@ Done carry_out(Line &line, const Call &call, const Line::Request &request, std::
 void work(int socket, Board &board, const WorkerPlan &plan) {
     std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
     print_backtraces();
+    board.keep_from_children();
     Line line(socket, board, plan);
     Service service;
     try {

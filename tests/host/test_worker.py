@@ -287,6 +287,7 @@ class Ahead(unittest.TestCase):
             gate = Gate(folder)
             files = [pathlib.Path(folder, str(number)) for number in range(7)]
             clients[0].request("POST", "/RPC2", gate.call, XML)
+            self.assertTrue(eventually(lambda: b"in a call" in host.get("/healthz")[1]))
             for file, one in zip(files, clients[1:]):
                 one.request("POST", "/RPC2", call("test.touch", str(file)), XML)
             self.assertTrue(eventually(lambda: host.sample("lmq_waiting_calls") == 7))
