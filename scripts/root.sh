@@ -18,6 +18,12 @@ make_root() {
     quietly in_root "$bare" apt-get -q update || die_unfetched "the lists of packages cannot be fetched"
 }
 
+# remove_root FOLDER: removes what make_root has made.
+remove_root() {
+    umount "$1/proc" "$1/dev/pts"
+    rm -rf --one-file-system "$1"
+}
+
 # in_root FOLDER COMMAND...: runs it there, with nothing of this machine's environment but the way to the packages.
 in_root() {
     local bare=$1 proxies=()
