@@ -143,7 +143,7 @@ std::optional<int64_t> OwnHost::heap() {
             return static_cast<int64_t>(gauge_->bytes.load(std::memory_order_relaxed));
         }
         if (calls == 0 && i > gauge_tries / 10) break;
-        usleep(i < 100 ? 10 : 1000);
+        usleep(i < 100 ? 10U : 1000U);
     }
     return {};
 }

@@ -33,8 +33,8 @@ class Run:
         # A crash, a hang or a leak are the same with --check and without.
         with tempfile.TemporaryDirectory() as folder:
             process = subprocess.Popen(
-                [f"{build}/lmqctl", "fuzz", "--check", "--seed", str(seed), "--calls", str(calls), "--hang", "3", "--out",
-                 folder, "--host-command", f"{build}/lmq-host --driver {build}/planted/liblmq.so"],
+                [f"{build}/lmqctl", "fuzz", "--check", "--seed", str(seed), "--calls", str(calls), "--hang", "15",
+                 "--out", folder, "--host-command", f"{build}/lmq-host --driver {build}/planted/liblmq.so"],
                 stdout=subprocess.PIPE, text=True, stdin=subprocess.DEVNULL,
                 env=dict(os.environ, LMQ_PLANTED=fault, LMQ_SIM_CLOCK="1"))
             lines = []
