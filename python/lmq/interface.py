@@ -99,19 +99,13 @@ class Enums:
     def _bit_enums(self):
         """The enums whose enumerators something takes or'ed together."""
         if self._bits is None:
-            self._bits = set()
-
-            def look(value):
-                if isinstance(value, dict):
-                    if "bits_of" in value:
-                        self._bits.add(value["bits_of"])
-                    for each in value.values():
-                        if isinstance(each, (dict, list)):
-                            look(each)
-                elif isinstance(value, list):
-                    for each in value:
-                        look(each)
-
-            for part in (self._interface.methods, self._interface.structs, self._interface.typedefs):
-                look(part)
+            interface = self._interface
+            values = list(interface.typedefs.values())
+            for each in interface.methods.values():
+                values += each["arguments"]
+            for each in interface.structs.values():
+                values += each["members"]
+            for each in values:  # it grows by the members of structs in place
+                values += each.get("members", ())
+            self._bits = {each["bits_of"] for each in values if "bits_of" in each}
         return self._bits
