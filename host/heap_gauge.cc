@@ -10,7 +10,8 @@
 #include "file_descriptor.h"
 
 #if defined(__SANITIZE_ADDRESS__)
-#include <sanitizer/allocator_interface.h>
+// Of the sanitizers' run-time library; GCC does not install the header that declares it.
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 #elif defined(LMQ_HOST_MIMALLOC)
 #include <mimalloc.h>
 #else
