@@ -54,7 +54,7 @@ class Alignment {
         for (const auto &[name, value] : one.arguments.items()) {
             const bool is_key = std::find(change.keys.begin(), change.keys.end(), name) != change.keys.end();
             const bool is_taken = std::any_of(change.arguments.begin(), change.arguments.end(),
-                                              [&](const Json &source) { return source == name; });
+                                              [&name = name](const Json &source) { return source == name; });
             if ((is_key || !is_taken) && another.arguments.value(name, Json()) != value) return false;
         }
         return true;

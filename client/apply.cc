@@ -141,7 +141,7 @@ class Planner {
         const Json now = found == now_.settings.end() ? Json::object() : found->second;
         for (auto &[name, value] : setting.second.items()) {
             const auto parameter = std::find_if(method.parameters.begin(), method.parameters.end(),
-                                                [&](const Parameter &each) { return each.name == name; });
+                                                [&name = name](const Parameter &each) { return each.name == name; });
             value = to_be_sent(*context_.types().parameter(*parameter), value, now.value(name, Json()));
         }
         ApplyStep step{setting_line(context_, setting), method.name};
