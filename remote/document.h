@@ -11,6 +11,8 @@
 #include <string_view>
 #include <vector>
 
+#include "host/plain_reader.h"
+
 namespace lmq::remote {
 
 enum class Form : std::uint8_t { open, nil, int32, int64, string, array, structure, other };
@@ -27,12 +29,14 @@ struct Value {
 
 class Document {
   public:
-    Document();
+    /// @param reads_plain Whether an answer in the usual form is read without expat, which makes no difference but in
+    ///                    time.
+    explicit Document(bool reads_plain = true);
     Document(const Document &) = delete;
     Document &operator=(const Document &) = delete;
 
     /// Reads an answer in the place of the one before.
-    /// @param xml The document; it is changed where it holds characters that XML has no form for.
+    /// @param xml The document, which is changed where it holds characters that XML has no form for.
     /// @return What is wrong with it, in words; "" if nothing is.
     std::string read(std::string &xml);
 
@@ -56,16 +60,22 @@ class Document {
   private:
     enum class Tag : std::uint8_t;
     struct Element;
+    struct Events;
     static const Element *element(std::string_view name);
     template <class Work>
     static void within(void *self, Work work);
+    void clear();
+    bool read_plain(std::string_view xml);
+    bool read_any(std::string &xml);
     void begin(std::string_view name);
     void finish();
     void set_value(Tag tag, std::string_view text);
     void refuse(const std::string &why);
     Value &open_value() { return values_[open_values_.back()]; }
 
-    std::unique_ptr<XML_ParserStruct, void (*)(XML_Parser)> parser_;
+    bool reads_plain_;
+    host::PlainReader plain_;
+    std::unique_ptr<XML_ParserStruct, void (*)(XML_Parser)> parser_;  // for what the other does not know
     unsigned long salt_ = 0;
     std::vector<Value> values_;
     std::string texts_;

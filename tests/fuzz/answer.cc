@@ -1,6 +1,7 @@
 // Fuzzer of what a host answers: whatever it is, a call of the remote driver writes within the caller's buffers and
 // nowhere else, and changes nothing if it fails. The input is the answer to each of a few calls, which stand for the
-// forms that arguments have; a connection made of this file takes the place of the sockets.
+// forms that arguments have; a connection made of this file takes the place of the sockets. Both readers of XML that
+// the remote driver has must have found the same in it.
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
@@ -12,6 +13,7 @@
 #include "lmq/lmq.h"
 #include "lmq/remote.h"
 #include "remote/connection.h"
+#include "remote/document.h"
 
 namespace {
 
@@ -23,6 +25,21 @@ class Canned : public lmq::remote::Connection {
     lmq::remote::Answer post(const std::string &) override { return {200, answer}; }
     lmq::remote::Answer get(const std::string &) override { return {404, ""}; }
 };
+
+void compare_readers() {
+    static lmq::remote::Document any(false), usual(true);
+    std::string first = answer, second = answer;
+    const std::string wrong = any.read(first);
+    if (wrong != usual.read(second) || (wrong.empty() && any.is_fault() != usual.is_fault())) std::abort();
+    if (!wrong.empty()) return;
+    const lmq::remote::Value *other = &usual.root();
+    for (const auto *each = &any.root(); each != any.end(); ++each, ++other) {
+        const bool same = other != usual.end() && each->form == other->form && each->count == other->count &&
+                          each->next == other->next && each->number == other->number &&
+                          any.text(*each) == usual.text(*other) && any.name(*each) == usual.name(*other);
+        if (!same) std::abort();
+    }
+}
 
 bool failed(std::int64_t status) { return status >= LMQ_REMOTE_NOT_SENT && status <= LMQ_REMOTE_MISFIT; }
 
@@ -95,6 +112,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     // The first byte chooses the call.
     if (size == 0) return 0;
     answer.assign(reinterpret_cast<const char *>(data) + 1, size - 1);
+    compare_readers();
     switch (data[0] % 6) {
         case 0: {
             Guarded<vx_uint8, 6> mac;
