@@ -20,7 +20,7 @@ import unittest
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent))
 import values  # noqa: E402
 
-GUARD = 64
+GUARD = 512  # more than the longest transfer, so that what runs over is seen and harms nothing else
 PATTERNS = (0xA5, 0x5A)
 
 # Functions that may never succeed here, and why. All others must.
