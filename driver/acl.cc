@@ -26,16 +26,18 @@ template <typename Body>
 vx_status_e on_port(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id,
                     std::initializer_list<const void *> pointers, Body body) {
     return on_device(function, dev_id, pointers, [&](Device &device) {
-        refuse_if(port_id > VX_PORT_VOIP0, VX_ERR_PORT_NUM_OUT_OF_RANGE);
-        body(device.acl.ports[port_id]);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+        return run(body, device.acl.ports[port_id]);
     });
 }
 
-void check(const Field &field, bool ref_point) {
+[[nodiscard]] vx_status_e check(const Field &field, bool ref_point) {
     if (ref_point) {
-        check_range(field.ref_point, VX_ACL_CUSTOM_FIELD_EXT_REF_POINT_L2_HDR,
-                    VX_ACL_CUSTOM_FIELD_EXT_REF_POINT_START_OF_PKT);
+        if (!is_in_range(field.ref_point, VX_ACL_CUSTOM_FIELD_EXT_REF_POINT_L2_HDR,
+                         VX_ACL_CUSTOM_FIELD_EXT_REF_POINT_START_OF_PKT))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
     }
+    return VX_SUCCESS;
 }
 
 /* The custom fields that a key names, as bits. Both kinds of key have these alternatives, at the same place. */
@@ -64,30 +66,33 @@ auto find(Acl::Port &port, const vx_flow_key_t &key) {
                         [&](const Filter &filter) { return std::memcmp(&filter.flow_key, &key, sizeof key) == 0; });
 }
 
-void add(Acl::Port &port, const Filter &filter) {
+[[nodiscard]] vx_status_e add(Acl::Port &port, const Filter &filter) {
     const vx_uint32 fields = fields_of(filter.flow_key);
     for (vx_uint32 index = 0; index < 32; ++index) {
         if ((fields >> index & 1U) == 0) continue;
-        refuse_if(index >= Acl::field_count || !port.fields[index].valid, VX_ERR_FE_CLS_KEY_RESOURCE_UNAVAIL);
+        if (index >= Acl::field_count || !port.fields[index].valid) return VX_ERR_FE_CLS_KEY_RESOURCE_UNAVAIL;
     }
     const auto kept = find(port, filter.flow_key);
     if (kept != port.filters.end()) {
-        throw Refusal{kept->filter_type == filter.filter_type ? VX_ERR_FE_DUPLICATE_CUSTOM_FILTER
-                                                              : VX_ERR_FE_MAC_FILTER_MODE_CONFILCT};
+        return kept->filter_type == filter.filter_type ? VX_ERR_FE_DUPLICATE_CUSTOM_FILTER
+                                                       : VX_ERR_FE_MAC_FILTER_MODE_CONFILCT;
     }
-    refuse_if(port.filters.size() >= Acl::max_filters, VX_ERR_FE_CLS_ENTRY_UNAVAIL);
+    if (port.filters.size() >= Acl::max_filters) return VX_ERR_FE_CLS_ENTRY_UNAVAIL;
     port.filters.push_back(filter);
+    return VX_SUCCESS;
 }
 
-void remove(Acl::Port &port, const vx_flow_key_t &key) {
+[[nodiscard]] vx_status_e remove(Acl::Port &port, const vx_flow_key_t &key) {
     const auto kept = find(port, key);
-    refuse_if(kept == port.filters.end(), VX_ERR_GLBL_ENTRY_NOT_FOUND);
+    if (kept == port.filters.end()) return VX_ERR_GLBL_ENTRY_NOT_FOUND;
     port.filters.erase(kept);
+    return VX_SUCCESS;
 }
 
-void check_key_type(const Filter &filter) {
+[[nodiscard]] vx_status_e check_key_type(const Filter &filter) {
     const vx_cl_key_type_t type = filter.flow_key.us.key_type;
-    refuse_if(type <= VX_CL_KEY_INVALID || type >= VX_CL_KEY_MAX, VX_ERR_FE_CLS_INVALID_KEY_TYPE);
+    if (type <= VX_CL_KEY_INVALID || type >= VX_CL_KEY_MAX) return VX_ERR_FE_CLS_INVALID_KEY_TYPE;
+    return VX_SUCCESS;
 }
 
 vx_status_e set_unknown(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id, bool allow) {
@@ -118,9 +123,11 @@ vx_status_e vx_acl_unknown_flow_status_get(vx_dev_id_t dev_id, vx_port_id_t port
 vx_status_e vx_acl_custom_field_parser_config_set(vx_dev_id_t dev_id, vx_port_id_t port_id,
                                                   vx_acl_custom_field_parser_cfg_t *p_cfg) {
     return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Acl::Port &port) {
-        check_range(p_cfg->ext_mode, VX_ACL_CUSTOM_FIELD_EXT_MODE_STATIC, VX_CUSTOM_FIELD_EXT_MODE_DYNAMIC);
-        check_range(p_cfg->pkt_type_bitmap, 0, VX_ACL_CUSTOM_FIELD_PKT_TYPE_BITMAP_ALL);
+        if (!is_in_range(p_cfg->ext_mode, VX_ACL_CUSTOM_FIELD_EXT_MODE_STATIC, VX_CUSTOM_FIELD_EXT_MODE_DYNAMIC) ||
+            !is_in_range(p_cfg->pkt_type_bitmap, 0, VX_ACL_CUSTOM_FIELD_PKT_TYPE_BITMAP_ALL))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         port.parser = *p_cfg;
+        return VX_SUCCESS;
     });
 }
 
@@ -132,37 +139,36 @@ vx_status_e vx_acl_custom_field_parser_config_get(vx_dev_id_t dev_id, vx_port_id
 vx_status_e vx_acl_custom_pkt_field_table_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 tbl_indx,
                                               vx_acl_op_mode_t op_mode, vx_acl_custom_pkt_field_tbl_entry_t *p_entry) {
     return on_port(__func__, dev_id, port_id, {p_entry}, [&](Acl::Port &port) {
-        check_range(tbl_indx, 0, Acl::field_count - 1);
+        if (!is_in_range(tbl_indx, 0, Acl::field_count - 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         Field &kept = port.fields[tbl_indx];
         const auto &flags = p_entry->mask;
         const vx_boolean half = p_entry->lsb_or_msb ? TRUE : FALSE;
         switch (op_mode) {
             case VX_ACL_OP_ADD:
-                refuse_if(kept.valid, VX_ERR_GLBL_ENTRY_EXIST);
-                check(*p_entry, true);
+                if (kept.valid) return VX_ERR_GLBL_ENTRY_EXIST;
+                if (const vx_status_e refused = check(*p_entry, true)) return refused;
                 kept = *p_entry;
                 kept.valid = TRUE;
                 kept.lsb_or_msb = half;
                 kept.mask = {.ref_point = 1, .key = 1, .valid_bitmap = 1, .lsb_or_msb = 1};
-                return;
+                return VX_SUCCESS;
             case VX_ACL_OP_DELETE:
-                refuse_if(!kept.valid, VX_ERR_GLBL_ENTRY_NOT_FOUND);
-                refuse_if(
-                    std::any_of(port.filters.begin(), port.filters.end(),
-                                [&](const Filter &filter) { return fields_of(filter.flow_key) >> tbl_indx & 1U; }),
-                    VX_ERR_GLBL_INVALID_OP);
+                if (!kept.valid) return VX_ERR_GLBL_ENTRY_NOT_FOUND;
+                if (std::any_of(port.filters.begin(), port.filters.end(),
+                                [&](const Filter &filter) { return fields_of(filter.flow_key) >> tbl_indx & 1U; }))
+                    return VX_ERR_GLBL_INVALID_OP;
                 kept = {};
-                return;
+                return VX_SUCCESS;
             case VX_ACL_OP_MODIFY:
-                refuse_if(!kept.valid, VX_ERR_GLBL_ENTRY_NOT_FOUND);
-                check(*p_entry, flags.ref_point);
+                if (!kept.valid) return VX_ERR_GLBL_ENTRY_NOT_FOUND;
+                if (const vx_status_e refused = check(*p_entry, flags.ref_point)) return refused;
                 merge(flags.ref_point, kept.ref_point, p_entry->ref_point);
                 merge(flags.key, kept.key, p_entry->key);
                 merge(flags.valid_bitmap, kept.valid_bitmap, p_entry->valid_bitmap);
                 merge(flags.lsb_or_msb, kept.lsb_or_msb, half);
-                return;
+                return VX_SUCCESS;
         }
-        throw Refusal{VX_ERR_GLBL_RANGE_CHECK_FAIL};
+        return VX_ERR_GLBL_RANGE_CHECK_FAIL;
     });
 }
 
@@ -175,18 +181,19 @@ vx_status_e vx_acl_custom_pkt_field_table_get(vx_dev_id_t dev_id, vx_port_id_t p
 vx_status_e vx_acl_custom_pkt_filter_add(vx_dev_id_t dev_id, vx_port_id_t port_id,
                                          vx_acl_custom_pkt_filter_t *p_entry) {
     return on_port(__func__, dev_id, port_id, {p_entry}, [&](Acl::Port &port) {
-        check_range(p_entry->filter_type, LMQ_FILTER_DISABLE, LMQ_FILTER_NEGATIVE);
-        check_key_type(*p_entry);
+        if (!is_in_range(p_entry->filter_type, LMQ_FILTER_DISABLE, LMQ_FILTER_NEGATIVE))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (const vx_status_e refused = check_key_type(*p_entry)) return refused;
         if (p_entry->filter_type == LMQ_FILTER_DISABLE) return remove(port, p_entry->flow_key);
-        add(port, *p_entry);
+        return add(port, *p_entry);
     });
 }
 
 vx_status_e vx_acl_custom_pkt_filter_delete(vx_dev_id_t dev_id, vx_port_id_t port_id,
                                             vx_acl_custom_pkt_filter_t *p_entry) {
     return on_port(__func__, dev_id, port_id, {p_entry}, [&](Acl::Port &port) {
-        check_key_type(*p_entry);
-        remove(port, p_entry->flow_key);
+        if (const vx_status_e refused = check_key_type(*p_entry)) return refused;
+        return remove(port, p_entry->flow_key);
     });
 }
 

@@ -71,10 +71,12 @@ extern "C" {
 vx_status_e vx_1ag_lbm_config_set(vx_dev_id_t dev_id, vx_1ag_lbm_cfg_t *p_cfg) {
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
         const auto &flags = p_cfg->valid.mask_s;
-        if (flags.md_level) check_range(p_cfg->md_level, 0, VX_CFM_MD_LEVEL_MAX);
-        if (flags.lbr_tx_port) check_port(p_cfg->lbr_tx_port);
-        if (flags.lbr_tx_gem_port) check_range(p_cfg->lbr_tx_gem_port, 0, greatest_gem_port);
-        if (flags.lbr_cos) check_range(p_cfg->lbr_cos, 0, greatest_cos);
+        if (flags.md_level && !is_in_range(p_cfg->md_level, 0, VX_CFM_MD_LEVEL_MAX))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (flags.lbr_tx_port && is_no_port(p_cfg->lbr_tx_port)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+        if (flags.lbr_tx_gem_port && !is_in_range(p_cfg->lbr_tx_gem_port, 0, greatest_gem_port))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (flags.lbr_cos && !is_in_range(p_cfg->lbr_cos, 0, greatest_cos)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         vx_1ag_lbm_cfg_t &kept = device.cfm.lbm;
         merge(flags.enbl_lbm_proc, kept.enbl_lbm_proc, as_boolean(p_cfg->enbl_lbm_proc));
         merge(flags.accept_mcast_da, kept.accept_mcast_da, as_boolean(p_cfg->accept_mcast_da));
@@ -82,6 +84,7 @@ vx_status_e vx_1ag_lbm_config_set(vx_dev_id_t dev_id, vx_1ag_lbm_cfg_t *p_cfg) {
         merge(flags.lbr_tx_port, kept.lbr_tx_port, p_cfg->lbr_tx_port);
         merge(flags.lbr_tx_gem_port, kept.lbr_tx_gem_port, p_cfg->lbr_tx_gem_port);
         merge(flags.lbr_cos, kept.lbr_cos, p_cfg->lbr_cos);
+        return VX_SUCCESS;
     });
 }
 
@@ -119,9 +122,10 @@ vx_status_e vx_1ag_ccm_config_get(vx_dev_id_t dev_id, vx_1ag_ccm_cfg_t *p_cfg) {
 vx_status_e vx_1ag_ccm_pkt_buf_set(vx_dev_id_t dev_id, vx_1ag_ccm_pkt_buf_cfg_t *p_cfg) {
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
         const auto &flags = p_cfg->valid.mask_s;
-        if (flags.port_num) check_port(p_cfg->port_num);
+        if (flags.port_num && is_no_port(p_cfg->port_num)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         if (!is_in_range(p_cfg->gem_port_id, 0, greatest_gem_port)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
-        if (flags.pkt_len) check_range(p_cfg->pkt_len, 0, VX_CFM_CCM_PKT_BUFF_SIZE);
+        if (flags.pkt_len && !is_in_range(p_cfg->pkt_len, 0, VX_CFM_CCM_PKT_BUFF_SIZE))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         vx_1ag_ccm_pkt_buf_cfg_t &kept = up_to_date(device).packet;
         merge(flags.port_num, kept.port_num, p_cfg->port_num);
         kept.gem_port_id = p_cfg->gem_port_id;

@@ -70,27 +70,21 @@ void System::begin_call() {
     }
 }
 
-std::optional<Device> &System::slot(std::int64_t dev_id) {
-    refuse_if(dev_id < 0 || dev_id >= LMQ_NUM_DEVICES, VX_ERR_DEV_ID_INVALID);
+Result<std::optional<Device> &> System::slot(std::int64_t dev_id) {
+    if (!is_in_range(dev_id, 0, LMQ_NUM_DEVICES - 1)) return VX_ERR_DEV_ID_INVALID;
     return devices_[static_cast<std::size_t>(dev_id)];
 }
 
-vx_status_e System::state_of(std::int64_t dev_id) const {
-    if (dev_id < 0 || dev_id >= LMQ_NUM_DEVICES) return VX_ERR_DEV_ID_INVALID;
-    return devices_[static_cast<std::size_t>(dev_id)] ? VX_SUCCESS : VX_ERR_DEV_UNINTIALIZED;
+Result<Device &> System::device(std::int64_t dev_id) {
+    const auto at = slot(dev_id);
+    if (!at) return at.status();
+    if (!*at) return VX_ERR_DEV_UNINTIALIZED;
+    return **at;
 }
 
-Device &System::device(std::int64_t dev_id) {
-    const vx_status_e state = state_of(dev_id);
-    refuse_if(state != VX_SUCCESS, state);
-    return *devices_[static_cast<std::size_t>(dev_id)];
-}
-
-void System::start_device(std::int64_t dev_id, const lmq_dev_startup_cfg_s &cfg) {
-    std::optional<Device> &device = slot(dev_id);
-    refuse_if(device.has_value(), VX_ERR_DEV_ALRDY_INITIALIZED);
-    device.emplace(*this, static_cast<vx_dev_id_t>(dev_id), cfg);
-    log(VX_MOD_DRVR_DEV, VX_LOG_LVL_INFO, "device %u is up", static_cast<unsigned>(device->id));
+void System::start_device(vx_dev_id_t dev_id, const lmq_dev_startup_cfg_s &cfg) {
+    devices_[dev_id].emplace(*this, dev_id, cfg);
+    log(VX_MOD_DRVR_DEV, VX_LOG_LVL_INFO, "device %u is up", static_cast<unsigned>(dev_id));
 }
 
 void System::log(vx_mod_id_e module, vx_log_lvl_e level, const char *format, ...) const {
@@ -113,9 +107,9 @@ Chip &Chip::instance() {
     return chip;
 }
 
-System &Chip::system() {
-    refuse_if(!power, VX_ERR_GLBL_SYS_UNINTIALIZED);
-    return *power;
+Result<Device &> Chip::device(std::int64_t dev_id) {
+    if (!power) return VX_ERR_GLBL_SYS_UNINTIALIZED;
+    return power->device(dev_id);
 }
 
 std::optional<vx_status_e> Chip::demanded_failure(const char *function) {

@@ -32,23 +32,14 @@
 #include "driver/peripheral.h"
 #include "driver/policer.h"
 #include "driver/preset.h"
+#include "driver/result.h"
+#include "driver/store.h"
 #include "driver/time.h"
 #include "driver/traffic.h"
 #include "driver/vlan_bridge.h"
 #include "lmq/lmq.h"
 
 namespace lmq::sim {
-
-/// Thrown by an operation that cannot do what it is asked; the caller of the driver gets the status. An operation that
-/// refuses in its own body can return the status as well, which takes a tenth of a small call less.
-struct Refusal {
-    vx_status_e status;
-};
-
-/// Ends the operation with a status. Check everything before the first change: nothing is rolled back.
-inline void refuse_if(bool wrong, vx_status_e status) {
-    if (wrong) throw Refusal{status};
-}
 
 /// Whether first <= value <= last.
 constexpr bool is_in_range(std::int64_t value, std::int64_t first, std::int64_t last) {
@@ -58,19 +49,21 @@ constexpr bool is_in_range(std::int64_t value, std::int64_t first, std::int64_t 
 /// Whether a number is no port of a device.
 constexpr bool is_no_port(std::int64_t port) { return port > VX_PORT_VOIP0; }
 
-/// Ends the operation with VX_ERR_GLBL_RANGE_CHECK_FAIL unless first <= value <= last.
-inline void check_range(std::int64_t value, std::int64_t first, std::int64_t last) {
-    refuse_if(!is_in_range(value, first, last), VX_ERR_GLBL_RANGE_CHECK_FAIL);
-}
-
-/// Refuses a number that is no port of a device.
-inline void check_port(std::int64_t port) { refuse_if(is_no_port(port), VX_ERR_PORT_NUM_OUT_OF_RANGE); }
-
 /// Clears what is no flag in the word of a mask: an assignment of its flags leaves that to chance.
 /// @param flags How many flags there are, from the lowest bit on.
 template <class Valid>
 void clear_beside_flags(Valid &valid, unsigned flags) {
     valid.mask &= static_cast<decltype(valid.mask)>((1ULL << flags) - 1);
+}
+
+/// The status of an insertion into a Table.
+constexpr vx_status_e as_status(Insert result) {
+    switch (result) {
+        case Insert::ok: break;
+        case Insert::exists: return VX_ERR_GLBL_ENTRY_EXIST;
+        case Insert::full: return VX_ERR_GLBL_SW_RESOURCE_UNAVAIL;
+    }
+    return VX_SUCCESS;
 }
 
 /// A boolean as it is kept: anything but 0 comes back as 1.
@@ -137,17 +130,14 @@ class System {
     /// A driver function is called: the clock goes on, and what has fallen due since the last call happens.
     void begin_call();
 
-    /// Whether a device is up: VX_SUCCESS, or why the id stands for none that is.
-    vx_status_e state_of(std::int64_t dev_id) const;
-
     /// A device by its id, of whichever integer type. Refuses an id that is none, and a device in reset.
-    Device &device(std::int64_t dev_id);
+    Result<Device &> device(std::int64_t dev_id);
 
     /// Where a device is, or would be. Refuses an id that is none.
-    std::optional<Device> &slot(std::int64_t dev_id);
+    Result<std::optional<Device> &> slot(std::int64_t dev_id);
 
-    /// Takes a device out of reset. Refuses one that is up. @param cfg A configuration that was checked.
-    void start_device(std::int64_t dev_id, const lmq_dev_startup_cfg_s &cfg);
+    /// Takes a device out of reset. @param cfg A configuration that was checked.
+    void start_device(vx_dev_id_t dev_id, const lmq_dev_startup_cfg_s &cfg);
 
     /// Writes a line to standard error, stamped with the clock, if the module's log level asks for it.
     [[gnu::format(printf, 4, 5)]] void log(vx_mod_id_e module, vx_log_lvl_e level, const char *format, ...) const;
@@ -171,8 +161,8 @@ class Chip {
   public:
     static Chip &instance();
 
-    /// The system. Refuses while there is none.
-    System &system();
+    /// A device by its id. Refuses while there is no system, and as System::device() does.
+    Result<Device &> device(std::int64_t dev_id);
 
     /// Counts a call. @return The status that it has to fail with, by LMQ_SIM_FAIL or by the preset, if it has to.
     std::optional<vx_status_e> demanded_failure(const char *function);
@@ -191,29 +181,25 @@ inline bool is_any_null(std::initializer_list<const void *> pointers) {
     return false;
 }
 
-/// Ends the operation with a status if any of the pointers is NULL.
-inline void check_pointers(std::initializer_list<const void *> pointers, vx_status_e status) {
-    refuse_if(is_any_null(pointers), status);
-}
-
 /// Runs the body of an operation, which returns a status, or nothing for VX_SUCCESS.
-template <typename Body, typename On>
-vx_status_e run(const Body &body, On &on) {
-    if constexpr (std::is_void_v<decltype(body(on))>) {
-        body(on);
+template <typename Body, typename... On>
+vx_status_e run(const Body &body, On &&...on) {
+    if constexpr (std::is_void_v<decltype(body(on...))>) {
+        body(on...);
         return VX_SUCCESS;
     } else {
-        return body(on);
+        return body(on...);
     }
 }
 
 /// Runs an operation, one at a time, and lets no exception out. All driver functions go through here.
 ///
-/// An operation must not call a driver function: the lock is held.
+/// An operation must not call a driver function: the lock is held. It refuses by returning a status: an exception costs
+/// ten times a small refused call. It checks everything before the first change, for nothing is rolled back.
 ///
 /// @param function The driver function's name, for messages: __func__.
 /// @param body     Gets the Chip, whatever its state.
-/// @return VX_SUCCESS, or what the body returns or was refused with.
+/// @return What the body returns; VX_SUCCESS if it returns nothing.
 template <typename Body>
 vx_status_e guarded(const char *function, Body body) noexcept {
     try {
@@ -222,8 +208,6 @@ vx_status_e guarded(const char *function, Body body) noexcept {
         if (chip.power) chip.power->begin_call();
         if (const auto failure = chip.demanded_failure(function)) return *failure;
         return run(body, chip);
-    } catch (const Refusal &refusal) {
-        return refusal.status;
     } catch (...) {
         return status_of_exception(function);
     }
@@ -243,9 +227,10 @@ template <typename Body>
 vx_status_e on_device(const char *function, std::int64_t dev_id, std::initializer_list<const void *> pointers,
                       Body body) noexcept {
     return on_system(function, [&](System &system) {
-        if (const vx_status_e state = system.state_of(dev_id); state != VX_SUCCESS) return state;
+        const Result<Device &> device = system.device(dev_id);
+        if (!device) return device.status();
         if (is_any_null(pointers)) return VX_ERR_DEV_NULL_PTR;
-        return run(body, system.device(dev_id));
+        return run(body, *device);
     });
 }
 

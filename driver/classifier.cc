@@ -34,15 +34,15 @@ template <typename Body>
 vx_status_e on_port(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id,
                     std::initializer_list<const void *> pointers, Body body) {
     return on_device(function, dev_id, pointers, [&](Device &device) {
-        check_port(port_id);
-        body(device.classifier.ports[port_id]);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+        return run(body, device.classifier.ports[port_id]);
     });
 }
 
 /* An element of a table by an index of the interface. */
 template <typename T, std::size_t N>
-T &at(std::array<T, N> &table, std::int64_t index) {
-    check_range(index, 0, N - 1);
+Result<T &> at(std::array<T, N> &table, std::int64_t index) {
+    if (!is_in_range(index, 0, N - 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
     return table[static_cast<std::size_t>(index)];
 }
 
@@ -113,8 +113,9 @@ vx_cl_key_type_t flow_key_type(lmq_fe_cls_key_type_e type) {
     }
 }
 
-void check_engine(lmq_fe_id_e engine) {
-    refuse_if(engine < LMQ_FE_UPSTREAM || engine > LMQ_FE_CPU_MA, VX_ERR_FE_INVALID_FE_ID);
+[[nodiscard]] vx_status_e check_engine(lmq_fe_id_e engine) {
+    if (engine < LMQ_FE_UPSTREAM || engine > LMQ_FE_CPU_MA) return VX_ERR_FE_INVALID_FE_ID;
+    return VX_SUCCESS;
 }
 
 bool has_rules(const Port &port, const vx_cls_domain_res_t &domain) {
@@ -123,32 +124,38 @@ bool has_rules(const Port &port, const vx_cls_domain_res_t &domain) {
                        [](const Rule &rule) { return rule.entryvalid != FALSE; });
 }
 
-void set_domain(Port &port, vx_uint8 domain_id, const vx_cls_domain_res_t &given) {
-    vx_cls_domain_res_t &kept = at(port.domains, domain_id);
+[[nodiscard]] vx_status_e set_domain(Port &port, vx_uint8 domain_id, const vx_cls_domain_res_t &given) {
+    const Result<vx_cls_domain_res_t &> kept = at(port.domains, domain_id);
+    if (!kept) return kept.status();
     const auto begin = [](const auto &domain) { return unsigned{domain.cl_entry_start}; };
     const auto end = [](const auto &domain) { return unsigned{domain.cl_entry_start} + domain.cl_entry_length; };
-    check_range(end(given), 0, Classifier::max_entries);
+    if (!is_in_range(end(given), 0, Classifier::max_entries)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
     for (const vx_cls_domain_res_t &other : port.domains) {
         const bool share = given.cl_entry_length != 0 && other.cl_entry_length != 0 && begin(given) < end(other) &&
                            begin(other) < end(given);
-        refuse_if(&other != &kept && share, VX_ERR_FE_CLS_ENTRY_UNAVAIL);
+        if (&other != &*kept && share) return VX_ERR_FE_CLS_ENTRY_UNAVAIL;
     }
-    const bool moved = begin(given) != begin(kept) || end(given) != end(kept);
-    refuse_if(moved && has_rules(port, kept), VX_ERR_GLBL_INVALID_OP);
-    kept = given;
+    const bool moved = begin(given) != begin(*kept) || end(given) != end(*kept);
+    if (moved && has_rules(port, *kept)) return VX_ERR_GLBL_INVALID_OP;
+    *kept = given;
+    return VX_SUCCESS;
 }
 
-/* The place of a rule or record among those of the port; `each` of them belong to an entry. */
-std::size_t place(Port &port, vx_uint8 domain_id, vx_uint8 offset, std::size_t each) {
-    const vx_cls_domain_res_t &domain = at(port.domains, domain_id);
-    refuse_if(offset >= domain.cl_entry_length * each, VX_ERR_FE_CLS_ENTRY_UNAVAIL);
-    return domain.cl_entry_start * each + offset;
+/* A rule or record among those of the port; `each` of them belong to an entry. */
+template <typename T, std::size_t N>
+Result<T &> of_domain(Port &port, std::array<T, N> &all, vx_uint8 domain_id, vx_uint8 offset, std::size_t each) {
+    const Result<vx_cls_domain_res_t &> domain = at(port.domains, domain_id);
+    if (!domain) return domain.status();
+    if (offset >= domain->cl_entry_length * each) return VX_ERR_FE_CLS_ENTRY_UNAVAIL;
+    return all[domain->cl_entry_start * each + offset];
 }
 
-Rule &rule_at(Port &port, vx_uint8 domain_id, vx_uint8 offset) { return port.rules[place(port, domain_id, offset, 1)]; }
+Result<Rule &> rule_at(Port &port, vx_uint8 domain_id, vx_uint8 offset) {
+    return of_domain(port, port.rules, domain_id, offset, 1);
+}
 
-Fib &fib_at(Port &port, vx_uint8 domain_id, vx_uint8 offset) {
-    return port.fibs[place(port, domain_id, offset, Classifier::records_per_entry)];
+Result<Fib &> fib_at(Port &port, vx_uint8 domain_id, vx_uint8 offset) {
+    return of_domain(port, port.fibs, domain_id, offset, Classifier::records_per_entry);
 }
 
 void clear_entry(Port &port, std::size_t entry) {
@@ -157,44 +164,52 @@ void clear_entry(Port &port, std::size_t entry) {
                 Classifier::records_per_entry, Fib{});
 }
 
-void check(const Fib &fib) {
+[[nodiscard]] vx_status_e check(const Fib &fib) {
     const auto &flags = fib.valid.mask_s;
     if (flags.dst_port_fields) {
-        check_port(fib.dst_port_num);
-        check_range(fib.gem_id_sel, LMQ_FE_CLS_GEM_SEL_CLS, LMQ_FE_CLS_GEM_SEL_INVALID_GEM);
+        if (is_no_port(fib.dst_port_num)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+        if (!is_in_range(fib.gem_id_sel, LMQ_FE_CLS_GEM_SEL_CLS, LMQ_FE_CLS_GEM_SEL_INVALID_GEM))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
     }
     if (flags.vlan_fields) {
-        check_range(fib.inner_vlan_cmd, LMQ_FE_CLS_VLAN_CMD_NOP, LMQ_FE_CLS_VLAN_CMD_SWAP);
-        check_range(fib.inner_tpid_sel, LMQ_FE_CLS_INNER_TPID_SEL_NOP, LMQ_FE_CLS_INNER_TPID_SEL_RX_PKT_OUTER_TPID);
-        check_range(fib.top_vlan_cmd, LMQ_FE_CLS_VLAN_CMD_NOP, LMQ_FE_CLS_VLAN_CMD_SWAP);
-        check_range(fib.top_tpid_sel, LMQ_FE_CLS_OUTER_TPID_SEL_NOP, LMQ_FE_CLS_OUTER_TPID_SEL_RX_PKT_OUTER_TPID);
-        check_range(fib.egr_chk_vlan_sel, LMQ_FE_CLS_EGR_CHK_VLAN_OUTER, LMQ_FE_CLS_EGR_CHK_VLAN_DONT_CARE);
-        refuse_if(fib.inner_vid > 4095 || fib.top_vid > 4095, VX_ERR_FE_INVALID_VLAN_ID);
-        check_range(fib.outer_de_value, 0, 1);
-        check_range(fib.inner_de_value, 0, 1);
+        if (!is_in_range(fib.inner_vlan_cmd, LMQ_FE_CLS_VLAN_CMD_NOP, LMQ_FE_CLS_VLAN_CMD_SWAP) ||
+            !is_in_range(fib.inner_tpid_sel, LMQ_FE_CLS_INNER_TPID_SEL_NOP,
+                         LMQ_FE_CLS_INNER_TPID_SEL_RX_PKT_OUTER_TPID) ||
+            !is_in_range(fib.top_vlan_cmd, LMQ_FE_CLS_VLAN_CMD_NOP, LMQ_FE_CLS_VLAN_CMD_SWAP) ||
+            !is_in_range(fib.top_tpid_sel, LMQ_FE_CLS_OUTER_TPID_SEL_NOP,
+                         LMQ_FE_CLS_OUTER_TPID_SEL_RX_PKT_OUTER_TPID) ||
+            !is_in_range(fib.egr_chk_vlan_sel, LMQ_FE_CLS_EGR_CHK_VLAN_OUTER, LMQ_FE_CLS_EGR_CHK_VLAN_DONT_CARE))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (fib.inner_vid > 4095 || fib.top_vid > 4095) return VX_ERR_FE_INVALID_VLAN_ID;
+        if (!is_in_range(fib.outer_de_value, 0, 1) || !is_in_range(fib.inner_de_value, 0, 1))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
     }
     if (flags.dscp_fields) {
-        check_range(fib.dscp_sel, LMQ_FE_CLS_DSCP_SEL_RX_PKT, LMQ_FE_CLS_DSCP_SEL_MAP_RX_DOT1P);
-        refuse_if(fib.dscp > 63, VX_ERR_FE_CLS_KEY_INVALID_DSCP_VALUE);
+        if (!is_in_range(fib.dscp_sel, LMQ_FE_CLS_DSCP_SEL_RX_PKT, LMQ_FE_CLS_DSCP_SEL_MAP_RX_DOT1P))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (fib.dscp > 63) return VX_ERR_FE_CLS_KEY_INVALID_DSCP_VALUE;
     }
     if (flags.dot1p_fields) {
-        check_range(fib.inner_dot1p_sel, LMQ_FE_CLS_DOT1P_SEL_RX_PKT, LMQ_FE_CLS_DOT1P_SEL_PORT_DEF);
-        check_range(fib.top_dot1p_sel, LMQ_FE_CLS_DOT1P_SEL_RX_PKT, LMQ_FE_CLS_DOT1P_SEL_PORT_DEF);
-        check_range(fib.inner_dot1p, 0, 7);
-        check_range(fib.top_dot1p, 0, 7);
+        if (!is_in_range(fib.inner_dot1p_sel, LMQ_FE_CLS_DOT1P_SEL_RX_PKT, LMQ_FE_CLS_DOT1P_SEL_PORT_DEF) ||
+            !is_in_range(fib.top_dot1p_sel, LMQ_FE_CLS_DOT1P_SEL_RX_PKT, LMQ_FE_CLS_DOT1P_SEL_PORT_DEF) ||
+            !is_in_range(fib.inner_dot1p, 0, 7) || !is_in_range(fib.top_dot1p, 0, 7))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
     }
     if (flags.cos_fields) {
-        check_range(fib.cos_sel, LMQ_FE_CLS_COS_SEL_PORT_DEF, LMQ_FE_CLS_COS_SEL_MAP_RX_DSCP);
-        check_range(fib.cos, 0, 7);
+        if (!is_in_range(fib.cos_sel, LMQ_FE_CLS_COS_SEL_PORT_DEF, LMQ_FE_CLS_COS_SEL_MAP_RX_DSCP) ||
+            !is_in_range(fib.cos, 0, 7))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
     }
     if (flags.rate_limit_fields) {
-        check_range(fib.flow_id_sel, LMQ_FE_CLS_FLOW_ID_SEL_NO_RATE_LIMIT, LMQ_FE_CLS_FLOW_ID_SEL_MAP_TX_COS);
+        if (!is_in_range(fib.flow_id_sel, LMQ_FE_CLS_FLOW_ID_SEL_NO_RATE_LIMIT, LMQ_FE_CLS_FLOW_ID_SEL_MAP_TX_COS))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
     }
+    return VX_SUCCESS;
 }
 
 /* Takes the members of a record over that are not in a group, and the groups that are flagged. */
-void take(Fib &kept, const Fib &given) {
-    check(given);
+[[nodiscard]] vx_status_e take(Fib &kept, const Fib &given) {
+    if (const vx_status_e refused = check(given)) return refused;
     const auto &flags = given.valid.mask_s;
     kept.valid_flag = as_boolean(given.valid_flag);
     kept.permit = as_boolean(given.permit);
@@ -248,6 +263,7 @@ void take(Fib &kept, const Fib &given) {
         kept.sw_id_sel = as_boolean(given.sw_id_sel);
         kept.sw_id = given.sw_id;
     }
+    return VX_SUCCESS;
 }
 
 Fib flagged(const Fib &kept) {
@@ -271,8 +287,10 @@ std::optional<Clock::Time> aged_at(const Port &port, const Classifier::Aging &ag
 }
 
 /* The place of a range among those of its kind. */
-vx_cls_l4_port_range_t &range_at(Port &port, vx_cls_l4_port_type_t type, vx_uint8 index) {
-    return at(at(port.ranges, type), index);
+Result<vx_cls_l4_port_range_t &> range_at(Port &port, vx_cls_l4_port_type_t type, vx_uint8 index) {
+    const auto ranges = at(port.ranges, type);
+    if (!ranges) return ranges.status();
+    return at(*ranges, index);
 }
 
 void print_rule(const Device &device, vx_port_id_t port_id, const Port &port, std::size_t entry) {
@@ -322,13 +340,14 @@ vx_status_e vx_cls_ctrl_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_cls_cl_
         const auto &flags = cfg->valid;
         const bool reversed = std::lexicographical_compare(std::begin(cfg->mac_da_high), std::end(cfg->mac_da_high),
                                                            std::begin(cfg->mac_da_low), std::end(cfg->mac_da_low));
-        refuse_if(flags.mac_da_range && reversed, VX_ERR_GLBL_INVALID_PARAMS);
+        if (flags.mac_da_range && reversed) return VX_ERR_GLBL_INVALID_PARAMS;
         vx_cls_cl_ctrl_t &kept = port.control;
         merge(flags.mac_da_range, kept.mac_da_high, cfg->mac_da_high);
         merge(flags.mac_da_range, kept.mac_da_low, cfg->mac_da_low);
         merge(flags.mac_filter_aging_en, kept.mac_filter_aging_en, as_boolean(cfg->mac_filter_aging_en));
         merge(flags.tos_ecn_msk_en, kept.tos_ecn_msk_en, as_boolean(cfg->tos_ecn_msk_en));
         merge(flags.ce_msk_cfi_flg, kept.ce_msk_cfi_flg, as_boolean(cfg->ce_msk_cfi_flg));
+        return VX_SUCCESS;
     });
 }
 
@@ -341,51 +360,62 @@ vx_status_e vx_cls_ctrl_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_cls_cl_
 
 vx_status_e vx_cls_domain_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 domain_id,
                               vx_cls_domain_res_t *p_cfg) {
-    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) { set_domain(port, domain_id, *p_cfg); });
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) { return set_domain(port, domain_id, *p_cfg); });
 }
 
 vx_status_e vx_cls_domain_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 domain_id,
                               vx_cls_domain_res_t *p_cfg) {
-    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) { *p_cfg = at(port.domains, domain_id); });
+    return on_port(__func__, dev_id, port_id, {p_cfg},
+                   [&](Port &port) { return copy(at(port.domains, domain_id), p_cfg); });
 }
 
 vx_status_e vx_cls_domain_rule_clear(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 domain_id) {
     return on_port(__func__, dev_id, port_id, {}, [&](Port &port) {
-        const vx_cls_domain_res_t &domain = at(port.domains, domain_id);
-        for (std::size_t i = 0; i < domain.cl_entry_length; ++i) clear_entry(port, domain.cl_entry_start + i);
+        const Result<vx_cls_domain_res_t &> domain = at(port.domains, domain_id);
+        if (!domain) return domain.status();
+        for (std::size_t i = 0; i < domain->cl_entry_length; ++i) clear_entry(port, domain->cl_entry_start + i);
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_cls_rule_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 domain_id, vx_uint8 rule_offset,
                             vx_cls_rule_cfg_t *p_cfg) {
     return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) {
-        Rule &kept = rule_at(port, domain_id, rule_offset);
-        refuse_if(!visit_keys(*p_cfg, [](const auto &) {}), VX_ERR_FE_CLS_INVALID_KEY_TYPE);
-        kept = p_cfg->entryvalid ? *p_cfg : Rule{};
-        kept.entryvalid = as_boolean(p_cfg->entryvalid);
+        const Result<Rule &> kept = rule_at(port, domain_id, rule_offset);
+        if (!kept) return kept.status();
+        if (!visit_keys(*p_cfg, [](const auto &) {})) return VX_ERR_FE_CLS_INVALID_KEY_TYPE;
+        *kept = p_cfg->entryvalid ? *p_cfg : Rule{};
+        kept->entryvalid = as_boolean(p_cfg->entryvalid);
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_cls_rule_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 domain_id, vx_uint8 rule_offset,
                             vx_cls_rule_cfg_t *p_cfg) {
     return on_port(__func__, dev_id, port_id, {p_cfg},
-                   [&](Port &port) { *p_cfg = rule_at(port, domain_id, rule_offset); });
+                   [&](Port &port) { return copy(rule_at(port, domain_id, rule_offset), p_cfg); });
 }
 
 vx_status_e vx_cls_fib_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 domain_id, vx_uint8 key_offset,
                            vx_cls_fib_data_t *p_cfg) {
-    return on_port(__func__, dev_id, port_id, {p_cfg},
-                   [&](Port &port) { take(fib_at(port, domain_id, key_offset), *p_cfg); });
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) {
+        const Result<Fib &> kept = fib_at(port, domain_id, key_offset);
+        return kept ? take(*kept, *p_cfg) : kept.status();
+    });
 }
 
 vx_status_e vx_cls_fib_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 domain_id, vx_uint8 key_offset,
                            vx_cls_fib_data_t *p_cfg) {
-    return on_port(__func__, dev_id, port_id, {p_cfg},
-                   [&](Port &port) { *p_cfg = flagged(fib_at(port, domain_id, key_offset)); });
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) {
+        const Result<Fib &> kept = fib_at(port, domain_id, key_offset);
+        if (!kept) return kept.status();
+        *p_cfg = flagged(*kept);
+        return VX_SUCCESS;
+    });
 }
 
 vx_status_e vx_cls_no_match_fib_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_cls_fib_data_t *p_cfg) {
-    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) { take(port.no_match, *p_cfg); });
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) { return take(port.no_match, *p_cfg); });
 }
 
 vx_status_e vx_cls_no_match_fib_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_cls_fib_data_t *p_cfg) {
@@ -395,43 +425,50 @@ vx_status_e vx_cls_no_match_fib_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx
 vx_status_e vx_cls_type_no_match_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint32 key_type_bitmap,
                                      vx_uint32 deny_bitmap) {
     return on_port(__func__, dev_id, port_id, {}, [&](Port &port) {
-        refuse_if((key_type_bitmap & ~known_key_types) != 0, VX_ERR_FE_CLS_INVALID_KEY_TYPE);
+        if ((key_type_bitmap & ~known_key_types) != 0) return VX_ERR_FE_CLS_INVALID_KEY_TYPE;
         port.denied_types = (port.denied_types & ~key_type_bitmap) | (deny_bitmap & key_type_bitmap);
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_cls_type_no_match_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint32 key_type_bitmap,
                                      vx_uint32 *deny_bitmap) {
     return on_port(__func__, dev_id, port_id, {deny_bitmap}, [&](Port &port) {
-        refuse_if((key_type_bitmap & ~known_key_types) != 0, VX_ERR_FE_CLS_INVALID_KEY_TYPE);
+        if ((key_type_bitmap & ~known_key_types) != 0) return VX_ERR_FE_CLS_INVALID_KEY_TYPE;
         *deny_bitmap = port.denied_types & key_type_bitmap;
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_cls_l4_port_range_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_cls_l4_port_type_t port_type,
                                      vx_uint8 index, vx_cls_l4_port_range_t *p_cfg) {
     return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) {
-        vx_cls_l4_port_range_t &kept = range_at(port, port_type, index);
-        refuse_if(p_cfg->low_port > p_cfg->high_port, VX_ERR_FE_CLS_INVALID_PORT_RANGE_FOR_L4_PORT);
-        kept = *p_cfg;
-        kept.cmp_en = as_boolean(p_cfg->cmp_en);
+        const Result<vx_cls_l4_port_range_t &> kept = range_at(port, port_type, index);
+        if (!kept) return kept.status();
+        if (p_cfg->low_port > p_cfg->high_port) return VX_ERR_FE_CLS_INVALID_PORT_RANGE_FOR_L4_PORT;
+        *kept = *p_cfg;
+        kept->cmp_en = as_boolean(p_cfg->cmp_en);
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_cls_l4_port_range_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_cls_l4_port_type_t port_type,
                                      vx_uint8 index, vx_cls_l4_port_range_t *p_cfg) {
-    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) { *p_cfg = range_at(port, port_type, index); });
+    return on_port(__func__, dev_id, port_id, {p_cfg},
+                   [&](Port &port) { return copy(range_at(port, port_type, index), p_cfg); });
 }
 
 vx_status_e vx_cls_spcl_ptn_ctrl_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_cls_spcl_ptn_control_t *p_cfg) {
     return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) {
-        check_range(p_cfg->spcl_hdr_mode_sel, CLS_SPCL_MODE_STA, CLS_SPCL_MODE_DYN);
+        if (!is_in_range(p_cfg->spcl_hdr_mode_sel, CLS_SPCL_MODE_STA, CLS_SPCL_MODE_DYN))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         port.pattern_control = {.spcl_hdr_mode_sel = p_cfg->spcl_hdr_mode_sel,
                                 .spcl_hdr_after_l2hdr_en = as_boolean(p_cfg->spcl_hdr_after_l2hdr_en),
                                 .spcl_hdr_after_iphdr_en = as_boolean(p_cfg->spcl_hdr_after_iphdr_en),
                                 .spcl_hdr_after_l4hdr_en = as_boolean(p_cfg->spcl_hdr_after_l4hdr_en),
                                 .spcl_hdr_parsing_en = as_boolean(p_cfg->spcl_hdr_parsing_en),
                                 .spcl_glb_hdr_strt_idx = p_cfg->spcl_glb_hdr_strt_idx};
+        return VX_SUCCESS;
     });
 }
 
@@ -442,32 +479,42 @@ vx_status_e vx_cls_spcl_ptn_ctrl_get(vx_dev_id_t dev_id, vx_port_id_t port_id, v
 vx_status_e vx_cls_spcl_ptn_entry_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 index,
                                       vx_cls_spcl_ptn_t *p_cfg) {
     return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) {
-        vx_cls_spcl_ptn_t &kept = at(port.patterns, index);
-        check_range(p_cfg->spcl_ptn_type, LMQ_CL_SPCL_PTN_TYPE_L2, LMQ_CL_SPCL_PTN_TYPE_STA);
-        check_range(p_cfg->spcl_ptn_cmp, LMQ_CL_SPCL_PTN_CMP_LO, LMQ_CL_SPCL_PTN_CMP_HI);
-        kept = *p_cfg;
+        const Result<vx_cls_spcl_ptn_t &> kept = at(port.patterns, index);
+        if (!kept) return kept.status();
+        if (!is_in_range(p_cfg->spcl_ptn_type, LMQ_CL_SPCL_PTN_TYPE_L2, LMQ_CL_SPCL_PTN_TYPE_STA) ||
+            !is_in_range(p_cfg->spcl_ptn_cmp, LMQ_CL_SPCL_PTN_CMP_LO, LMQ_CL_SPCL_PTN_CMP_HI))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        *kept = *p_cfg;
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_cls_spcl_ptn_entry_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 index,
                                       vx_cls_spcl_ptn_t *p_cfg) {
-    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) { *p_cfg = at(port.patterns, index); });
+    return on_port(__func__, dev_id, port_id, {p_cfg},
+                   [&](Port &port) { return copy(at(port.patterns, index), p_cfg); });
 }
 
 vx_status_e vx_cls_aging_timer_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 index,
                                    vx_cls_mac_aging_t *p_cfg) {
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
         if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
-        Classifier::Aging &kept = at(device.classifier.ports[port_id].aging, index);
-        kept = {.cfg = *p_cfg, .since = device.system.clock.now(), .reported = false};
-        kept.cfg.entry_dynamic = as_boolean(p_cfg->entry_dynamic);
+        const Result<Classifier::Aging &> kept = at(device.classifier.ports[port_id].aging, index);
+        if (!kept) return kept.status();
+        *kept = {.cfg = *p_cfg, .since = device.system.clock.now(), .reported = false};
+        kept->cfg.entry_dynamic = as_boolean(p_cfg->entry_dynamic);
         return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_cls_aging_timer_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 index,
                                    vx_cls_mac_aging_t *p_cfg) {
-    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) { *p_cfg = at(port.aging, index).cfg; });
+    return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) {
+        const Result<Classifier::Aging &> kept = at(port.aging, index);
+        if (!kept) return kept.status();
+        *p_cfg = kept->cfg;
+        return VX_SUCCESS;
+    });
 }
 
 vx_status_e vx_cls_mac_filter_aging_vld_status_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint32 *bitmap_high,
@@ -507,14 +554,15 @@ vx_status_e vx_port_mirror_set(vx_int32 device_id, vx_port_id_t dst_port, vx_uin
                                vx_uint32 tx_port_bitmap) {
     return on_device(__func__, device_id, {}, [&](Device &device) {
         const vx_uint32 mirrored = rx_port_bitmap | tx_port_bitmap;
-        refuse_if(mirrored >> (VX_PORT_VOIP0 + 1) != 0, VX_ERR_PORT_NUM_OUT_OF_RANGE);
+        if (mirrored >> (VX_PORT_VOIP0 + 1) != 0) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         if (mirrored == 0) {
             device.classifier.mirror = {};
-            return;
+            return VX_SUCCESS;
         }
-        check_port(dst_port);
-        refuse_if(mirrored >> dst_port & 1U, VX_ERR_PORT_INVALID_CFG);
+        if (is_no_port(dst_port)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+        if (mirrored >> dst_port & 1U) return VX_ERR_PORT_INVALID_CFG;
         device.classifier.mirror = {.to = dst_port, .rx = rx_port_bitmap, .tx = tx_port_bitmap};
+        return VX_SUCCESS;
     });
 }
 
@@ -537,14 +585,15 @@ vx_status_e vx_cls_debug_status_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx
 
 vx_status_e vx_cls_debug_prog_count_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_cls_debug_prog_ent_cnt_t *p_cfg) {
     return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Port &port) {
-        check_range(p_cfg->entry_addr, 0, Classifier::max_entries - 1);
+        if (!is_in_range(p_cfg->entry_addr, 0, Classifier::max_entries - 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         port.counted = *p_cfg;
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e lmq_get_fe_cl_entry_status(vx_dev_id_t dev_id, lmq_fe_id_e fe_inst, lmq_fe_cl_entry_status *p_status) {
     return on_device(__func__, dev_id, {p_status}, [&](Device &device) {
-        check_engine(fe_inst);
+        if (const vx_status_e refused = check_engine(fe_inst)) return refused;
         *p_status = {};
         for (const auto &[port_id, port] : device.classifier.ports) {
             if (engine_of(port_id) != fe_inst) continue;
@@ -560,20 +609,23 @@ vx_status_e lmq_get_fe_cl_entry_status(vx_dev_id_t dev_id, lmq_fe_id_e fe_inst, 
                     .entry_hit_cnt = port.counted.entry_addr == entry ? port.counted.hit_count : 0};
             }
         }
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e lmq_get_fe_pkt_stats(vx_dev_id_t dev_id, lmq_fe_id_e fe_id, lmq_fe_pkt_stats_s *p_stats, vx_boolean clear) {
     return on_device(__func__, dev_id, {p_stats}, [&](Device &device) {
-        check_engine(fe_id);
+        if (const vx_status_e refused = check_engine(fe_id)) return refused;
         read_counters(device.classifier.stats[static_cast<std::size_t>(fe_id)], p_stats, clear != FALSE);
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e lmq_clear_fe_pkt_stats(vx_dev_id_t dev_id, lmq_fe_id_e fe_id) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        check_engine(fe_id);
+        if (const vx_status_e refused = check_engine(fe_id)) return refused;
         device.classifier.stats[static_cast<std::size_t>(fe_id)] = {};
+        return VX_SUCCESS;
     });
 }
 

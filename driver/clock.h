@@ -19,12 +19,11 @@ class Clock {
 
     /// A call of a driver function begins.
     void begin_call() {
-        if (step_) stepped_ += *step_;
+        now_ = step_ ? now_ + *step_ : std::chrono::duration_cast<Time>(std::chrono::steady_clock::now() - start_);
     }
 
-    Time now() const {
-        return step_ ? stepped_ : std::chrono::duration_cast<Time>(std::chrono::steady_clock::now() - start_);
-    }
+    /// The time when the call began: while it lasts, none passes.
+    Time now() const { return now_; }
 
     /// Reads LMQ_SIM_CLOCK: 0 to 1000000.
     /// @return The step, or nothing when it is not set.
@@ -33,7 +32,7 @@ class Clock {
 
   private:
     std::optional<Time> step_;
-    Time stepped_{0};
+    Time now_{0};
     std::chrono::steady_clock::time_point start_;
 };
 

@@ -13,6 +13,7 @@
 // - The overhead of a packet starts at 20 bytes: preamble and inter-packet gap of IEEE 802.3.
 #include "driver/cosq.h"
 
+#include <algorithm>
 #include <iterator>
 
 #include "driver/chip.h"
@@ -98,25 +99,26 @@ vx_uint16 queues_of(vx_port_id_t port) {
     return port == VX_PORT_SNI0 ? GponTm::us_queue_count : CosQueues::port_queue_count;
 }
 
-/* Takes an array over when its bit is in the mask; a value that is not below `end` refuses all. */
+/* The bits of a mask that has one for each of its arrays. */
+constexpr int all_maps = 0x1f;
+
+/* Takes an array over when its bit is in the mask. @return Whether its values are below `end`. */
 template <std::size_t n>
-void take(bool flagged, vx_uint8 (&kept)[n], const vx_uint8 (&given)[n], int end) {
-    if (!flagged) return;
-    for (vx_uint8 value : given) check_range(value, 0, end - 1);
+bool take(bool flagged, vx_uint8 (&kept)[n], const vx_uint8 (&given)[n], int end) {
+    const auto fits = [&](vx_uint8 value) { return value < end; };
+    if (flagged && !std::all_of(std::begin(given), std::end(given), fits)) return false;
     merge(flagged, kept, given);
+    return true;
 }
-
-constexpr int any_value = 256;  // of an array whose values nothing bounds
-
-void check_mask(int mask) { check_range(mask, 0, 0x1f); }
 
 /* The get of what each port has. */
 template <class Cfg>
 vx_status_e get(const char *function, vx_dev_id_t dev_id, vx_port_id_t port, Cfg *to,
                 Setting<vx_port_id_t, Cfg> CosQueues::*setting) noexcept {
     return on_device(function, dev_id, {to}, [&](Device &device) {
-        check_port(port);
+        if (is_no_port(port)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         *to = (device.cosq.*setting).get(port);
+        return VX_SUCCESS;
     });
 }
 
@@ -125,10 +127,11 @@ template <class Cfg, class Change>
 vx_status_e set(const char *function, vx_dev_id_t dev_id, vx_port_id_t port, const Cfg *from,
                 Setting<vx_port_id_t, Cfg> CosQueues::*setting, Change change) noexcept {
     return on_device(function, dev_id, {from}, [&](Device &device) {
-        check_port(port);
+        if (is_no_port(port)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         Cfg cfg = (device.cosq.*setting).get(port);
-        change(cfg);
+        if (const vx_status_e refused = run(change, cfg)) return refused;
         (device.cosq.*setting).set(port, cfg);
+        return VX_SUCCESS;
     });
 }
 
@@ -147,13 +150,16 @@ vx_status_e vx_cosq_cos_map_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_qos
 vx_status_e vx_cosq_dscp_map_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_qos_dscp_map_t *cfg) {
     return set(__func__, dev_id, port_id, cfg, &CosQueues::dscp_map, [&](vx_qos_dscp_map_t &map) {
         const int mask = cfg->mask;
-        check_mask(mask);
-        take(mask & VX_QOS_MASK_DSCP_TO_DOT1P_MAP, map.dscp_to_dot1p, cfg->dscp_to_dot1p, LMQ_MAX_DOT1P);
-        take(mask & VX_QOS_MASK_DSCP_TO_DSCP_MAP, map.dscp_to_dscp, cfg->dscp_to_dscp, LMQ_MAX_DSCP);
-        take(mask & VX_QOS_MASK_DSCP_TO_COS_MAP, map.dscp_to_cos, cfg->dscp_to_cos, LMQ_MAX_COS);
-        take(mask & VX_QOS_MASK_DSCP_TO_POLICER_MAP, map.dscp_to_policer, cfg->dscp_to_policer, any_value);
+        const bool taken =
+            is_in_range(mask, 0, all_maps) &&
+            take(mask & VX_QOS_MASK_DSCP_TO_DOT1P_MAP, map.dscp_to_dot1p, cfg->dscp_to_dot1p, LMQ_MAX_DOT1P) &&
+            take(mask & VX_QOS_MASK_DSCP_TO_DSCP_MAP, map.dscp_to_dscp, cfg->dscp_to_dscp, LMQ_MAX_DSCP) &&
+            take(mask & VX_QOS_MASK_DSCP_TO_COS_MAP, map.dscp_to_cos, cfg->dscp_to_cos, LMQ_MAX_COS);
+        if (!taken) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        merge(mask & VX_QOS_MASK_DSCP_TO_POLICER_MAP, map.dscp_to_policer, cfg->dscp_to_policer);
         merge(mask & VX_QOS_MASK_DSCP_TO_GEMID_MAP, map.dscp_to_gemid, cfg->dscp_to_gemid);
         for (auto &gem : map.dscp_to_gemid) gem.dscp_to_gemid_valid = as_boolean(gem.dscp_to_gemid_valid);
+        return VX_SUCCESS;
     });
 }
 
@@ -164,13 +170,15 @@ vx_status_e vx_cosq_dscp_map_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_qo
 vx_status_e vx_cosq_tc_map_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_qos_tc_map_t *cfg) {
     return set(__func__, dev_id, port_id, cfg, &CosQueues::tc_map, [&](vx_qos_tc_map_t &map) {
         const int mask = cfg->mask;
-        check_mask(mask);
-        take(mask & VX_QOS_MASK_TC_TO_DOT1P_MAP, map.tc_to_dot1p, cfg->tc_to_dot1p, LMQ_MAX_DOT1P);
-        take(mask & VX_QOS_MASK_TC_TO_TC_MAP, map.tc_to_tc, cfg->tc_to_tc, LMQ_MAX_TC);
-        take(mask & VX_QOS_MASK_TC_TO_COS_MAP, map.tc_to_cos, cfg->tc_to_cos, LMQ_MAX_COS);
-        take(mask & VX_QOS_MASK_TC_TO_POLICER_MAP, map.tc_to_policer, cfg->tc_to_policer, any_value);
+        const bool taken = is_in_range(mask, 0, all_maps) &&
+                           take(mask & VX_QOS_MASK_TC_TO_DOT1P_MAP, map.tc_to_dot1p, cfg->tc_to_dot1p, LMQ_MAX_DOT1P) &&
+                           take(mask & VX_QOS_MASK_TC_TO_TC_MAP, map.tc_to_tc, cfg->tc_to_tc, LMQ_MAX_TC) &&
+                           take(mask & VX_QOS_MASK_TC_TO_COS_MAP, map.tc_to_cos, cfg->tc_to_cos, LMQ_MAX_COS);
+        if (!taken) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        merge(mask & VX_QOS_MASK_TC_TO_POLICER_MAP, map.tc_to_policer, cfg->tc_to_policer);
         merge(mask & VX_QOS_MASK_TC_TO_GEMID_MAP, map.tc_to_gemid, cfg->tc_to_gemid);
         for (auto &gem : map.tc_to_gemid) gem.tc_to_gemid_valid = as_boolean(gem.tc_to_gemid_valid);
+        return VX_SUCCESS;
     });
 }
 
@@ -181,12 +189,15 @@ vx_status_e vx_cosq_tc_map_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_qos_
 vx_status_e vx_cosq_dot1p_map_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_qos_dot1p_map_t *cfg) {
     return set(__func__, dev_id, port_id, cfg, &CosQueues::dot1p_map, [&](vx_qos_dot1p_map_t &map) {
         const int mask = cfg->mask;
-        check_mask(mask);
-        take(mask & VX_QOS_MASK_DOT1P_TO_DOT1P_MAP, map.dot1p_to_dot1p, cfg->dot1p_to_dot1p, LMQ_MAX_DOT1P);
-        take(mask & VX_QOS_MASK_DOT1P_TO_DSCP_MAP, map.dot1p_to_dscp, cfg->dot1p_to_dscp, LMQ_MAX_DSCP);
-        take(mask & VX_QOS_MASK_DOT1P_TO_TC_MAP, map.dot1p_to_tc, cfg->dot1p_to_tc, LMQ_MAX_TC);
-        take(mask & VX_QOS_MASK_DOT1P_TO_COS_MAP, map.dot1p_to_cos, cfg->dot1p_to_cos, LMQ_MAX_COS);
-        take(mask & VX_QOS_MASK_DOT1P_TO_POLICER_MAP, map.dot1p_to_policer, cfg->dot1p_to_policer, any_value);
+        const bool taken =
+            is_in_range(mask, 0, all_maps) &&
+            take(mask & VX_QOS_MASK_DOT1P_TO_DOT1P_MAP, map.dot1p_to_dot1p, cfg->dot1p_to_dot1p, LMQ_MAX_DOT1P) &&
+            take(mask & VX_QOS_MASK_DOT1P_TO_DSCP_MAP, map.dot1p_to_dscp, cfg->dot1p_to_dscp, LMQ_MAX_DSCP) &&
+            take(mask & VX_QOS_MASK_DOT1P_TO_TC_MAP, map.dot1p_to_tc, cfg->dot1p_to_tc, LMQ_MAX_TC) &&
+            take(mask & VX_QOS_MASK_DOT1P_TO_COS_MAP, map.dot1p_to_cos, cfg->dot1p_to_cos, LMQ_MAX_COS);
+        if (!taken) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        merge(mask & VX_QOS_MASK_DOT1P_TO_POLICER_MAP, map.dot1p_to_policer, cfg->dot1p_to_policer);
+        return VX_SUCCESS;
     });
 }
 
@@ -223,9 +234,11 @@ vx_status_e vx_cosq_queue_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint1
 
 vx_status_e vx_cosq_sched_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_sched_cfg_t *p_cfg) {
     return set(__func__, dev_id, port_id, p_cfg, &CosQueues::scheduler, [&](vx_sched_cfg_t &scheduler) {
-        check_range(p_cfg->sched_mode, VX_UNI_SCHED_SP, VX_UNI_SCHED_SP_DWRR);
-        check_range(p_cfg->num_sp_queues, 0, queues_of(port_id));
+        if (!is_in_range(p_cfg->sched_mode, VX_UNI_SCHED_SP, VX_UNI_SCHED_SP_DWRR) ||
+            !is_in_range(p_cfg->num_sp_queues, 0, queues_of(port_id)))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         scheduler = *p_cfg;
+        return VX_SUCCESS;
     });
 }
 

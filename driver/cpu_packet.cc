@@ -29,22 +29,24 @@ constexpr vx_uint16 max_frame = 2000;  // IEEE 802.3: an envelope frame.
 bool is_eth_port(vx_uint16 port) { return port >= VX_PORT_ETH0 && port < VX_PORT_ETH0 + LMQ_PORT_ETH_NUM; }
 
 /* A port of the network or of a user. */
-void check_sni_or_uni(vx_uint16 port) {
-    check_port(port);
-    refuse_if(port != VX_PORT_SNI0 && !is_eth_port(port), VX_ERR_PORT_TYPE_MISMATCH);
+[[nodiscard]] vx_status_e check_sni_or_uni(vx_uint16 port) {
+    if (is_no_port(port)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+    if (port != VX_PORT_SNI0 && !is_eth_port(port)) return VX_ERR_PORT_TYPE_MISMATCH;
+    return VX_SUCCESS;
 }
 
-void check_typed_port(vx_port_type_t type, vx_uint16 port) {
-    check_port(port);
+[[nodiscard]] vx_status_e check_typed_port(vx_port_type_t type, vx_uint16 port) {
+    if (is_no_port(port)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
     switch (type) {
         case VX_PORT_TYPE_GPON:
         case VX_PORT_TYPE_AE:
         case VX_PORT_TYPE_AE_CASCADE:
-        case VX_PORT_TYPE_GEM: return refuse_if(port != VX_PORT_SNI0, VX_ERR_PORT_TYPE_MISMATCH);
-        case VX_PORT_TYPE_ETH: return refuse_if(!is_eth_port(port) && port != VX_PORT_MGMT, VX_ERR_PORT_TYPE_MISMATCH);
+        case VX_PORT_TYPE_GEM: return port == VX_PORT_SNI0 ? VX_SUCCESS : VX_ERR_PORT_TYPE_MISMATCH;
+        case VX_PORT_TYPE_ETH:
+            return is_eth_port(port) || port == VX_PORT_MGMT ? VX_SUCCESS : VX_ERR_PORT_TYPE_MISMATCH;
         case VX_PORT_TYPE_INVALID: break;
     }
-    throw Refusal{VX_ERR_GLBL_RANGE_CHECK_FAIL};
+    return VX_ERR_GLBL_RANGE_CHECK_FAIL;
 }
 
 /* The numbers between START and END that no type has. */
@@ -54,14 +56,15 @@ bool is_special(int type) {
     return type >= VX_L2_SPCL_PKT_TYPE_START && type <= VX_L2_SPCL_PKT_TYPE_END && !is_gap(type);
 }
 
-void check_type(vx_l2_spcl_pkt_type_t type) {
-    refuse_if(type < VX_L2_SPCL_PKT_TYPE_BASE || type >= VX_L2_SPCL_PKT_TYPE_MAX || is_gap(type),
-              VX_ERR_GLBL_RANGE_CHECK_FAIL);
+[[nodiscard]] vx_status_e check_type(vx_l2_spcl_pkt_type_t type) {
+    if (type < VX_L2_SPCL_PKT_TYPE_BASE || type >= VX_L2_SPCL_PKT_TYPE_MAX || is_gap(type))
+        return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+    return VX_SUCCESS;
 }
 
-CpuTrap &trap(Device &device, vx_uint32 handle) {
+Result<CpuTrap &> trap(Device &device, vx_uint32 handle) {
     const auto found = device.cpu_packet.traps.find(handle);
-    refuse_if(found == device.cpu_packet.traps.end(), VX_ERR_GLBL_ENTRY_NOT_FOUND);
+    if (found == device.cpu_packet.traps.end()) return VX_ERR_GLBL_ENTRY_NOT_FOUND;
     return found->second;
 }
 
@@ -82,10 +85,19 @@ lmq_fe_spcl_pkt_ctrl_t initial_control() {
     return control;
 }
 
-lmq_fe_spcl_pkt_ctrl_t &control(Device &device, vx_uint16 port, vx_l2_spcl_pkt_type_t type) {
-    check_port(port);
-    refuse_if(!is_special(type), VX_ERR_GLBL_RANGE_CHECK_FAIL);
+Result<lmq_fe_spcl_pkt_ctrl_t &> control(Device &device, vx_uint16 port, vx_l2_spcl_pkt_type_t type) {
+    if (is_no_port(port)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+    if (!is_special(type)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
     return device.cpu_packet.control.try_emplace({port, type}, initial_control()).first->second;
+}
+
+vx_status_e set_trap(const char *function, vx_dev_id_t dev_id, vx_uint32 handle, bool enabled) {
+    return on_device(function, dev_id, {}, [&](Device &device) {
+        const Result<CpuTrap &> kept = trap(device, handle);
+        if (!kept) return kept.status();
+        kept->enabled = enabled;
+        return VX_SUCCESS;
+    });
 }
 
 /* A switch of a port, by the setting that keeps it. */
@@ -94,23 +106,26 @@ using PortSwitch = Setting<vx_port_id_t, vx_boolean> CpuPackets::*;
 vx_status_e set_switch(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id, vx_boolean enbl,
                        PortSwitch which) {
     return on_device(function, dev_id, {}, [&](Device &device) {
-        check_port(port_id);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         (device.cpu_packet.*which).set(port_id, enbl ? TRUE : FALSE);
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e get_switch(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id, vx_boolean *enbl,
                        PortSwitch which) {
     return on_device(function, dev_id, {enbl}, [&](Device &device) {
-        check_port(port_id);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         *enbl = (device.cpu_packet.*which).get(port_id);
+        return VX_SUCCESS;
     });
 }
 
-void check_filter(vx_port_id_t port_id, vx_l2_spcl_pkt_type_bitmap_t types) {
-    check_sni_or_uni(port_id);
-    refuse_if(types == LMQ_PKT_TYPE_BITMAP_NONE, VX_ERR_GLBL_INVALID_PARAMS);
-    refuse_if((types & ~vx_uint32{LMQ_PKT_TYPE_BITMAP_ALL}) != 0, VX_ERR_GLBL_RANGE_CHECK_FAIL);
+[[nodiscard]] vx_status_e check_filter(vx_port_id_t port_id, vx_l2_spcl_pkt_type_bitmap_t types) {
+    if (const vx_status_e refused = check_sni_or_uni(port_id)) return refused;
+    if (types == LMQ_PKT_TYPE_BITMAP_NONE) return VX_ERR_GLBL_INVALID_PARAMS;
+    if ((types & ~vx_uint32{LMQ_PKT_TYPE_BITMAP_ALL}) != 0) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+    return VX_SUCCESS;
 }
 
 }  // namespace
@@ -128,11 +143,11 @@ using namespace lmq::sim;
 extern "C" {
 
 vx_status_e lmq_enable_cpu_pkt_trap(vx_dev_id_t dev_id, vx_uint32 handle) {
-    return on_device(__func__, dev_id, {}, [&](Device &device) { trap(device, handle).enabled = true; });
+    return set_trap(__func__, dev_id, handle, true);
 }
 
 vx_status_e lmq_disable_cpu_pkt_trap(vx_dev_id_t dev_id, vx_uint32 handle) {
-    return on_device(__func__, dev_id, {}, [&](Device &device) { trap(device, handle).enabled = false; });
+    return set_trap(__func__, dev_id, handle, false);
 }
 
 vx_status_e lmq_deregister_cpu_pkt_trap(vx_dev_id_t dev_id, vx_uint32 handle) {
@@ -145,12 +160,13 @@ vx_status_e lmq_deregister_cpu_pkt_trap(vx_dev_id_t dev_id, vx_uint32 handle) {
 vx_status_e lmq_add_port_to_cpu_pkt_trap(vx_dev_id_t dev_id, vx_uint32 handle, vx_port_type_t port_type,
                                          vx_uint16 port_num, vx_uint16 sub_port_id) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        CpuTrap &kept = trap(device, handle);
-        check_typed_port(port_type, port_num);
+        const Result<CpuTrap &> kept = trap(device, handle);
+        if (!kept) return kept.status();
+        if (const vx_status_e refused = check_typed_port(port_type, port_num)) return refused;
         const CpuPort port{port_type, port_num, sub_port_id};
-        if (kept.ports.contains(port)) return VX_ERR_PORT_EXIST;
-        if (kept.ports.size() >= max_trap_ports) return VX_ERR_GLBL_SW_RESOURCE_UNAVAIL;
-        kept.ports.insert(port);
+        if (kept->ports.contains(port)) return VX_ERR_PORT_EXIST;
+        if (kept->ports.size() >= max_trap_ports) return VX_ERR_GLBL_SW_RESOURCE_UNAVAIL;
+        kept->ports.insert(port);
         return VX_SUCCESS;
     });
 }
@@ -158,9 +174,10 @@ vx_status_e lmq_add_port_to_cpu_pkt_trap(vx_dev_id_t dev_id, vx_uint32 handle, v
 vx_status_e lmq_delete_port_from_cpu_pkt_trap(vx_dev_id_t dev_id, vx_uint32 handle, vx_port_type_t port_type,
                                               vx_uint16 port_num, vx_uint16 sub_port_id) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        CpuTrap &kept = trap(device, handle);
-        check_typed_port(port_type, port_num);
-        if (kept.ports.erase({port_type, port_num, sub_port_id}) == 0) return VX_ERR_PORT_NOT_FOUND;
+        const Result<CpuTrap &> kept = trap(device, handle);
+        if (!kept) return kept.status();
+        if (const vx_status_e refused = check_typed_port(port_type, port_num)) return refused;
+        if (kept->ports.erase({port_type, port_num, sub_port_id}) == 0) return VX_ERR_PORT_NOT_FOUND;
         return VX_SUCCESS;
     });
 }
@@ -168,8 +185,8 @@ vx_status_e lmq_delete_port_from_cpu_pkt_trap(vx_dev_id_t dev_id, vx_uint32 hand
 vx_status_e lmq_get_cpu_pkt_trap_stats(vx_dev_id_t dev_id, vx_l2_spcl_pkt_type_t pkt_type, vx_port_type_t port_type,
                                        vx_uint16 port_num, vx_uint32 *p_stats, vx_boolean clear) {
     return on_device(__func__, dev_id, {p_stats}, [&](Device &device) {
-        check_type(pkt_type);
-        check_typed_port(port_type, port_num);
+        if (const vx_status_e refused = check_type(pkt_type)) return refused;
+        if (const vx_status_e refused = check_typed_port(port_type, port_num)) return refused;
         CpuPackets &state = device.cpu_packet;
         if (!state.traps.contains(static_cast<vx_uint32>(pkt_type))) return VX_ERR_FE_CPU_PKT_TRAP_NOT_ACTIVE;
         *p_stats = state.trapped[{pkt_type, port_type, port_num}].read(clear != FALSE);
@@ -180,11 +197,13 @@ vx_status_e lmq_get_cpu_pkt_trap_stats(vx_dev_id_t dev_id, vx_l2_spcl_pkt_type_t
 vx_status_e vx_l2_spcl_pkt_cfg_set(vx_dev_id_t dev_id, vx_uint16 port_num, vx_l2_spcl_pkt_type_t pkt_type,
                                    lmq_fe_spcl_pkt_ctrl_t *cfg) {
     return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
-        lmq_fe_spcl_pkt_ctrl_t &kept = control(device, port_num, pkt_type);
+        const Result<lmq_fe_spcl_pkt_ctrl_t &> found = control(device, port_num, pkt_type);
+        if (!found) return found.status();
         const auto flags = cfg->valid.mask_s;
-        if (flags.cos) check_range(cfg->cos, 0, LMQ_MAX_COS - 1);
-        if (flags.fwd_op && cfg->fwd_op.fwd_enbl) check_port(cfg->fwd_op.dpid);
+        if (flags.cos && !is_in_range(cfg->cos, 0, LMQ_MAX_COS - 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (flags.fwd_op && cfg->fwd_op.fwd_enbl && is_no_port(cfg->fwd_op.dpid)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
 
+        lmq_fe_spcl_pkt_ctrl_t &kept = *found;
         merge(flags.pri, kept.pri, cfg->pri);
         merge(flags.permit, kept.permit, cfg->permit);
         merge(flags.fwd_op, kept.fwd_op, cfg->fwd_op);
@@ -200,19 +219,21 @@ vx_status_e vx_l2_spcl_pkt_cfg_set(vx_dev_id_t dev_id, vx_uint16 port_num, vx_l2
                                  &kept.flow_enbl, &kept.mirror_enbl, &kept.mirror_before_pe}) {
             *flag = *flag ? TRUE : FALSE;
         }
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_l2_spcl_pkt_cfg_get(vx_dev_id_t dev_id, vx_uint16 port_num, vx_l2_spcl_pkt_type_t pkt_type,
                                    lmq_fe_spcl_pkt_ctrl_t *cfg) {
-    return on_device(__func__, dev_id, {cfg}, [&](Device &device) { *cfg = control(device, port_num, pkt_type); });
+    return on_device(__func__, dev_id, {cfg},
+                     [&](Device &device) { return copy(control(device, port_num, pkt_type), cfg); });
 }
 
 vx_status_e vx_l2_spcl_pkt_behavior_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 sub_pid,
                                         vx_l2_spcl_pkt_type_t pkt_type, vx_l2_spcl_pkt_action_t spcl_pkt_act) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
         if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
-        check_type(pkt_type);
+        if (const vx_status_e refused = check_type(pkt_type)) return refused;
         if (!is_in_range(spcl_pkt_act, VX_L2_SPCL_PKT_ACT_FORWARDING, VX_L2_SPCL_PKT_ACT_MAX))
             return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         device.cpu_packet.behavior.set({port_id, sub_pid, pkt_type}, spcl_pkt_act);
@@ -224,7 +245,7 @@ vx_status_e vx_l2_spcl_pkt_behavior_get(vx_dev_id_t dev_id, vx_port_id_t port_id
                                         vx_l2_spcl_pkt_type_t pkt_type, vx_l2_spcl_pkt_action_t *spcl_pkt_act) {
     return on_device(__func__, dev_id, {spcl_pkt_act}, [&](Device &device) {
         if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
-        check_type(pkt_type);
+        if (const vx_status_e refused = check_type(pkt_type)) return refused;
         *spcl_pkt_act = device.cpu_packet.behavior.get({port_id, sub_pid, pkt_type});
         return VX_SUCCESS;
     });
@@ -249,16 +270,17 @@ vx_status_e vx_l2_pppoe_filter_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_
 vx_status_e lmq_add_pkt_type_filter(vx_dev_id_t dev_id, vx_port_id_t port_id,
                                     vx_l2_spcl_pkt_type_bitmap_t pkt_type_bitmap) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        check_filter(port_id, pkt_type_bitmap);
+        if (const vx_status_e refused = check_filter(port_id, pkt_type_bitmap)) return refused;
         auto &filter = device.cpu_packet.filter;
         filter.set(port_id, filter.get(port_id) | pkt_type_bitmap);
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e lmq_delete_pkt_type_filter(vx_dev_id_t dev_id, vx_port_id_t port_id,
                                        vx_l2_spcl_pkt_type_bitmap_t pkt_type_bitmap) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        check_filter(port_id, pkt_type_bitmap);
+        if (const vx_status_e refused = check_filter(port_id, pkt_type_bitmap)) return refused;
         auto &filter = device.cpu_packet.filter;
         if ((filter.get(port_id) & pkt_type_bitmap) == 0) return VX_ERR_GLBL_ENTRY_NOT_FOUND;
         filter.set(port_id, filter.get(port_id) & ~pkt_type_bitmap);
@@ -269,8 +291,9 @@ vx_status_e lmq_delete_pkt_type_filter(vx_dev_id_t dev_id, vx_port_id_t port_id,
 vx_status_e lmq_get_pkt_type_filter(vx_dev_id_t dev_id, vx_port_id_t port_id,
                                     vx_l2_spcl_pkt_type_bitmap_t *p_pkt_type_bitmap) {
     return on_device(__func__, dev_id, {p_pkt_type_bitmap}, [&](Device &device) {
-        check_sni_or_uni(port_id);
+        if (const vx_status_e refused = check_sni_or_uni(port_id)) return refused;
         *p_pkt_type_bitmap = device.cpu_packet.filter.get(port_id);
+        return VX_SUCCESS;
     });
 }
 
@@ -278,13 +301,14 @@ vx_status_e vx_cpu_packet_tx(vx_dev_id_t dev_id, vx_uint16 pkt_len, vx_uint8 *p_
                              vx_cpu_send_frame_cfg_t *p_cfg) {
     return on_device(__func__, dev_id, {p_pkt_buff, p_cfg}, [&](Device &device) {
         const bool message = p_cfg->is_gpon_omci || p_cfg->is_epon_oam;
-        if (!is_in_range(pkt_len, message ? 1 : min_frame, max_frame)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
-        if (!is_in_range(p_cfg->pkt_priority, 0, LMQ_MAX_COS - 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
-        check_typed_port(p_cfg->port_type, p_cfg->port_num);
+        if (!is_in_range(pkt_len, message ? 1 : min_frame, max_frame) ||
+            !is_in_range(p_cfg->pkt_priority, 0, LMQ_MAX_COS - 1))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (const vx_status_e refused = check_typed_port(p_cfg->port_type, p_cfg->port_num)) return refused;
         if (message && p_cfg->port_num != VX_PORT_SNI0) return VX_ERR_PORT_TYPE_MISMATCH;
         if (p_cfg->port_num == VX_PORT_MGMT) {
             Management &interface = device.management;
-            refuse_if(!interface.enabled, VX_ERR_PORT_INVALID_OP);
+            if (!interface.enabled) return VX_ERR_PORT_INVALID_OP;
             interface.tx_packets.add(1);
             interface.tx_bytes.add(pkt_len);
         }

@@ -22,51 +22,61 @@ constexpr vx_uint32 register_bytes = 4;
 /* Every bit that lmq_asic_mod_id_e names. */
 constexpr vx_uint32 resettable_modules = static_cast<vx_uint32>(LMQ_ASIC_MOD_ID_ALL);
 
-void check(const vx_eth_port_init_cfg_t &port) {
-    if (!port.add_port) return;
-    check_range(port.admin_status, VX_ADMIN_STATUS_DOWN, VX_ADMIN_STATUS_UP);
-    check_range(port.phy_mode, VX_ETH_PHY_MODE_MAC, VX_ETH_PHY_MODE_PHY);
-    check_range(port.phy_type, VX_ETH_PHY_TYPE_MII, VX_ETH_PHY_TYPE_GIGE);
-    check_range(port.phy_addr, 0, 31);
-    check_range(port.ge_txclk_sel, VX_ETH_GE_TXCLK_INLINE, VX_ETH_GE_TXCLK_DELAY);
+[[nodiscard]] vx_status_e check(const vx_eth_port_init_cfg_t &port) {
+    if (!port.add_port) return VX_SUCCESS;
+    if (!is_in_range(port.admin_status, VX_ADMIN_STATUS_DOWN, VX_ADMIN_STATUS_UP) ||
+        !is_in_range(port.phy_mode, VX_ETH_PHY_MODE_MAC, VX_ETH_PHY_MODE_PHY) ||
+        !is_in_range(port.phy_type, VX_ETH_PHY_TYPE_MII, VX_ETH_PHY_TYPE_GIGE) || !is_in_range(port.phy_addr, 0, 31) ||
+        !is_in_range(port.ge_txclk_sel, VX_ETH_GE_TXCLK_INLINE, VX_ETH_GE_TXCLK_DELAY))
+        return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+    return VX_SUCCESS;
 }
 
-void check(const lmq_dev_startup_cfg_s &cfg) {
-    check_range(cfg.dev_mode, LMQ_DEV_MODE_GPON, LMQ_DEV_MODE_AE);
-    check_range(cfg.sni_mode, LMQ_SNI_MODE_NORMAL, LMQ_SNI_MODE_AE_LAG);
-    check_range(cfg.pkt_mem_mode, LMQ_PKT_MEM_MODE_IBM, LMQ_PKT_MEM_MODE_IBM_N_EBM);
-    check_range(cfg.dev_op_mode, LMQ_DEV_OP_MODE_DATA_ONLY, LMQ_DEV_OP_MODE_HGU_DATA_N_VOIP);
-    check(cfg.lcl_mgmt_port_cfg);
-    for (const vx_eth_port_init_cfg_t &port : cfg.eth_port_cfg) check(port);
+[[nodiscard]] vx_status_e check(const lmq_dev_startup_cfg_s &cfg) {
+    if (!is_in_range(cfg.dev_mode, LMQ_DEV_MODE_GPON, LMQ_DEV_MODE_AE) ||
+        !is_in_range(cfg.sni_mode, LMQ_SNI_MODE_NORMAL, LMQ_SNI_MODE_AE_LAG) ||
+        !is_in_range(cfg.pkt_mem_mode, LMQ_PKT_MEM_MODE_IBM, LMQ_PKT_MEM_MODE_IBM_N_EBM) ||
+        !is_in_range(cfg.dev_op_mode, LMQ_DEV_OP_MODE_DATA_ONLY, LMQ_DEV_OP_MODE_HGU_DATA_N_VOIP))
+        return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+    if (const vx_status_e refused = check(cfg.lcl_mgmt_port_cfg)) return refused;
+    for (const vx_eth_port_init_cfg_t &port : cfg.eth_port_cfg) {
+        if (const vx_status_e refused = check(port)) return refused;
+    }
     if (cfg.dev_mode == LMQ_DEV_MODE_GPON) {
-        check_range(cfg.gpon_cfg.tm_init_cfg.option, VX_TM_OPTION_DEFAULT, VX_TM_OPTION_ALL);
+        if (!is_in_range(cfg.gpon_cfg.tm_init_cfg.option, VX_TM_OPTION_DEFAULT, VX_TM_OPTION_ALL))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
     }
+    return VX_SUCCESS;
 }
 
-void check(const vx_startup_cfg_t &cfg) {
-    check_range(cfg.cpu_mode, LMQ_CPU_MODE_INTERNAL, LMQ_CPU_MODE_EXTERNAL);
-    check_range(cfg.num_dev, 0, LMQ_NUM_DEVICES);
-    check_range(cfg.wd_action, VX_WD_ACTION_WARNING, VX_WD_ACTION_REBOOT);
+[[nodiscard]] vx_status_e check(const vx_startup_cfg_t &cfg) {
+    if (!is_in_range(cfg.cpu_mode, LMQ_CPU_MODE_INTERNAL, LMQ_CPU_MODE_EXTERNAL) ||
+        !is_in_range(cfg.num_dev, 0, LMQ_NUM_DEVICES) ||
+        !is_in_range(cfg.wd_action, VX_WD_ACTION_WARNING, VX_WD_ACTION_REBOOT))
+        return VX_ERR_GLBL_RANGE_CHECK_FAIL;
     for (vx_dev_id_t id = 0; id < cfg.num_dev; ++id) {
-        if (cfg.dev_cfg[id].enbl) check(cfg.dev_cfg[id]);
+        if (!cfg.dev_cfg[id].enbl) continue;
+        if (const vx_status_e refused = check(cfg.dev_cfg[id])) return refused;
     }
+    return VX_SUCCESS;
 }
 
-void start(Chip &chip, const vx_startup_cfg_t *cfg) {
-    check_pointers({cfg}, VX_ERR_GLBL_NULL_PTR);
-    check(*cfg);
+[[nodiscard]] vx_status_e start(Chip &chip, const vx_startup_cfg_t *cfg) {
+    if (!cfg) return VX_ERR_GLBL_NULL_PTR;
+    if (const vx_status_e refused = check(*cfg)) return refused;
     chip.power.emplace(*cfg, Environment::read());
+    return VX_SUCCESS;
 }
 
 void shut_down(Chip &chip) {
-    chip.system().log(VX_MOD_DRVR_DEV, VX_LOG_LVL_INFO, "the system is down");
+    chip.power->log(VX_MOD_DRVR_DEV, VX_LOG_LVL_INFO, "the system is down");
     chip.power.reset();
 }
 
 void put_in_reset(Device &device) {
     System &system = device.system;
     const vx_dev_id_t id = device.id;
-    system.slot(id).reset();
+    system.slot(id)->reset();
     system.log(VX_MOD_DRVR_DEV, VX_LOG_LVL_INFO, "device %u is in reset", static_cast<unsigned>(id));
 }
 
@@ -86,9 +96,10 @@ void reset_modules(Device &device, vx_uint32 modules) {
     if (has(LMQ_ASIC_MOD_ID_PER)) reset(device, device.peripheral);
 }
 
-void check_register(vx_uint32 addr) {
-    refuse_if(addr % register_bytes != 0, VX_ERR_GLBL_INVALID_PARAMS);
-    check_range(addr, 0, register_space - register_bytes);
+[[nodiscard]] vx_status_e check_register(vx_uint32 addr) {
+    if (addr % register_bytes != 0) return VX_ERR_GLBL_INVALID_PARAMS;
+    if (!is_in_range(addr, 0, register_space - register_bytes)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+    return VX_SUCCESS;
 }
 
 void report_access(const Device &device, const char *access, vx_uint32 addr, vx_uint32 data) {
@@ -136,8 +147,7 @@ extern "C" {
 vx_status_e lmq_init_system(vx_startup_cfg_t *p_cfg) {
     return guarded(__func__, [&](Chip &chip) {
         if (chip.power) return VX_ERR_GLBL_SYS_ALRDY_INTIALIZED;
-        start(chip, p_cfg);
-        return VX_SUCCESS;
+        return start(chip, p_cfg);
     });
 }
 
@@ -145,51 +155,59 @@ vx_status_e vx_init(vx_dev_id_t dev_id, vx_startup_cfg_t *p_cfg) {
     return guarded(__func__, [&](Chip &chip) {
         if (chip.power) return VX_ERR_GLBL_SYS_ALRDY_INTIALIZED;
         if (dev_id >= LMQ_NUM_DEVICES) return VX_ERR_DEV_ID_INVALID;
-        start(chip, p_cfg);
-        return VX_SUCCESS;
+        return start(chip, p_cfg);
     });
 }
 
 vx_status_e lmq_init_device(vx_dev_id_t dev_id, lmq_dev_startup_cfg_s *p_cfg) {
     return on_system(__func__, [&](System &system) {
-        if (system.slot(dev_id).has_value()) return VX_ERR_DEV_ALRDY_INITIALIZED;
-        check_pointers({p_cfg}, VX_ERR_DEV_NULL_PTR);
-        check(*p_cfg);
+        const auto slot = system.slot(dev_id);
+        if (!slot) return slot.status();
+        if (slot->has_value()) return VX_ERR_DEV_ALRDY_INITIALIZED;
+        if (!p_cfg) return VX_ERR_DEV_NULL_PTR;
+        if (const vx_status_e refused = check(*p_cfg)) return refused;
         system.start_device(dev_id, *p_cfg);
         return VX_SUCCESS;
     });
 }
 
 vx_status_e lmq_shutdown_system(void) {
-    return guarded(__func__, [](Chip &chip) { shut_down(chip); });
+    return guarded(__func__, [](Chip &chip) {
+        if (!chip.power) return VX_ERR_GLBL_SYS_UNINTIALIZED;
+        shut_down(chip);
+        return VX_SUCCESS;
+    });
 }
 
 vx_status_e lmq_reset_device(vx_dev_id_t dev_id, lmq_sys_reset_cfg_s *p_cfg) {
     return guarded(__func__, [&](Chip &chip) {
-        Device &device = chip.system().device(dev_id);
-        check_pointers({p_cfg}, VX_ERR_DEV_NULL_PTR);
+        const Result<Device &> device = chip.device(dev_id);
+        if (!device) return device.status();
+        if (!p_cfg) return VX_ERR_DEV_NULL_PTR;
         switch (p_cfg->rst_mode) {
-            case LMQ_RESET_MODE_CPU_N_ASIC: return shut_down(chip);
-            case LMQ_RESET_MODE_ONLY_ASIC: return put_in_reset(device);
+            case LMQ_RESET_MODE_CPU_N_ASIC: shut_down(chip); return VX_SUCCESS;
+            case LMQ_RESET_MODE_ONLY_ASIC: put_in_reset(*device); return VX_SUCCESS;
             case LMQ_RESET_MODE_ASIC_MODULE:
-                check_range(p_cfg->rst_type, LMQ_RESET_TYPE_HARD, LMQ_RESET_TYPE_SOFT);
-                refuse_if(p_cfg->mod_id_bit_map == 0, VX_ERR_GLBL_INVALID_PARAMS);
-                refuse_if((p_cfg->mod_id_bit_map & ~resettable_modules) != 0, VX_ERR_GLBL_INVALID_ENTITY_ID);
-                reset_modules(device, p_cfg->mod_id_bit_map);
-                device.system.log(VX_MOD_DRVR_DEV, VX_LOG_LVL_INFO, "device %u has reset modules 0x%08x",
-                                  static_cast<unsigned>(dev_id), p_cfg->mod_id_bit_map);
-                return;
+                if (!is_in_range(p_cfg->rst_type, LMQ_RESET_TYPE_HARD, LMQ_RESET_TYPE_SOFT))
+                    return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+                if (p_cfg->mod_id_bit_map == 0) return VX_ERR_GLBL_INVALID_PARAMS;
+                if ((p_cfg->mod_id_bit_map & ~resettable_modules) != 0) return VX_ERR_GLBL_INVALID_ENTITY_ID;
+                reset_modules(*device, p_cfg->mod_id_bit_map);
+                device->system.log(VX_MOD_DRVR_DEV, VX_LOG_LVL_INFO, "device %u has reset modules 0x%08x",
+                                   static_cast<unsigned>(dev_id), p_cfg->mod_id_bit_map);
+                return VX_SUCCESS;
         }
-        throw Refusal{VX_ERR_GLBL_RANGE_CHECK_FAIL};
+        return VX_ERR_GLBL_RANGE_CHECK_FAIL;
     });
 }
 
 vx_status_e vx_reset(vx_dev_id_t dev_id, vx_reset_mode_t rst_mode) {
     return guarded(__func__, [&](Chip &chip) {
-        Device &device = chip.system().device(dev_id);
+        const Result<Device &> device = chip.device(dev_id);
+        if (!device) return device.status();
         switch (rst_mode) {
             case VX_RESET_DRIVER: shut_down(chip); return VX_SUCCESS;
-            case VX_RESET_CHIP: put_in_reset(device); return VX_SUCCESS;
+            case VX_RESET_CHIP: put_in_reset(*device); return VX_SUCCESS;
         }
         return VX_ERR_GLBL_RANGE_CHECK_FAIL;
     });
@@ -198,7 +216,8 @@ vx_status_e vx_reset(vx_dev_id_t dev_id, vx_reset_mode_t rst_mode) {
 vx_status_e vx_watchdog_set(vx_dev_id_t dev_id, vx_watchdog_cfg_t *p_cfg) {
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
         const auto &flags = p_cfg->mask_s;
-        if (flags.wd_action) check_range(p_cfg->wd_action, VX_WD_ACTION_WARNING, VX_WD_ACTION_REBOOT);
+        if (flags.wd_action && !is_in_range(p_cfg->wd_action, VX_WD_ACTION_WARNING, VX_WD_ACTION_REBOOT))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
 
         vx_watchdog_cfg_t &kept = device.lifecycle.watchdog;
         const vx_boolean enable = p_cfg->wd_enable ? TRUE : FALSE;
@@ -207,6 +226,7 @@ vx_status_e vx_watchdog_set(vx_dev_id_t dev_id, vx_watchdog_cfg_t *p_cfg) {
         merge(flags.wd_action, kept.wd_action, p_cfg->wd_action);
         kept.mask_s.reserved = flags.reserved;
         device.lifecycle.restart_watchdog(device.system.clock.now());
+        return VX_SUCCESS;
     });
 }
 
@@ -232,17 +252,19 @@ vx_status_e vx_jtag_id_get(vx_dev_id_t dev_id, vx_uint32 *jtag_id) {
 
 vx_status_e lmq_read_register(vx_dev_id_t dev_id, vx_uint32 addr, vx_uint32 *p_reg_data) {
     return on_device(__func__, dev_id, {p_reg_data}, [&](Device &device) {
-        check_register(addr);
+        if (const vx_status_e refused = check_register(addr)) return refused;
         *p_reg_data = device.lifecycle.registers.get(addr);
         report_access(device, "read", addr, *p_reg_data);
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e lmq_write_register(vx_dev_id_t dev_id, vx_uint32 addr, vx_uint32 reg_data) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        check_register(addr);
+        if (const vx_status_e refused = check_register(addr)) return refused;
         device.lifecycle.registers.set(addr, reg_data);
         report_access(device, "write", addr, reg_data);
+        return VX_SUCCESS;
     });
 }
 
@@ -252,9 +274,10 @@ vx_uint32 lmq_dump_register(vx_dev_id_t dev_id, vx_uint32 addr, vx_uint8 addr_sk
     (void)on_device(__func__, dev_id, {}, [&](Device &device) {
         const vx_uint32 step = addr_skip != 0 ? addr_skip : register_bytes;
         for (vx_uint32 at = addr; printed < cnt; at += step, ++printed) {
-            check_register(at);
+            if (const vx_status_e refused = check_register(at)) return refused;
             std::fprintf(stderr, "0x%06x: 0x%08x\n", at, device.lifecycle.registers.get(at));
         }
+        return VX_SUCCESS;
     });
     return printed;
 }

@@ -78,10 +78,10 @@ EthPort start(const Device &device, vx_port_id_t port_id) {
 
 }  // namespace
 
-EthPort &eth_port(Device &device, vx_port_id_t port_id) {
-    refuse_if(port_id >= VX_PORT_ETH0 + LMQ_PORT_ETH_NUM && port_id != VX_PORT_VOIP0, VX_ERR_PORT_NUM_OUT_OF_RANGE);
-    refuse_if(port_id == VX_PORT_VOIP0 || port_id == VX_PORT_CPU, VX_ERR_PORT_TYPE_MISMATCH);
-    refuse_if(port_id == VX_PORT_SNI0 && device.config.dev_mode != LMQ_DEV_MODE_AE, VX_ERR_PORT_TYPE_MISMATCH);
+Result<EthPort &> eth_port(Device &device, vx_port_id_t port_id) {
+    if (port_id >= VX_PORT_ETH0 + LMQ_PORT_ETH_NUM && port_id != VX_PORT_VOIP0) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+    if (port_id == VX_PORT_VOIP0 || port_id == VX_PORT_CPU) return VX_ERR_PORT_TYPE_MISMATCH;
+    if (port_id == VX_PORT_SNI0 && device.config.dev_mode != LMQ_DEV_MODE_AE) return VX_ERR_PORT_TYPE_MISMATCH;
     auto &ports = device.eth_port.ports;
     const auto known = ports.find(port_id);
     return known != ports.end() ? known->second : ports.emplace(port_id, start(device, port_id)).first->second;
@@ -95,30 +95,30 @@ struct Link {
     vx_duplex_t duplex;
 };
 
-Link link(vx_eth_port_mode_t mode, vx_eth_cap_t type) {
+Result<Link> link(vx_eth_port_mode_t mode, vx_eth_cap_t type) {
     const vx_speed_t best = type == VX_ETH_TYPE_GE ? VX_SPEED_1000MBPS : VX_SPEED_100MBPS;
     switch (mode) {
         case VX_ETH_PORT_MODE_AUTO_RATE_AUTO_DUPLEX_AUTO:
-        case VX_ETH_PORT_MODE_AUTO_RATE_AUTO_DUPLEX_FULL: return {best, VX_DUPLEX_FULL};
-        case VX_ETH_PORT_MODE_AUTO_RATE_AUTO_DUPLEX_HALF: return {VX_SPEED_100MBPS, VX_DUPLEX_HALF};
+        case VX_ETH_PORT_MODE_AUTO_RATE_AUTO_DUPLEX_FULL: return Link{best, VX_DUPLEX_FULL};
+        case VX_ETH_PORT_MODE_AUTO_RATE_AUTO_DUPLEX_HALF: return Link{VX_SPEED_100MBPS, VX_DUPLEX_HALF};
         case VX_ETH_PORT_MODE_AUTO_RATE_10_DUPLEX_FULL:
         case VX_ETH_PORT_MODE_AUTO_RATE_10_DUPLEX_AUTO:
-        case VX_ETH_PORT_MODE_FORCE_RATE_10_DUPLEX_FULL: return {VX_SPEED_10MBPS, VX_DUPLEX_FULL};
+        case VX_ETH_PORT_MODE_FORCE_RATE_10_DUPLEX_FULL: return Link{VX_SPEED_10MBPS, VX_DUPLEX_FULL};
         case VX_ETH_PORT_MODE_AUTO_RATE_10_DUPLEX_HALF:
-        case VX_ETH_PORT_MODE_FORCE_RATE_10_DUPLEX_HALF: return {VX_SPEED_10MBPS, VX_DUPLEX_HALF};
+        case VX_ETH_PORT_MODE_FORCE_RATE_10_DUPLEX_HALF: return Link{VX_SPEED_10MBPS, VX_DUPLEX_HALF};
         case VX_ETH_PORT_MODE_AUTO_RATE_100_DUPLEX_FULL:
         case VX_ETH_PORT_MODE_AUTO_RATE_100_DUPLEX_AUTO:
         case VX_ETH_PORT_MODE_AUTO_RATE_10_100_DUPLEX_AUTO:
-        case VX_ETH_PORT_MODE_FORCE_RATE_100_DUPLEX_FULL: return {VX_SPEED_100MBPS, VX_DUPLEX_FULL};
+        case VX_ETH_PORT_MODE_FORCE_RATE_100_DUPLEX_FULL: return Link{VX_SPEED_100MBPS, VX_DUPLEX_FULL};
         case VX_ETH_PORT_MODE_AUTO_RATE_100_DUPLEX_HALF:
-        case VX_ETH_PORT_MODE_FORCE_RATE_100_DUPLEX_HALF: return {VX_SPEED_100MBPS, VX_DUPLEX_HALF};
+        case VX_ETH_PORT_MODE_FORCE_RATE_100_DUPLEX_HALF: return Link{VX_SPEED_100MBPS, VX_DUPLEX_HALF};
         case VX_ETH_PORT_MODE_AUTO_RATE_1000_DUPLEX_FULL:
         case VX_ETH_PORT_MODE_AUTO_RATE_1000_DUPLEX_AUTO:
-        case VX_ETH_PORT_MODE_FORCE_RATE_1000_DUPLEX_FULL: return {VX_SPEED_1000MBPS, VX_DUPLEX_FULL};
-        case VX_ETH_PORT_MODE_AUTO_RATE_1000_DUPLEX_HALF: return {VX_SPEED_1000MBPS, VX_DUPLEX_HALF};
+        case VX_ETH_PORT_MODE_FORCE_RATE_1000_DUPLEX_FULL: return Link{VX_SPEED_1000MBPS, VX_DUPLEX_FULL};
+        case VX_ETH_PORT_MODE_AUTO_RATE_1000_DUPLEX_HALF: return Link{VX_SPEED_1000MBPS, VX_DUPLEX_HALF};
         case VX_ETH_PORT_MODE_RSVED: break;
     }
-    throw Refusal{VX_ERR_GLBL_RANGE_CHECK_FAIL};
+    return VX_ERR_GLBL_RANGE_CHECK_FAIL;
 }
 
 bool sleeps(const EthPort &port) { return port.sleep_ctrl.sleep_cmd == VX_EEE_CMD_SLEEP; }
@@ -165,18 +165,20 @@ void report(Device &device, vx_port_id_t port_id, const Condition &before, const
 
 /// Changes a port, and raises the events that tell of it.
 template <typename Body>
-void change(Device &device, vx_port_id_t port_id, Body body) {
-    EthPort &port = eth_port(device, port_id);
-    const Condition before(port);
-    body(port);
-    if (port_id >= VX_PORT_ETH0) report(device, port_id, before, Condition(port));
+vx_status_e change(Device &device, vx_port_id_t port_id, Body body) {
+    const Result<EthPort &> port = eth_port(device, port_id);
+    if (!port) return port.status();
+    const Condition before(*port);
+    if (const vx_status_e refused = run(body, *port)) return refused;
+    if (port_id >= VX_PORT_ETH0) report(device, port_id, before, Condition(*port));
+    return VX_SUCCESS;
 }
 
 /// Runs an operation on an Ethernet port, as on_device() on a device.
 template <typename Body>
 vx_status_e on_port(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id,
                     std::initializer_list<const void *> pointers, Body body) noexcept {
-    return on_device(function, dev_id, pointers, [&](Device &device) { change(device, port_id, body); });
+    return on_device(function, dev_id, pointers, [&](Device &device) { return change(device, port_id, body); });
 }
 
 /// The same, for an operation of EEE.
@@ -184,16 +186,16 @@ template <typename Body>
 vx_status_e on_eee_port(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id, const void *pointer,
                         Body body) noexcept {
     return on_port(function, dev_id, port_id, {pointer}, [&](EthPort &port) {
-        refuse_if(!has_eee(port_id), VX_ERR_PORT_EEE_NOT_SUPPORTED);
-        body(port);
+        if (!has_eee(port_id)) return VX_ERR_PORT_EEE_NOT_SUPPORTED;
+        return run(body, port);
     });
 }
 
-/// Refuses what is neither the index of a level nor "no level".
-void check_selection(const vx_uint8 (&queues)[LMQ_MAX_COS]) {
-    for (const vx_uint8 index : queues) {
-        if (index != VX_INVALID_QUEUE_THRESH_INDX) check_range(index, 0, VX_EEE_THRES_MAX_NUM - 1);
-    }
+/// Whether each queue has the index of a level, or "no level".
+bool are_levels(const vx_uint8 (&queues)[LMQ_MAX_COS]) {
+    return std::all_of(std::begin(queues), std::end(queues), [](vx_uint8 index) {
+        return index == VX_INVALID_QUEUE_THRESH_INDX || is_in_range(index, 0, VX_EEE_THRES_MAX_NUM - 1);
+    });
 }
 
 }  // namespace
@@ -202,8 +204,8 @@ vx_eth_port_status_t link_of(const EthPort &port) {
     if (port.config.admin_status == VX_ADMIN_STATUS_DOWN || port.negotiates_until) {
         return {VX_LINK_DOWN, VX_SPEED_INVALID, VX_DUPLEX_INVALID};
     }
-    const Link now = link(port.mode, port.config.port_type);
-    return {VX_LINK_UP, now.speed, now.duplex};
+    const Result<Link> now = link(port.mode, port.config.port_type);
+    return {VX_LINK_UP, now->speed, now->duplex};
 }
 
 void pass_time(Device &device, EthPorts &ports) {
@@ -235,8 +237,10 @@ extern "C" {
 vx_status_e vx_eth_port_config_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_eth_port_cfg_t *p_cfg) {
     return on_port(__func__, dev_id, port_id, {p_cfg}, [&](EthPort &port) {
         const auto &flags = p_cfg->valid;
-        if (flags.admin_status) check_range(p_cfg->admin_status, VX_ADMIN_STATUS_DOWN, VX_ADMIN_STATUS_UP);
-        if (flags.mdix_mode) check_range(p_cfg->mdix_mode, VX_EPHY_MDI_MODE_AUTO, VX_EPHY_MDI_MODE_MDIX);
+        if (flags.admin_status && !is_in_range(p_cfg->admin_status, VX_ADMIN_STATUS_DOWN, VX_ADMIN_STATUS_UP))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (flags.mdix_mode && !is_in_range(p_cfg->mdix_mode, VX_EPHY_MDI_MODE_AUTO, VX_EPHY_MDI_MODE_MDIX))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
 
         vx_eth_port_cfg_t &kept = port.config;
         merge(flags.admin_status, kept.admin_status, p_cfg->admin_status);
@@ -247,6 +251,7 @@ vx_status_e vx_eth_port_config_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_
         merge(flags.crc_bypass, kept.crc_bypass, as_boolean(p_cfg->crc_bypass));
         merge(flags.drop_under_sized_pkt, kept.drop_under_sized_pkt, as_boolean(p_cfg->drop_under_sized_pkt));
         merge(flags.mdix_mode, kept.mdix_mode, p_cfg->mdix_mode);
+        return VX_SUCCESS;
     });
 }
 
@@ -256,11 +261,13 @@ vx_status_e vx_eth_port_config_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_
 
 vx_status_e vx_eth_port_mode_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_eth_port_mode_t *p_cfg) {
     return on_port(__func__, dev_id, port_id, {p_cfg}, [&](EthPort &port) {
-        const Link wanted = link(*p_cfg, port.config.port_type);
+        const Result<Link> wanted = link(*p_cfg, port.config.port_type);
+        if (!wanted) return wanted.status();
         const bool fast = port.config.port_type == VX_ETH_TYPE_FE;
-        refuse_if(wanted.speed == VX_SPEED_1000MBPS && (fast || wanted.duplex == VX_DUPLEX_HALF),
-                  VX_ERR_PORT_INVALID_CFG);
+        if (wanted->speed == VX_SPEED_1000MBPS && (fast || wanted->duplex == VX_DUPLEX_HALF))
+            return VX_ERR_PORT_INVALID_CFG;
         port.mode = *p_cfg;
+        return VX_SUCCESS;
     });
 }
 
@@ -270,9 +277,10 @@ vx_status_e vx_eth_port_mode_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_et
 
 vx_status_e vx_eth_port_auto_nego_restart(vx_dev_id_t dev_id, vx_port_id_t port_id) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        change(device, port_id, [&](EthPort &port) {
-            refuse_if(port.mode >= VX_ETH_PORT_MODE_FORCE_RATE_10_DUPLEX_FULL, VX_ERR_PORT_INVALID_OP);
+        return change(device, port_id, [&](EthPort &port) {
+            if (port.mode >= VX_ETH_PORT_MODE_FORCE_RATE_10_DUPLEX_FULL) return VX_ERR_PORT_INVALID_OP;
             port.negotiates_until = device.system.clock.now() + negotiation_time;
+            return VX_SUCCESS;
         });
     });
 }
@@ -283,10 +291,12 @@ vx_status_e vx_eth_port_status_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_
 
 vx_status_e vx_eth_port_loopback_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_eth_port_loopback_t lpbk_mode) {
     return on_port(__func__, dev_id, port_id, {}, [&](EthPort &port) {
-        check_range(lpbk_mode, VX_ETH_PORT_LPBK_DISABLED, VX_ETH_PORT_LPBK_PHY_REMOTE);
-        refuse_if(lpbk_mode != VX_ETH_PORT_LPBK_DISABLED && port.loopback != VX_ETH_PORT_LPBK_DISABLED,
-                  VX_ERR_PORT_LOOP_BACK_ALRDY_ENABLED);
+        if (!is_in_range(lpbk_mode, VX_ETH_PORT_LPBK_DISABLED, VX_ETH_PORT_LPBK_PHY_REMOTE))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (lpbk_mode != VX_ETH_PORT_LPBK_DISABLED && port.loopback != VX_ETH_PORT_LPBK_DISABLED)
+            return VX_ERR_PORT_LOOP_BACK_ALRDY_ENABLED;
         port.loopback = lpbk_mode;
+        return VX_SUCCESS;
     });
 }
 
@@ -296,17 +306,19 @@ vx_status_e vx_eth_port_loopback_get(vx_dev_id_t dev_id, vx_port_id_t port_id, v
 
 vx_status_e eth_port_phy_mdio_write(vx_dev_id_t dev_id, vx_uint8 phy_addr, vx_uint8 reg_addr, vx_uint16 phy_reg_val) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        check_mdio(phy_addr, reg_addr, 1);
+        if (const vx_status_e refused = check_mdio(phy_addr, reg_addr, 1)) return refused;
         device.peripheral.mdio_registers.set({phy_addr, reg_addr}, phy_reg_val);
         report_mdio(device);
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e eth_port_phy_mdio_read(vx_dev_id_t dev_id, vx_uint8 phy_addr, vx_uint8 reg_addr, vx_uint16 *p_phy_reg_val) {
     return on_device(__func__, dev_id, {p_phy_reg_val}, [&](Device &device) {
-        check_mdio(phy_addr, reg_addr, 1);
+        if (const vx_status_e refused = check_mdio(phy_addr, reg_addr, 1)) return refused;
         *p_phy_reg_val = device.peripheral.mdio_registers.get({phy_addr, reg_addr});
         report_mdio(device);
+        return VX_SUCCESS;
     });
 }
 
@@ -330,9 +342,10 @@ vx_status_e vx_eth_port_eee_cfg_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx
 vx_status_e vx_eth_port_eee_sleep_ctrl_set(vx_dev_id_t dev_id, vx_port_id_t port_id,
                                            vx_eth_port_eee_sleep_ctrl_t *p_cfg) {
     return on_eee_port(__func__, dev_id, port_id, p_cfg, [&](EthPort &port) {
-        check_range(p_cfg->sleep_cmd, VX_EEE_CMD_SLEEP, VX_EEE_CMD_WAKE_UP);
-        refuse_if(p_cfg->sleep_cmd == VX_EEE_CMD_SLEEP && !port.eee.enbl_eee, VX_ERR_PORT_INVALID_OP);
+        if (!is_in_range(p_cfg->sleep_cmd, VX_EEE_CMD_SLEEP, VX_EEE_CMD_WAKE_UP)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (p_cfg->sleep_cmd == VX_EEE_CMD_SLEEP && !port.eee.enbl_eee) return VX_ERR_PORT_INVALID_OP;
         port.sleep_ctrl = *p_cfg;
+        return VX_SUCCESS;
     });
 }
 
@@ -345,13 +358,15 @@ vx_status_e vx_eth_port_eee_tx_q_threshold_set(vx_dev_id_t dev_id, vx_port_id_t 
                                                vx_eth_port_eee_tx_q_thresh_cfg_t *p_cfg) {
     return on_eee_port(__func__, dev_id, port_id, p_cfg, [&](EthPort &port) {
         const auto &flags = p_cfg->valid;
-        if (flags.queue_low_thresh_sel) check_selection(p_cfg->queue_low_thresh_sel);
-        if (flags.queue_high_thresh_sel) check_selection(p_cfg->queue_high_thresh_sel);
+        if ((flags.queue_low_thresh_sel && !are_levels(p_cfg->queue_low_thresh_sel)) ||
+            (flags.queue_high_thresh_sel && !are_levels(p_cfg->queue_high_thresh_sel)))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         vx_eth_port_eee_tx_q_thresh_cfg_t &kept = port.thresholds;
         merge(flags.low_thresh, kept.low_thresh, p_cfg->low_thresh);
         merge(flags.high_thresh, kept.high_thresh, p_cfg->high_thresh);
         merge(flags.queue_low_thresh_sel, kept.queue_low_thresh_sel, p_cfg->queue_low_thresh_sel);
         merge(flags.queue_high_thresh_sel, kept.queue_high_thresh_sel, p_cfg->queue_high_thresh_sel);
+        return VX_SUCCESS;
     });
 }
 
@@ -378,7 +393,8 @@ vx_status_e vx_eth_port_eee_state_get(vx_dev_id_t dev_id, vx_port_id_t port_id, 
 vx_status_e vx_eth_port_flowctrl_config_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_flow_control_cfg_t *p_cfg) {
     return on_port(__func__, dev_id, port_id, {p_cfg}, [&](EthPort &port) {
         const auto &flags = p_cfg->valid;
-        check_range(p_cfg->flow_control_mode, VX_FLOW_CTL_MODE_BUFFER_LEVEL, VX_FLOW_CTL_MODE_RATE);
+        if (!is_in_range(p_cfg->flow_control_mode, VX_FLOW_CTL_MODE_BUFFER_LEVEL, VX_FLOW_CTL_MODE_RATE))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         vx_flow_control_cfg_t changed = port.flow_control;
         changed.flow_control_mode = p_cfg->flow_control_mode;
         merge(flags.high_water_mark, changed.high_water_mark, p_cfg->high_water_mark);
@@ -386,8 +402,9 @@ vx_status_e vx_eth_port_flowctrl_config_set(vx_dev_id_t dev_id, vx_port_id_t por
         merge(flags.pause_time, changed.pause_time, p_cfg->pause_time);
         merge(flags.traffic_rate, changed.traffic_rate, p_cfg->traffic_rate);
         merge(flags.mac_sa, changed.mac_sa, p_cfg->mac_sa);
-        refuse_if(changed.low_water_mark > changed.high_water_mark, VX_ERR_PORT_INVALID_CFG);
+        if (changed.low_water_mark > changed.high_water_mark) return VX_ERR_PORT_INVALID_CFG;
         port.flow_control = changed;
+        return VX_SUCCESS;
     });
 }
 

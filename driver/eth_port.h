@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "driver/clock.h"
+#include "driver/result.h"
 #include "lmq/lmq.h"
 
 namespace lmq::sim {
@@ -32,7 +33,7 @@ struct EthPorts {
 struct Device;
 
 /// A port, for the other families. Refuses one that is none, or no Ethernet port.
-EthPort &eth_port(Device &device, vx_port_id_t port_id);
+Result<EthPort &> eth_port(Device &device, vx_port_id_t port_id);
 
 /// The state of a port's link.
 vx_eth_port_status_t link_of(const EthPort &port);

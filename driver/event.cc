@@ -75,11 +75,11 @@ bool is_moment(vx_event_type_e type) {
 
 bool is_alarm(vx_event_type_e type) { return type >= VX_EVENT_GPON_ALM_LOS && type <= VX_EVENT_GPON_ALM_RDI; }
 
-Place place_of(vx_event_type_e type) {
+Result<Place> place_of(vx_event_type_e type) {
     for (const Range &range : event_ranges) {
         if (type >= range.first && type < range.end) return range.place;
     }
-    throw Refusal{VX_ERR_EVT_INVALID_EVT_TYPE};
+    return VX_ERR_EVT_INVALID_EVT_TYPE;
 }
 
 bool belongs(Place place, vx_uint16 port) {
@@ -94,16 +94,17 @@ bool belongs(Place place, vx_uint16 port) {
 }
 
 /* The key of an event as it is stored. */
-EventKey checked(EventKey key) {
-    const Place place = place_of(key.type);
-    if (place == Place::device) return {key.type, 0, 0};
-    refuse_if(key.port > VX_PORT_VOIP0, VX_ERR_PORT_NUM_OUT_OF_RANGE);
-    refuse_if(!belongs(place, key.port), VX_ERR_EVT_INVALID_PORT);
+Result<EventKey> checked(EventKey key) {
+    const Result<Place> place = place_of(key.type);
+    if (!place) return place.status();
+    if (*place == Place::device) return EventKey{key.type, 0, 0};
+    if (is_no_port(key.port)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+    if (!belongs(*place, key.port)) return VX_ERR_EVT_INVALID_PORT;
     const bool has_sub_ports =
         key.port == VX_PORT_SNI0 && key.type >= VX_EVENT_FE_PORT_BASE && key.type < VX_EVENT_FE_PORT_MAX;
-    refuse_if(has_sub_ports && key.sub_port > max_gem_port_id && key.sub_port != VX_INVALID_PORT_ID,
-              VX_ERR_EVT_INVALID_PORT);
-    return {key.type, key.port, has_sub_ports ? key.sub_port : vx_uint16{0}};
+    if (has_sub_ports && key.sub_port > max_gem_port_id && key.sub_port != VX_INVALID_PORT_ID)
+        return VX_ERR_EVT_INVALID_PORT;
+    return EventKey{key.type, key.port, has_sub_ports ? key.sub_port : vx_uint16{0}};
 }
 
 Clock::Time in_units(vx_uint32 units, vx_uint32 unit) { return Clock::Time(std::int64_t{units} * unit); }
@@ -226,9 +227,11 @@ bool same_state(vx_event_type_e type, const lmq_event_data_u &a, const lmq_event
     }
 }
 
-/* An event occurs; `before` is the state that it changes, or nullptr. */
+/* An event occurs, if there is such a one; `before` is the state that it changes, or nullptr. */
 void occur(Device &device, EventKey given, const lmq_event_data_u &data, const lmq_event_data_u *before) {
-    const EventKey key = checked(given);
+    const Result<EventKey> known = checked(given);
+    if (!known) return;
+    const EventKey key = *known;
     settle(device);
     const std::optional<Pending> held = held_back(device, key);
     Occurrence &occurrence = device.event.occurred[key];
@@ -252,7 +255,8 @@ vx_status_e on_event(const char *function, vx_dev_id_t dev_id, EventKey key,
                      std::initializer_list<const void *> pointers, Body body) noexcept {
     return on_device(function, dev_id, pointers, [&](Device &device) {
         settle(device);
-        body(device, checked(key));
+        const Result<EventKey> known = checked(key);
+        return known ? run(body, device, *known) : known.status();
     });
 }
 
@@ -262,32 +266,28 @@ Occurrence occurrence_of(Device &device, EventKey key) {
     return found == device.event.occurred.end() ? Occurrence{} : found->second;
 }
 
-void check_throttle(bool enable, vx_uint32 count, vx_uint32 interval) {
-    refuse_if(enable && (count == 0 || interval == 0), VX_ERR_EVT_INVALID_CFG);
+[[nodiscard]] vx_status_e check_throttle(bool enable, vx_uint32 count, vx_uint32 interval) {
+    if (enable && (count == 0 || interval == 0)) return VX_ERR_EVT_INVALID_CFG;
+    return VX_SUCCESS;
 }
 
 constexpr vx_uint32 port_type_count =
     VX_PORT_TYPE_GPON | VX_PORT_TYPE_ETH | VX_PORT_TYPE_AE | VX_PORT_TYPE_AE_CASCADE | VX_PORT_TYPE_GEM;
 
-DebugHandlerKey key_of(vx_event_type_e type, vx_boolean in_kernel, const lmq_dbg_event_cfg_s &cfg) {
-    place_of(type);
-    refuse_if(cfg.context < LMQ_EVENT_CONTEXT_USER || cfg.context >= LMQ_EVENT_CONTEXT_MAX,
-              VX_ERR_EVT_INVALID_CONTEXT_TYPE);
-    refuse_if((cfg.port_type_bitmap & ~port_type_count) != 0, VX_ERR_EVT_INVALID_PORT_BITMAP);
-    if (cfg.all_ports) return {type, in_kernel != FALSE, VX_INVALID_PORT_ID};
-    return {type, in_kernel != FALSE, checked({type, cfg.port_num, cfg.gem_port_id}).port};
+Result<DebugHandlerKey> key_of(vx_event_type_e type, vx_boolean in_kernel, const lmq_dbg_event_cfg_s &cfg) {
+    if (const vx_status_e refused = place_of(type).status()) return refused;
+    if (cfg.context < LMQ_EVENT_CONTEXT_USER || cfg.context >= LMQ_EVENT_CONTEXT_MAX)
+        return VX_ERR_EVT_INVALID_CONTEXT_TYPE;
+    if ((cfg.port_type_bitmap & ~port_type_count) != 0) return VX_ERR_EVT_INVALID_PORT_BITMAP;
+    if (cfg.all_ports) return DebugHandlerKey{type, in_kernel != FALSE, VX_INVALID_PORT_ID};
+    const Result<EventKey> event = checked({type, cfg.port_num, cfg.gem_port_id});
+    if (!event) return event.status();
+    return DebugHandlerKey{type, in_kernel != FALSE, event->port};
 }
 
 }  // namespace
 
-bool occurs(EventKey key) {
-    try {
-        checked(key);
-        return true;
-    } catch (const Refusal &) {
-        return false;
-    }
-}
+bool occurs(EventKey key) { return checked(key).status() == VX_SUCCESS; }
 
 void pass_time(Device &device, Events &) { settle(device); }
 
@@ -306,7 +306,9 @@ void raise_change(Device &device, EventKey key, const lmq_event_data_u &before, 
 }
 
 void end_event(Device &device, EventKey given) {
-    const auto found = device.event.occurred.find(checked(given));
+    const Result<EventKey> key = checked(given);
+    if (!key) return;
+    const auto found = device.event.occurred.find(*key);
     if (found != device.event.occurred.end() && held_over(found->second)) found->second.pending.reset();
 }
 
@@ -319,10 +321,11 @@ extern "C" {
 vx_status_e vx_event_status_poll(vx_dev_id_t dev_id, vx_event_type_e event_type, vx_uint16 port_num, vx_uint16 sub_port,
                                  vx_event_status_s *p_status) {
     return on_event(__func__, dev_id, {event_type, port_num, sub_port}, {p_status}, [&](Device &device, EventKey key) {
-        refuse_if(is_moment(key.type), VX_ERR_EVT_POLLING_NOT_SUPPORTED);
+        if (is_moment(key.type)) return VX_ERR_EVT_POLLING_NOT_SUPPORTED;
         const Occurrence found = occurrence_of(device, key);
         *p_status = {};
         if (found.active) *p_status = {TRUE, found.data};
+        return VX_SUCCESS;
     });
 }
 
@@ -349,7 +352,9 @@ vx_status_e vx_event_status_clear(vx_dev_id_t dev_id, vx_event_type_e event_type
 vx_status_e vx_event_holdover_set(vx_dev_id_t dev_id, vx_event_type_e event_type, vx_event_holdover_cfg_s *p_cfg) {
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
         settle(device);
-        const EventKey key = checked({event_type, p_cfg->port_num, p_cfg->sub_port});
+        const Result<EventKey> known = checked({event_type, p_cfg->port_num, p_cfg->sub_port});
+        if (!known) return known.status();
+        const EventKey key = *known;
         if (is_moment(event_type)) return VX_ERR_EVT_HOLDOVER_NOT_SUPPORTED;
         vx_event_holdover_cfg_s cfg = *p_cfg;
         cfg.enable = p_cfg->enable ? TRUE : FALSE;
@@ -368,14 +373,16 @@ vx_status_e vx_event_holdover_set(vx_dev_id_t dev_id, vx_event_type_e event_type
 vx_status_e vx_event_holdover_get(vx_dev_id_t dev_id, vx_event_type_e event_type, vx_uint16 port_num,
                                   vx_uint16 sub_port, vx_event_holdover_cfg_s *p_cfg) {
     return on_event(__func__, dev_id, {event_type, port_num, sub_port}, {p_cfg}, [&](Device &device, EventKey key) {
-        refuse_if(is_moment(key.type), VX_ERR_EVT_HOLDOVER_NOT_SUPPORTED);
+        if (is_moment(key.type)) return VX_ERR_EVT_HOLDOVER_NOT_SUPPORTED;
         *p_cfg = holdover_of(device, key);
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_event_global_throttle_set(vx_dev_id_t dev_id, vx_event_throttle_cfg_s *p_cfg) {
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
-        check_throttle(p_cfg->enable != FALSE, p_cfg->count, p_cfg->interval);
+        if (const vx_status_e refused = check_throttle(p_cfg->enable != FALSE, p_cfg->count, p_cfg->interval))
+            return refused;
         Events &events = device.event;
         const bool was_on = events.global_throttle.enable != FALSE;
         events.global_throttle = *p_cfg;
@@ -383,6 +390,7 @@ vx_status_e vx_event_global_throttle_set(vx_dev_id_t dev_id, vx_event_throttle_c
         events.global_window = {};
         // What the throttles of single events hold is theirs to release.
         if (was_on) release(device, Held::by_throttle, [](const EventKey &) { return true; });
+        return VX_SUCCESS;
     });
 }
 
@@ -392,23 +400,25 @@ vx_status_e vx_event_global_throttle_get(vx_dev_id_t dev_id, vx_event_throttle_c
 
 vx_status_e vx_event_throttle_set(vx_dev_id_t dev_id, vx_event_type_e event_type, vx_intr_throttle_cfg_s *p_cfg) {
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
-        place_of(event_type);
-        refuse_if(is_timer(event_type), VX_ERR_EVT_THROTTLE_NOT_SUPPORTED);
-        check_throttle(p_cfg->enable != FALSE, p_cfg->count, p_cfg->interval);
+        if (const vx_status_e refused = place_of(event_type).status()) return refused;
+        if (is_timer(event_type)) return VX_ERR_EVT_THROTTLE_NOT_SUPPORTED;
+        if (const vx_status_e refused = check_throttle(p_cfg->enable != FALSE, p_cfg->count, p_cfg->interval))
+            return refused;
         vx_intr_throttle_cfg_s cfg = *p_cfg;
         cfg.enable = p_cfg->enable ? TRUE : FALSE;
         cfg.per_port = p_cfg->per_port ? TRUE : FALSE;
         Events &events = device.event;
         events.throttle.set(event_type, cfg);
         std::erase_if(events.windows, [&](const auto &window) { return window.first.first == event_type; });
-        if (events.global_throttle.enable) return;
+        if (events.global_throttle.enable) return VX_SUCCESS;
         release(device, Held::by_throttle, [&](const EventKey &at) { return at.type == event_type; });
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_event_throttle_get(vx_dev_id_t dev_id, vx_event_type_e event_type, vx_intr_throttle_cfg_s *p_cfg) {
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
-        place_of(event_type);
+        if (const vx_status_e refused = place_of(event_type).status()) return refused;
         if (is_timer(event_type)) return VX_ERR_EVT_THROTTLE_NOT_SUPPORTED;
         *p_cfg = device.event.throttle.get(event_type);
         return VX_SUCCESS;
@@ -449,7 +459,9 @@ vx_status_e lmq_register_debug_event(vx_dev_id_t dev_id, vx_event_type_e event_t
                                      lmq_dbg_event_cfg_s *p_cfg) {
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
         settle(device);
-        const Insert result = device.event.debug_handlers.insert(key_of(event_type, in_kernel, *p_cfg), *p_cfg);
+        const Result<DebugHandlerKey> key = key_of(event_type, in_kernel, *p_cfg);
+        if (!key) return key.status();
+        const Insert result = device.event.debug_handlers.insert(*key, *p_cfg);
         if (result == Insert::exists) return VX_ERR_GLBL_ENTRY_EXIST;
         if (result == Insert::full) return VX_ERR_EVT_REG_FAILED;
         return VX_SUCCESS;
@@ -460,7 +472,9 @@ vx_status_e lmq_deregister_debug_event(vx_dev_id_t dev_id, vx_event_type_e event
                                        lmq_dbg_event_cfg_s *p_cfg) {
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
         settle(device);
-        if (!device.event.debug_handlers.erase(key_of(event_type, in_kernel, *p_cfg))) return VX_ERR_EVT_NOT_REGISTERED;
+        const Result<DebugHandlerKey> key = key_of(event_type, in_kernel, *p_cfg);
+        if (!key) return key.status();
+        if (!device.event.debug_handlers.erase(*key)) return VX_ERR_EVT_NOT_REGISTERED;
         return VX_SUCCESS;
     });
 }
@@ -468,13 +482,16 @@ vx_status_e lmq_deregister_debug_event(vx_dev_id_t dev_id, vx_event_type_e event
 vx_status_e lmq_dbg_generate_event(vx_dev_id_t dev_id, vx_uint32 evt_type, vx_uint16 port_num, vx_uint16 sub_port) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
         const auto type = static_cast<vx_event_type_e>(evt_type);
-        raise_event(device, {type, port_num, sub_port}, debug_event_data(device, type));
+        const Result<EventKey> key = checked({type, port_num, sub_port});
+        if (!key) return key.status();
+        raise_event(device, *key, debug_event_data(device, type));
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e lmq_dump_event_db(vx_dev_id_t dev_id, vx_event_type_e event_type) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        place_of(event_type);
+        if (const vx_status_e refused = place_of(event_type).status()) return refused;
         settle(device);
         Events &events = device.event;
         const vx_intr_throttle_cfg_s &own = events.throttle.get(event_type);
@@ -498,6 +515,7 @@ vx_status_e lmq_dump_event_db(vx_dev_id_t dev_id, vx_event_type_e event_type) {
             std::fprintf(stderr, "  handler in %s space, port 0x%04x, user data %u\n", in_kernel ? "kernel" : "user",
                          unsigned{port}, cfg.user_data);
         }
+        return VX_SUCCESS;
     });
 }
 

@@ -68,7 +68,8 @@ struct Events {
 };
 
 /// Makes an event occur: counts it, latches its status, and notifies it or keeps it pending.
-/// @param key  The event. Port and sub-port are looked at where its type has them.
+/// @param key  The event. Port and sub-port are looked at where its type has them. Nothing happens if there is no such
+///             event of them.
 /// @param data Its data.
 void raise_event(Device &device, EventKey key, const lmq_event_data_u &data);
 

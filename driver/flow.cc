@@ -28,57 +28,65 @@ constexpr vx_uint16 llid_count = 8;
 constexpr vx_uint16 queues_of_llid = GponTm::us_queue_count / llid_count;
 constexpr vx_vid_t last_vid = 0xfff;  // IEEE 802.1Q: 12 bits
 
-void check(const vx_flow_us_key_t &key) {
-    refuse_if(key.key_type <= VX_CL_KEY_INVALID || key.key_type > VX_CL_KEY_EXT_VLAN_DSCP,
-              VX_ERR_FE_CLS_INVALID_KEY_TYPE);
+[[nodiscard]] vx_status_e check(const vx_flow_us_key_t &key) {
+    if (key.key_type <= VX_CL_KEY_INVALID || key.key_type > VX_CL_KEY_EXT_VLAN_DSCP)
+        return VX_ERR_FE_CLS_INVALID_KEY_TYPE;
+    return VX_SUCCESS;
 }
 
-void check(const vx_flow_ds_key_t &key) {
-    refuse_if(
-        key.key_type <= VX_CL_KEY_INVALID || key.key_type >= VX_CL_KEY_MAX || key.key_type == VX_CL_KEY_EXT_VLAN_DSCP,
-        VX_ERR_FE_CLS_INVALID_KEY_TYPE);
+[[nodiscard]] vx_status_e check(const vx_flow_ds_key_t &key) {
+    if (key.key_type <= VX_CL_KEY_INVALID || key.key_type >= VX_CL_KEY_MAX || key.key_type == VX_CL_KEY_EXT_VLAN_DSCP)
+        return VX_ERR_FE_CLS_INVALID_KEY_TYPE;
+    return VX_SUCCESS;
 }
 
-void check(const vx_flow_vlan_action_t &act) {
+[[nodiscard]] vx_status_e check(const vx_flow_vlan_action_t &act) {
     const auto none = [](int value, int end) { return value < 0 || value >= end; };
-    refuse_if(none(act.vlan_tag_act, VX_FLOW_VLAN_TAG_ACTION_MAX), VX_ERR_FE_INVALID_VLAN_ACTION);
-    refuse_if(none(act.tpid_act, VX_FLOW_TPID_ACTION_MAX), VX_ERR_FE_INVALID_TPID_ACTION);
-    refuse_if(none(act.pbit_act, VX_FLOW_PBIT_ACTION_MAX), VX_ERR_FE_INVALID_PBIT_ACTION);
-    check_range(act.de_act, 0, VX_FLOW_DE_ACTION_MAX - 1);
-    check_range(act.pbit, 0, LMQ_MAX_DOT1P - 1);
-    check_range(act.de, 0, 1);
-    refuse_if(act.vid > last_vid, VX_ERR_FE_INVALID_VLAN_ID);
+    if (none(act.vlan_tag_act, VX_FLOW_VLAN_TAG_ACTION_MAX)) return VX_ERR_FE_INVALID_VLAN_ACTION;
+    if (none(act.tpid_act, VX_FLOW_TPID_ACTION_MAX)) return VX_ERR_FE_INVALID_TPID_ACTION;
+    if (none(act.pbit_act, VX_FLOW_PBIT_ACTION_MAX)) return VX_ERR_FE_INVALID_PBIT_ACTION;
+    if (!is_in_range(act.de_act, 0, VX_FLOW_DE_ACTION_MAX - 1) || !is_in_range(act.pbit, 0, LMQ_MAX_DOT1P - 1) ||
+        !is_in_range(act.de, 0, 1))
+        return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+    if (act.vid > last_vid) return VX_ERR_FE_INVALID_VLAN_ID;
+    return VX_SUCCESS;
 }
 
-void check(const vx_flow_dot1p_action_t &act) {
-    refuse_if(act.pbit_act < 0 || act.pbit_act >= VX_FLOW_PBIT_ACTION_MAX, VX_ERR_FE_INVALID_PBIT_ACTION);
-    check_range(act.de_act, 0, VX_FLOW_DE_ACTION_MAX - 1);
-    check_range(act.pbit, 0, LMQ_MAX_DOT1P - 1);
-    check_range(act.de, 0, 1);
+[[nodiscard]] vx_status_e check(const vx_flow_dot1p_action_t &act) {
+    if (act.pbit_act < 0 || act.pbit_act >= VX_FLOW_PBIT_ACTION_MAX) return VX_ERR_FE_INVALID_PBIT_ACTION;
+    if (!is_in_range(act.de_act, 0, VX_FLOW_DE_ACTION_MAX - 1) || !is_in_range(act.pbit, 0, LMQ_MAX_DOT1P - 1) ||
+        !is_in_range(act.de, 0, 1))
+        return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+    return VX_SUCCESS;
 }
 
 /* Looks at the flagged members alone. */
-void check(const Action &action, unsigned queues) {
+[[nodiscard]] vx_status_e check(const Action &action, unsigned queues) {
     const auto &flags = action.valid.mask_s;
-    if (flags.o_vlan_act) check(action.o_vlan_act);
-    if (flags.i_vlan_act) check(action.i_vlan_act);
-    if (flags.o_dot1p_act) check(action.o_dot1p_act);
-    if (flags.i_dot1p_act) check(action.i_dot1p_act);
+    if (const vx_status_e refused = flags.o_vlan_act ? check(action.o_vlan_act) : VX_SUCCESS) return refused;
+    if (const vx_status_e refused = flags.i_vlan_act ? check(action.i_vlan_act) : VX_SUCCESS) return refused;
+    if (const vx_status_e refused = flags.o_dot1p_act ? check(action.o_dot1p_act) : VX_SUCCESS) return refused;
+    if (const vx_status_e refused = flags.i_dot1p_act ? check(action.i_dot1p_act) : VX_SUCCESS) return refused;
     if (flags.cos_act) {
-        check_range(action.cos_act.cos_act, 0, VX_FLOW_COS_ACTION_MAX - 1);
-        check_range(action.cos_act.cos_val, 0, LMQ_MAX_COS - 1);
+        if (!is_in_range(action.cos_act.cos_act, 0, VX_FLOW_COS_ACTION_MAX - 1) ||
+            !is_in_range(action.cos_act.cos_val, 0, LMQ_MAX_COS - 1))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
     }
     if (flags.dscp_act) {
-        check_range(action.dscp_act.dscp_act, 0, VX_FLOW_DSCP_ACTION_MAX - 1);
-        check_range(action.dscp_act.dscp_val, 0, LMQ_MAX_DSCP - 1);
+        if (!is_in_range(action.dscp_act.dscp_act, 0, VX_FLOW_DSCP_ACTION_MAX - 1) ||
+            !is_in_range(action.dscp_act.dscp_val, 0, LMQ_MAX_DSCP - 1))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
     }
-    if (flags.queue_id) refuse_if(action.queue_id >= queues, VX_ERR_TM_INVALID_QUEUE_ID);
-    if (flags.egrs_vlan_chk_sel) check_range(action.egrs_vlan_chk_sel, 0, VX_FLOW_EGRS_VLAN_CHK_MAX - 1);
-    if (flags.dsbl_mac_learn) check_range(action.lrn_limit_act, VX_LRN_LMT_PKT_ACT_FWD, VX_LRN_LMT_PKT_ACT_DRP);
+    if (flags.queue_id && action.queue_id >= queues) return VX_ERR_TM_INVALID_QUEUE_ID;
+    if (flags.egrs_vlan_chk_sel && !is_in_range(action.egrs_vlan_chk_sel, 0, VX_FLOW_EGRS_VLAN_CHK_MAX - 1))
+        return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+    if (flags.dsbl_mac_learn && !is_in_range(action.lrn_limit_act, VX_LRN_LMT_PKT_ACT_FWD, VX_LRN_LMT_PKT_ACT_DRP))
+        return VX_ERR_GLBL_RANGE_CHECK_FAIL;
     if (flags.enbl_pkt_mirror) {
-        check_port(action.mirror_port);
-        check_range(action.mirror_mode, 0, VX_FLOW_MIRROR_MODE_MAX - 1);
+        if (is_no_port(action.mirror_port)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+        if (!is_in_range(action.mirror_mode, 0, VX_FLOW_MIRROR_MODE_MAX - 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
     }
+    return VX_SUCCESS;
 }
 
 void take(Action &kept, const Action &given) {
@@ -102,6 +110,7 @@ void take(Action &kept, const Action &given) {
 /* The two directions, for what they do alike. */
 struct Upstream {
     using Key = vx_flow_us_key_t;
+    using Flow = vx_flow_us_cfg_t;
     static constexpr unsigned queue_count = GponTm::us_queue_count;
     static auto &table(Device &device) { return device.flow.upstream; }
     static vx_flow_us_cfg_t &cfg(vx_flow_us_cfg_t &flow) { return flow; }
@@ -117,6 +126,7 @@ struct Upstream {
 
 struct Downstream {
     using Key = vx_flow_ds_key_t;
+    using Flow = Flows::Downstream;
     static constexpr unsigned queue_count = CosQueues::port_queue_count;
     static auto &table(Device &device) { return device.flow.downstream; }
     static vx_flow_ds_cfg_t &cfg(Flows::Downstream &flow) { return flow.cfg; }
@@ -129,34 +139,36 @@ struct Downstream {
 };
 
 template <class Direction>
-auto &find(Device &device, vx_flow_id_t id) {
+Result<typename Direction::Flow &> find(Device &device, vx_flow_id_t id) {
     auto *flow = Direction::table(device).find(id);
-    refuse_if(flow == nullptr, VX_ERR_FE_INVALID_FLOW_ID);
+    if (flow == nullptr) return VX_ERR_FE_INVALID_FLOW_ID;
     return *flow;
 }
 
 /* Refuses a key that another flow of the port has at the same priority. */
 template <class Direction>
-void check_unique(Device &device, vx_port_id_t port, vx_uint8 priority, vx_flow_id_t self,
-                  const typename Direction::Key &key) {
+[[nodiscard]] vx_status_e check_unique(Device &device, vx_port_id_t port, vx_uint8 priority, vx_flow_id_t self,
+                                       const typename Direction::Key &key) {
     for (auto &[id, flow] : Direction::table(device)) {
-        refuse_if(id != self && Direction::port(flow) == port && Direction::cfg(flow).pri == priority &&
-                      std::memcmp(&Direction::cfg(flow).key, &key, sizeof key) == 0,
-                  VX_ERR_FE_ACTION_ON_DUP_FLOW_NOT_SUPPORTED);
+        if (id != self && Direction::port(flow) == port && Direction::cfg(flow).pri == priority &&
+            std::memcmp(&Direction::cfg(flow).key, &key, sizeof key) == 0)
+            return VX_ERR_FE_ACTION_ON_DUP_FLOW_NOT_SUPPORTED;
     }
+    return VX_SUCCESS;
 }
 
 template <class Direction>
-void add(Device &device, vx_port_id_t port, const typename Direction::Key &key, const Action &action, vx_uint8 priority,
-         vx_flow_id_t *id) {
-    check_port(port);
-    check(key);
-    check(action, Direction::queue_count);
-    check_unique<Direction>(device, port, priority, LMQ_INVALID_FLOW_ID, key);
+[[nodiscard]] vx_status_e add(Device &device, vx_port_id_t port, const typename Direction::Key &key,
+                              const Action &action, vx_uint8 priority, vx_flow_id_t *id) {
+    if (is_no_port(port)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+    if (const vx_status_e refused = check(key)) return refused;
+    if (const vx_status_e refused = check(action, Direction::queue_count)) return refused;
+    if (const vx_status_e refused = check_unique<Direction>(device, port, priority, LMQ_INVALID_FLOW_ID, key))
+        return refused;
     auto &table = Direction::table(device);
-    refuse_if(table.size() >= Flows::max_flows, VX_ERR_FE_CLS_ENTRY_UNAVAIL);
+    if (table.size() >= Flows::max_flows) return VX_ERR_FE_CLS_ENTRY_UNAVAIL;
     const auto given = device.flow.ids.give();
-    refuse_if(!given, VX_ERR_FE_CLS_ENTRY_UNAVAIL);
+    if (!given) return VX_ERR_FE_CLS_ENTRY_UNAVAIL;
 
     auto flow = Direction::make(port);
     auto &cfg = Direction::cfg(flow);
@@ -166,44 +178,54 @@ void add(Device &device, vx_port_id_t port, const typename Direction::Key &key, 
     take(cfg.action, action);
     table.insert(*given, flow);
     *id = *given;
+    return VX_SUCCESS;
 }
 
 template <class Direction>
-void remove(Device &device, vx_flow_id_t id) {
-    find<Direction>(device, id);
-    Direction::table(device).erase(id);
+[[nodiscard]] vx_status_e remove(Device &device, vx_flow_id_t id) {
+    if (!Direction::table(device).erase(id)) return VX_ERR_FE_INVALID_FLOW_ID;
     device.flow.ids.take_back(id);
     device.policer.policing.erase(id);
+    return VX_SUCCESS;
 }
 
 template <class Direction>
-void modify(Device &device, vx_flow_id_t id, const typename Direction::Key &key, const Action &action) {
-    auto &flow = find<Direction>(device, id);
+[[nodiscard]] vx_status_e modify(Device &device, vx_flow_id_t id, const typename Direction::Key &key,
+                                 const Action &action) {
+    const auto flow = find<Direction>(device, id);
+    if (!flow) return flow.status();
+    auto &cfg = Direction::cfg(*flow);
     const bool has_key = key.key_type != VX_CL_KEY_INVALID;
     if (has_key) {
-        check(key);
-        check_unique<Direction>(device, Direction::port(flow), Direction::cfg(flow).pri, id, key);
+        if (const vx_status_e refused = check(key)) return refused;
+        if (const vx_status_e refused = check_unique<Direction>(device, Direction::port(*flow), cfg.pri, id, key))
+            return refused;
     }
-    check(action, Direction::queue_count);
-    merge(has_key, Direction::cfg(flow).key, key);
-    take(Direction::cfg(flow).action, action);
+    if (const vx_status_e refused = check(action, Direction::queue_count)) return refused;
+    merge(has_key, cfg.key, key);
+    take(cfg.action, action);
+    return VX_SUCCESS;
 }
 
 template <class Direction, class Cfg>
-void list(Device &device, vx_port_id_t port, vx_uint16 room, Cfg *cfg, vx_uint16 *count) {
-    check_port(port);
+[[nodiscard]] vx_status_e list(Device &device, vx_port_id_t port, vx_uint16 room, Cfg *cfg, vx_uint16 *count) {
+    if (is_no_port(port)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
     *count = 0;
     for (auto &[id, flow] : Direction::table(device)) {
-        if (*count == room) return;
+        if (*count == room) return VX_SUCCESS;
         if (Direction::port(flow) == port) cfg[(*count)++] = Direction::cfg(flow);
     }
+    return VX_SUCCESS;
 }
 
 template <class Direction>
-void get(Device &device, vx_flow_id_t id, typename Direction::Key *key, Action *action) {
-    const auto &cfg = Direction::cfg(find<Direction>(device, id));
+[[nodiscard]] vx_status_e get(Device &device, vx_flow_id_t id, typename Direction::Key *key, Action *action) {
+    const auto flow = find<Direction>(device, id);
+    if (!flow) return flow.status();
+    const auto &cfg = Direction::cfg(*flow);
     *key = cfg.key;
     *action = cfg.action;
+    return VX_SUCCESS;
 }
 
 /* What a mapping does to a fixed queue. */
@@ -230,42 +252,42 @@ vx_status_e vx_flow_us_add(vx_dev_id_t device_id, vx_port_id_t port_id, vx_flow_
                            vx_flow_us_action_t *p_action, vx_uint8 priority, vx_flow_id_t *p_flow_id) {
     return on_device(__func__, device_id, {p_key, p_action, p_flow_id}, [&](Device &device) {
         if (priority > LMQ_MAX_US_CL_PRI && priority != LMQ_DEF_US_CL_PRI) return VX_ERR_FE_CLS_INVALID_PRIORITY;
-        add<Upstream>(device, port_id, *p_key, *p_action, priority, p_flow_id);
-        return VX_SUCCESS;
+        return add<Upstream>(device, port_id, *p_key, *p_action, priority, p_flow_id);
     });
 }
 
 vx_status_e vx_flow_us_delete(vx_dev_id_t dev_id, vx_flow_id_t flow_id) {
-    return on_device(__func__, dev_id, {}, [&](Device &device) { remove<Upstream>(device, flow_id); });
+    return on_device(__func__, dev_id, {}, [&](Device &device) { return remove<Upstream>(device, flow_id); });
 }
 
 vx_status_e vx_flow_us_modify(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_flow_us_key_t *p_key,
                               vx_flow_us_action_t *p_action) {
     return on_device(__func__, dev_id, {p_key, p_action},
-                     [&](Device &device) { modify<Upstream>(device, flow_id, *p_key, *p_action); });
+                     [&](Device &device) { return modify<Upstream>(device, flow_id, *p_key, *p_action); });
 }
 
 vx_status_e vx_flow_us_get(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_flow_us_key_t *p_key,
                            vx_flow_us_action_t *p_action) {
     return on_device(__func__, dev_id, {p_key, p_action},
-                     [&](Device &device) { get<Upstream>(device, flow_id, p_key, p_action); });
+                     [&](Device &device) { return get<Upstream>(device, flow_id, p_key, p_action); });
 }
 
 vx_status_e vx_flow_us_map(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_uint16 sni_port_num, vx_uint16 sni_sub_port) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        vx_flow_us_cfg_t &flow = find<Upstream>(device, flow_id);
+        const Result<vx_flow_us_cfg_t &> flow = find<Upstream>(device, flow_id);
+        if (!flow) return flow.status();
         if (is_no_port(sni_port_num)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         if (sni_port_num != VX_PORT_SNI0 && sni_port_num != VX_PORT_CPU) return VX_ERR_PORT_TYPE_MISMATCH;
         const bool on_sni = sni_port_num == VX_PORT_SNI0;
         if (on_sni && device.config.dev_mode == LMQ_DEV_MODE_GPON) {
-            check_gem(sni_sub_port);
-            map_to_gem(device, flow.action, sni_sub_port);
+            if (const vx_status_e refused = check_gem(sni_sub_port)) return refused;
+            map_to_gem(device, flow->action, sni_sub_port);
         } else if (on_sni && device.config.dev_mode == LMQ_DEV_MODE_EPON) {
-            check_range(sni_sub_port, 0, llid_count - 1);
-            map_to_llid(flow.action, sni_sub_port);
+            if (!is_in_range(sni_sub_port, 0, llid_count - 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+            map_to_llid(flow->action, sni_sub_port);
         }
-        flow.map_port = sni_port_num;
-        flow.map_sub_port = sni_sub_port;
+        flow->map_port = sni_port_num;
+        flow->map_sub_port = sni_sub_port;
         return VX_SUCCESS;
     });
 }
@@ -273,36 +295,38 @@ vx_status_e vx_flow_us_map(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_uint16 s
 vx_status_e vx_flow_us_all_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 get_cnt, vx_flow_us_cfg_t *p_cfg,
                                vx_uint16 *p_valid_cnt) {
     return on_device(__func__, dev_id, {p_cfg, p_valid_cnt},
-                     [&](Device &device) { list<Upstream>(device, port_id, get_cnt, p_cfg, p_valid_cnt); });
+                     [&](Device &device) { return list<Upstream>(device, port_id, get_cnt, p_cfg, p_valid_cnt); });
 }
 
 vx_status_e vx_flow_ds_add(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_flow_ds_key_t *p_key,
                            vx_flow_ds_action_t *p_action, vx_uint8 priority, vx_flow_id_t *p_flow_id) {
-    return on_device(__func__, dev_id, {p_key, p_action, p_flow_id},
-                     [&](Device &device) { add<Downstream>(device, port_id, *p_key, *p_action, priority, p_flow_id); });
+    return on_device(__func__, dev_id, {p_key, p_action, p_flow_id}, [&](Device &device) {
+        return add<Downstream>(device, port_id, *p_key, *p_action, priority, p_flow_id);
+    });
 }
 
 vx_status_e vx_flow_ds_delete(vx_dev_id_t dev_id, vx_flow_id_t flow_id) {
-    return on_device(__func__, dev_id, {}, [&](Device &device) { remove<Downstream>(device, flow_id); });
+    return on_device(__func__, dev_id, {}, [&](Device &device) { return remove<Downstream>(device, flow_id); });
 }
 
 vx_status_e vx_flow_ds_modify(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_flow_ds_key_t *p_key,
                               vx_flow_ds_action_t *p_action) {
     return on_device(__func__, dev_id, {p_key, p_action},
-                     [&](Device &device) { modify<Downstream>(device, flow_id, *p_key, *p_action); });
+                     [&](Device &device) { return modify<Downstream>(device, flow_id, *p_key, *p_action); });
 }
 
 vx_status_e vx_flow_ds_get(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_flow_ds_key_t *p_key,
                            vx_flow_ds_action_t *p_action) {
     return on_device(__func__, dev_id, {p_key, p_action},
-                     [&](Device &device) { get<Downstream>(device, flow_id, p_key, p_action); });
+                     [&](Device &device) { return get<Downstream>(device, flow_id, p_key, p_action); });
 }
 
 vx_status_e vx_flow_ds_map(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_port_id_t port_id) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        Flows::Downstream &flow = find<Downstream>(device, flow_id);
+        const Result<Flows::Downstream &> flow = find<Downstream>(device, flow_id);
+        if (!flow) return flow.status();
         if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
-        flow.cfg.map_port = port_id;
+        flow->cfg.map_port = port_id;
         return VX_SUCCESS;
     });
 }
@@ -310,7 +334,7 @@ vx_status_e vx_flow_ds_map(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_port_id_
 vx_status_e vx_flow_ds_all_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 get_cnt, vx_flow_ds_cfg_t *p_cfg,
                                vx_uint16 *p_valid_cnt) {
     return on_device(__func__, dev_id, {p_cfg, p_valid_cnt},
-                     [&](Device &device) { list<Downstream>(device, port_id, get_cnt, p_cfg, p_valid_cnt); });
+                     [&](Device &device) { return list<Downstream>(device, port_id, get_cnt, p_cfg, p_valid_cnt); });
 }
 
 }  // extern "C"

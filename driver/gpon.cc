@@ -172,8 +172,8 @@ template <typename Body>
 vx_status_e on_port(const char *function, vx_dev_id_t dev_id, vx_uint16 port_id,
                     std::initializer_list<const void *> pointers, Body body) noexcept {
     return on_device(function, dev_id, pointers, [&](Device &device) {
-        check_pon(device, port_id);
-        body(device, device.gpon.port);
+        if (const vx_status_e refused = check_pon(device, port_id)) return refused;
+        return run(body, device, device.gpon.port);
     });
 }
 
@@ -215,26 +215,31 @@ void fill(Table<Key, Value> &table, Entry *list, vx_uint16 *count, Describe desc
 
 }  // namespace
 
-void check_gpon(const Device &device) {
-    refuse_if(device.config.dev_mode != LMQ_DEV_MODE_GPON, VX_ERR_PORT_TYPE_MISMATCH);
+vx_status_e check_gpon(const Device &device) {
+    if (device.config.dev_mode != LMQ_DEV_MODE_GPON) return VX_ERR_PORT_TYPE_MISMATCH;
+    return VX_SUCCESS;
 }
 
-void check_pon(const Device &device, vx_uint16 port_id) {
-    check_port(port_id);
-    refuse_if(port_id != VX_PORT_SNI0, VX_ERR_PORT_TYPE_MISMATCH);
-    check_gpon(device);
+vx_status_e check_pon(const Device &device, vx_uint16 port_id) {
+    if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+    if (port_id != VX_PORT_SNI0) return VX_ERR_PORT_TYPE_MISMATCH;
+    return check_gpon(device);
 }
 
-void check_tcont(vx_uint16 tcont_id) { refuse_if(tcont_id >= VX_GPON_MAX_TCONTS, VX_ERR_GPON_INVALID_TCONT); }
-
-void check_gem(vx_uint16 gem_port_id) {
-    refuse_if(gem_port_id > Gpon::greatest_gem_port, VX_ERR_GPON_INVALID_GEM_PORT);
+vx_status_e check_tcont(vx_uint16 tcont_id) {
+    if (tcont_id >= VX_GPON_MAX_TCONTS) return VX_ERR_GPON_INVALID_TCONT;
+    return VX_SUCCESS;
 }
 
-Gpon::GemPort &gem_port(Gpon &gpon, vx_uint16 gem_port_id) {
-    check_gem(gem_port_id);
+vx_status_e check_gem(vx_uint16 gem_port_id) {
+    if (gem_port_id > Gpon::greatest_gem_port) return VX_ERR_GPON_INVALID_GEM_PORT;
+    return VX_SUCCESS;
+}
+
+Result<Gpon::GemPort &> gem_port(Gpon &gpon, vx_uint16 gem_port_id) {
+    if (const vx_status_e refused = check_gem(gem_port_id)) return refused;
     Gpon::GemPort *gem = gpon.gem_ports.find(gem_port_id);
-    refuse_if(gem == nullptr, VX_ERR_GLBL_ENTRY_NOT_FOUND);
+    if (gem == nullptr) return VX_ERR_GLBL_ENTRY_NOT_FOUND;
     return *gem;
 }
 
@@ -283,12 +288,15 @@ vx_status_e vx_gpon_onu_port_config_set(vx_dev_id_t dev_id, vx_port_id_t port_id
         merge(flags.sf_clear_threshold, next.sf_clear_threshold, p_cfg->sf_clear_threshold);
         merge(flags.sd_threshold, next.sd_threshold, p_cfg->sd_threshold);
         merge(flags.sd_clear_threshold, next.sd_clear_threshold, p_cfg->sd_clear_threshold);
-        check_range(next.dbru_blk_len, VX_GPON_DBA_BLK_LEN_32, VX_GPON_DBA_BLK_LEN_128);
+        if (!is_in_range(next.dbru_blk_len, VX_GPON_DBA_BLK_LEN_32, VX_GPON_DBA_BLK_LEN_128))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         for (vx_gpon_signal_thres_val_t threshold :
              {next.sf_threshold, next.sf_clear_threshold, next.sd_threshold, next.sd_clear_threshold}) {
-            check_range(threshold, VX_GPON_SIG_THRES_10_EXP_3, VX_GPON_SIG_THRES_10_EXP_11);
+            if (!is_in_range(threshold, VX_GPON_SIG_THRES_10_EXP_3, VX_GPON_SIG_THRES_10_EXP_11))
+                return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         }
         port.cfg = next;
+        return VX_SUCCESS;
     });
 }
 
@@ -317,21 +325,23 @@ vx_status_e vx_gpon_onu_port_enable_set(vx_dev_id_t dev_id, vx_port_id_t port_id
 
 vx_status_e vx_gpon_onu_state_set(vx_dev_id_t dev_id, vx_uint16 port_id, vx_gpon_onu_state_t onu_state) {
     return on_port(__func__, dev_id, port_id, {}, [&](Device &device, Gpon::Port &port) {
-        check_range(onu_state, VX_GPON_STATE_INITIAL, VX_GPON_STATE_ESTOP);
+        if (!is_in_range(onu_state, VX_GPON_STATE_INITIAL, VX_GPON_STATE_ESTOP)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         port.walking = false;
         enter(device, onu_state, device.system.clock.now());
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_gpon_onu_laser_mode_set(vx_dev_id_t dev_id, vx_uint16 port_id, vx_pon_laser_ctrl_mode_t mode,
                                        vx_uint8 dir) {
     return on_port(__func__, dev_id, port_id, {}, [&](Device &device, Gpon::Port &port) {
-        refuse_if(dir != 0, VX_ERR_GLBL_OP_NO_SUPPORTED_BY_SW);
-        check_range(mode, VX_PON_LASER_ALWAYS_OFF, VX_PON_LASER_ALWAYS_ON);
+        if (dir != 0) return VX_ERR_GLBL_OP_NO_SUPPORTED_BY_SW;
+        if (!is_in_range(mode, VX_PON_LASER_ALWAYS_OFF, VX_PON_LASER_ALWAYS_ON)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         const bool was_off = port.laser == VX_PON_LASER_ALWAYS_OFF;
         port.laser = mode;
-        if (was_off == (mode == VX_PON_LASER_ALWAYS_OFF) || !port.walking) return;
+        if (was_off == (mode == VX_PON_LASER_ALWAYS_OFF) || !port.walking) return VX_SUCCESS;
         enter(device, std::min(port.state, VX_GPON_STATE_STANDBY), device.system.clock.now());
+        return VX_SUCCESS;
     });
 }
 
@@ -344,31 +354,34 @@ vx_status_e vx_gpon_onu_tcont_enable_set(vx_dev_id_t dev_id, vx_port_id_t port_i
                                          vx_boolean enable, vx_tcont_cfg_t *p_cfg) {
     return on_port(__func__, dev_id, port_id, {}, [&](Device &device, Gpon::Port &) {
         Gpon &gpon = device.gpon;
-        check_tcont(tcont_id);
+        if (const vx_status_e refused = check_tcont(tcont_id)) return refused;
         if (!enable) {
-            refuse_if(gpon.tconts.find(tcont_id) == nullptr, VX_ERR_GPON_TCONT_NOT_ENABLED);
-            for (const auto &[id, gem] : gpon.gem_ports) refuse_if(goes_through(gem, tcont_id), VX_ERR_DEV_BUSY);
+            if (gpon.tconts.find(tcont_id) == nullptr) return VX_ERR_GPON_TCONT_NOT_ENABLED;
+            for (const auto &[id, gem] : gpon.gem_ports) {
+                if (goes_through(gem, tcont_id)) return VX_ERR_DEV_BUSY;
+            }
             gpon.tconts.erase(tcont_id);
             device.gpon_tm.tcont.erase(tcont_id);
-            return;
+            return VX_SUCCESS;
         }
-        check_pointers({p_cfg}, VX_ERR_DEV_NULL_PTR);
-        check_range(p_cfg->alloc_id, 0, greatest_alloc_id);
+        if (!p_cfg) return VX_ERR_DEV_NULL_PTR;
+        if (!is_in_range(p_cfg->alloc_id, 0, greatest_alloc_id)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         for (const auto &[id, alloc_id] : gpon.tconts) {
-            refuse_if(id != tcont_id && alloc_id == p_cfg->alloc_id, VX_ERR_GLBL_ENTRY_EXIST);
+            if (id != tcont_id && alloc_id == p_cfg->alloc_id) return VX_ERR_GLBL_ENTRY_EXIST;
         }
         if (gpon.tconts.insert(tcont_id, p_cfg->alloc_id) == Insert::exists) {
             *gpon.tconts.find(tcont_id) = p_cfg->alloc_id;
         }
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_gpon_onu_tcont_info_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 tcont_id,
                                        vx_tcont_info_t *p_info) {
     return on_port(__func__, dev_id, port_id, {p_info}, [&](Device &device, Gpon::Port &) {
-        check_tcont(tcont_id);
+        if (const vx_status_e refused = check_tcont(tcont_id)) return refused;
         const vx_uint16 *alloc_id = device.gpon.tconts.find(tcont_id);
-        refuse_if(alloc_id == nullptr, VX_ERR_GPON_TCONT_NOT_ENABLED);
+        if (alloc_id == nullptr) return VX_ERR_GPON_TCONT_NOT_ENABLED;
         *p_info = {.enbl_status = TRUE,
                    .alloc_id = *alloc_id,
                    .tcont_subport_id = subport(tcont_id),
@@ -377,6 +390,7 @@ vx_status_e vx_gpon_onu_tcont_info_get(vx_dev_id_t dev_id, vx_port_id_t port_id,
         for (const auto &[id, gem] : device.gpon.gem_ports) {
             if (goes_through(gem, tcont_id)) p_info->gem_ports[p_info->num_gem_ports++] = id;
         }
+        return VX_SUCCESS;
     });
 }
 
@@ -394,25 +408,26 @@ vx_status_e vx_gpon_onu_gem_port_add(vx_dev_id_t dev_id, vx_port_id_t port_id, v
                                      vx_gem_port_cfg_t *p_cfg) {
     return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Device &device, Gpon::Port &) {
         Gpon &gpon = device.gpon;
-        check_gem(gem_port_id);
-        refuse_if(p_cfg->direction < LMQ_DIR_US || p_cfg->direction > LMQ_DIR_BOTH, VX_ERR_GLBL_INVALID_DIRECTION);
-        refuse_if(gpon.gem_ports.find(gem_port_id) != nullptr, VX_ERR_GLBL_ENTRY_EXIST);
-        refuse_if(gpon.gem_ports.size() == VX_MAX_GEM_PORTS, VX_ERR_DEV_HW_RESOURCE_UNAVAIL);
+        if (const vx_status_e refused = check_gem(gem_port_id)) return refused;
+        if (p_cfg->direction < LMQ_DIR_US || p_cfg->direction > LMQ_DIR_BOTH) return VX_ERR_GLBL_INVALID_DIRECTION;
+        if (gpon.gem_ports.find(gem_port_id) != nullptr) return VX_ERR_GLBL_ENTRY_EXIST;
+        if (gpon.gem_ports.size() == VX_MAX_GEM_PORTS) return VX_ERR_DEV_HW_RESOURCE_UNAVAIL;
         if (upstream(*p_cfg)) {
-            check_tcont(p_cfg->tcont_id);
-            refuse_if(gpon.tconts.find(p_cfg->tcont_id) == nullptr, VX_ERR_GPON_TCONT_NOT_ENABLED);
+            if (const vx_status_e refused = check_tcont(p_cfg->tcont_id)) return refused;
+            if (gpon.tconts.find(p_cfg->tcont_id) == nullptr) return VX_ERR_GPON_TCONT_NOT_ENABLED;
         }
         const vx_gem_port_cfg_t cfg{.direction = p_cfg->direction,
                                     .tcont_id = p_cfg->tcont_id,
                                     .aes_enable = as_boolean(p_cfg->aes_enable),
                                     .multicast = as_boolean(p_cfg->multicast)};
         gpon.gem_ports.insert(gem_port_id, {.cfg = cfg, .index = free_index(gpon)});
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_gpon_onu_gem_port_delete(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 gem_port_id) {
     return on_port(__func__, dev_id, port_id, {}, [&](Device &device, Gpon::Port &) {
-        gem_port(device.gpon, gem_port_id);
+        if (const vx_status_e refused = gem_port(device.gpon, gem_port_id).status()) return refused;
         device.gpon.gem_ports.erase(gem_port_id);
         GponTm &tm = device.gpon_tm;
         tm.us_queue.erase(gem_port_id);
@@ -420,25 +435,30 @@ vx_status_e vx_gpon_onu_gem_port_delete(vx_dev_id_t dev_id, vx_port_id_t port_id
         tm.rate_limit.erase(gem_port_id);
         tm.gem.erase(gem_port_id);
         for (auto &[id, bridge] : device.vlan_bridge.bridges) std::erase(bridge.gem_ports, gem_port_id);
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_gpon_onu_gem_port_id_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 index,
                                         vx_uint16 *p_gem_port_id) {
     return on_port(__func__, dev_id, port_id, {p_gem_port_id}, [&](Device &device, Gpon::Port &) {
-        check_range(index, 0, VX_MAX_GEM_PORTS - 1);
+        if (!is_in_range(index, 0, VX_MAX_GEM_PORTS - 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         Gpon &gpon = device.gpon;
         const auto found = std::find_if(gpon.gem_ports.begin(), gpon.gem_ports.end(),
                                         [&](const auto &entry) { return entry.second.index == index; });
-        refuse_if(found == gpon.gem_ports.end(), VX_ERR_GLBL_ENTRY_NOT_FOUND);
+        if (found == gpon.gem_ports.end()) return VX_ERR_GLBL_ENTRY_NOT_FOUND;
         *p_gem_port_id = found->first;
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_gpon_onu_gem_port_info_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 gem_port_id,
                                           vx_gem_port_info_t *p_info) {
     return on_port(__func__, dev_id, port_id, {p_info}, [&](Device &device, Gpon::Port &) {
-        *p_info = info(device.gpon, gem_port_id, gem_port(device.gpon, gem_port_id));
+        const Result<Gpon::GemPort &> gem = gem_port(device.gpon, gem_port_id);
+        if (!gem) return gem.status();
+        *p_info = info(device.gpon, gem_port_id, *gem);
+        return VX_SUCCESS;
     });
 }
 
@@ -453,29 +473,34 @@ vx_status_e vx_gpon_onu_active_gem_port_get(vx_dev_id_t dev_id, vx_port_id_t por
 vx_status_e vx_gpon_onu_gem_port_loopback_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 gem_port_id,
                                               vx_boolean loopback_enbl) {
     return on_port(__func__, dev_id, port_id, {}, [&](Device &device, Gpon::Port &) {
-        gem_port(device.gpon, gem_port_id).loopback = loopback_enbl != FALSE;
+        const Result<Gpon::GemPort &> gem = gem_port(device.gpon, gem_port_id);
+        if (!gem) return gem.status();
+        gem->loopback = loopback_enbl != FALSE;
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_gpon_onu_ploam_ds_get(vx_dev_id_t dev_id, vx_uint16 port_num, vx_uint8 *p_message, vx_uint8 *p_num) {
     return on_port(__func__, dev_id, port_num, {p_message, p_num}, [&](Device &, Gpon::Port &port) {
-        check_range(*p_num, sizeof(Gpon::Ploam), UINT8_MAX);
+        if (!is_in_range(*p_num, sizeof(Gpon::Ploam), UINT8_MAX)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         *p_num = 0;
-        if (port.received.empty()) return;
+        if (port.received.empty()) return VX_SUCCESS;
         std::copy(port.received.front().begin(), port.received.front().end(), p_message);
         port.received.pop_front();
         *p_num = sizeof(Gpon::Ploam);
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_gpon_onu_ploam_us_set(vx_dev_id_t dev_id, vx_uint16 port_num, vx_uint8 *p_message, vx_uint8 num) {
     return on_port(__func__, dev_id, port_num, {p_message}, [&](Device &device, Gpon::Port &port) {
-        check_range(num, sizeof(Gpon::Ploam), sizeof(Gpon::Ploam));
-        refuse_if(port.state < VX_GPON_STATE_SERIALNO || port.state == VX_GPON_STATE_ESTOP ||
-                      port.laser == VX_PON_LASER_ALWAYS_OFF,
-                  VX_ERR_GPON_ONU_NOT_RANGED);
+        if (!is_in_range(num, sizeof(Gpon::Ploam), sizeof(Gpon::Ploam))) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (port.state < VX_GPON_STATE_SERIALNO || port.state == VX_GPON_STATE_ESTOP ||
+            port.laser == VX_PON_LASER_ALWAYS_OFF)
+            return VX_ERR_GPON_ONU_NOT_RANGED;
         device.gpon_tm.count_ploam(false, p_message[1]);
         raise_event(device, {VX_EVENT_GPON_PLOAMU_TX_DONE, VX_PORT_SNI0, 0}, {});
+        return VX_SUCCESS;
     });
 }
 

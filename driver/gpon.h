@@ -5,6 +5,7 @@
 #include <deque>
 
 #include "driver/clock.h"
+#include "driver/result.h"
 #include "driver/store.h"
 #include "lmq/lmq.h"
 
@@ -53,11 +54,11 @@ void reset(Device &device, Gpon &gpon);
 
 /// @name Checks that all of GPON has in common. Each refuses what it does not find in order.
 /// @{
-void check_gpon(const Device &device);                       ///< The device is one for GPON.
-void check_pon(const Device &device, vx_uint16 port_id);     ///< The port is the PON of a device for GPON.
-void check_tcont(vx_uint16 tcont_id);                        ///< There can be such a T-CONT.
-void check_gem(vx_uint16 gem_port_id);                       ///< There can be such a GEM port.
-Gpon::GemPort &gem_port(Gpon &gpon, vx_uint16 gem_port_id);  ///< There is such a GEM port.
+[[nodiscard]] vx_status_e check_gpon(const Device &device);                    ///< The device is one for GPON.
+[[nodiscard]] vx_status_e check_pon(const Device &device, vx_uint16 port_id);  ///< The port is the PON of such a one.
+[[nodiscard]] vx_status_e check_tcont(vx_uint16 tcont_id);                     ///< There can be such a T-CONT.
+[[nodiscard]] vx_status_e check_gem(vx_uint16 gem_port_id);                    ///< There can be such a GEM port.
+Result<Gpon::GemPort &> gem_port(Gpon &gpon, vx_uint16 gem_port_id);           ///< There is such a GEM port.
 /// @}
 
 /// Whether a GEM port is in loopback, which blocks the flows that are mapped to it.

@@ -41,8 +41,8 @@ template <typename Body>
 vx_status_e on_port(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id,
                     std::initializer_list<const void *> pointers, Body body) noexcept {
     return on_device(function, dev_id, pointers, [&](Device &device) {
-        check_port(port_id);
-        body(device.l2);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+        return run(body, device.l2);
     });
 }
 
@@ -59,8 +59,9 @@ vx_status_e set(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id, 
                 Setting<vx_port_id_t, T> Layer2::*setting, Change change) noexcept {
     return on_port(function, dev_id, port_id, {from}, [&](Layer2 &l2) {
         T changed = (l2.*setting).get(port_id);
-        change(changed);
+        if (const vx_status_e refused = run(change, changed)) return refused;
         (l2.*setting).set(port_id, changed);
+        return VX_SUCCESS;
     });
 }
 
@@ -102,8 +103,9 @@ vx_l2_static_pkt_fwd_cfg_t first_static_forwarding() {
     return cfg;
 }
 
-void check_type(vx_l2_fdb_entry_op_type_t type, int last = VX_FDB_ENTRY_OP_TYPE_BOTH) {
-    check_range(type, VX_FDB_ENTRY_OP_TYPE_DYNAMIC, last);
+[[nodiscard]] vx_status_e check_type(vx_l2_fdb_entry_op_type_t type, int last = VX_FDB_ENTRY_OP_TYPE_BOTH) {
+    if (!is_in_range(type, VX_FDB_ENTRY_OP_TYPE_DYNAMIC, last)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+    return VX_SUCCESS;
 }
 
 bool covers(vx_l2_fdb_entry_op_type_t type, const FdbEntry &known) {
@@ -143,14 +145,14 @@ std::size_t erase_if(Device &device, Condition condition) {
 ///
 /// An address of zeros is refused before what stands behind it is read: a count beyond a list that is closed by zeros
 /// reads no further.
-std::vector<Layer2::Mac> addresses(vx_uint8 count, const vx_l2_user_mac_addr_cfg_t *list) {
-    check_range(count, 1, filter_size);
+Result<std::vector<Layer2::Mac>> addresses(vx_uint8 count, const vx_l2_user_mac_addr_cfg_t *list) {
+    if (!is_in_range(count, 1, filter_size)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
     std::vector<Layer2::Mac> given;
     for (vx_uint8 i = 0; i < count; ++i) {
         Layer2::Mac mac;
         std::copy(std::begin(list[i].mac_addr), std::end(list[i].mac_addr), mac.begin());
         const bool group = (mac[0] & 1) != 0;
-        refuse_if(group || mac == Layer2::Mac{}, VX_ERR_GLBL_INVALID_PARAMS);
+        if (group || mac == Layer2::Mac{}) return VX_ERR_GLBL_INVALID_PARAMS;
         given.push_back(mac);
     }
     return given;
@@ -195,8 +197,10 @@ extern "C" {
 vx_status_e vx_l2_learn_set(vx_dev_id_t dev_id, vx_l2_learn_cfg_t *p_cfg) {
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
         const auto &flags = p_cfg->valid.mask_s;
-        if (flags.stn_mv_act) check_range(p_cfg->stn_mv_act, VX_STN_MV_ACT_DRP_PKT, VX_STN_MV_ACT_FWD_LRN);
-        if (flags.loop_det_act) check_range(p_cfg->loop_det_act, VX_LP_DET_ACT_DISABLE, VX_LP_DET_ACT_DRP_PKT);
+        if (flags.stn_mv_act && !is_in_range(p_cfg->stn_mv_act, VX_STN_MV_ACT_DRP_PKT, VX_STN_MV_ACT_FWD_LRN))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (flags.loop_det_act && !is_in_range(p_cfg->loop_det_act, VX_LP_DET_ACT_DISABLE, VX_LP_DET_ACT_DRP_PKT))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
 
         vx_l2_learn_cfg_t &kept = device.l2.learn;
         merge(flags.dsbl_hw_lrn, kept.dsbl_hw_lrn, as_boolean(p_cfg->dsbl_hw_lrn));
@@ -204,6 +208,7 @@ vx_status_e vx_l2_learn_set(vx_dev_id_t dev_id, vx_l2_learn_cfg_t *p_cfg) {
         merge(flags.stn_mv_act, kept.stn_mv_act, p_cfg->stn_mv_act);
         merge(flags.loop_det_act, kept.loop_det_act, p_cfg->loop_det_act);
         merge(flags.loop_det_timer, kept.loop_det_timer, p_cfg->loop_det_timer);
+        return VX_SUCCESS;
     });
 }
 
@@ -215,13 +220,13 @@ vx_status_e vx_l2_learn_port_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_l2
     return set(__func__, dev_id, port_id, p_cfg, &Layer2::learn_port, [&](vx_l2_learn_port_cfg_t &kept) {
         const auto &flags = p_cfg->valid.mask_s;
         const auto beyond = [](int value, int last) { return value < 0 || value > last; };
-        refuse_if(flags.lrn_vid_sel && beyond(p_cfg->lrn_vid_sel, VX_LRN_EGR_INNER_VID),
-                  VX_ERR_FE_FDB_INVALID_VLAN_LRN_OP);
-        refuse_if(flags.lrn_lmt_pkt_act && beyond(p_cfg->lrn_lmt_pkt_act, VX_LRN_LMT_PKT_ACT_DRP),
-                  VX_ERR_FE_FDB_INVALID_LRN_LMT_PKT_ACT);
-        refuse_if(flags.lrn_lmt_lrn_act && beyond(p_cfg->lrn_lmt_lrn_act, VX_LRN_LMT_LRN_ACT_REP_OLD_ENT),
-                  VX_ERR_FE_FDB_INVALID_LRN_LMT_LRN_ACT);
-        refuse_if(flags.lrn_lmt && p_cfg->lrn_lmt > Layer2::fdb_size, VX_ERR_FE_FDB_INVALID_TBL_SZ);
+        if (flags.lrn_vid_sel && beyond(p_cfg->lrn_vid_sel, VX_LRN_EGR_INNER_VID))
+            return VX_ERR_FE_FDB_INVALID_VLAN_LRN_OP;
+        if (flags.lrn_lmt_pkt_act && beyond(p_cfg->lrn_lmt_pkt_act, VX_LRN_LMT_PKT_ACT_DRP))
+            return VX_ERR_FE_FDB_INVALID_LRN_LMT_PKT_ACT;
+        if (flags.lrn_lmt_lrn_act && beyond(p_cfg->lrn_lmt_lrn_act, VX_LRN_LMT_LRN_ACT_REP_OLD_ENT))
+            return VX_ERR_FE_FDB_INVALID_LRN_LMT_LRN_ACT;
+        if (flags.lrn_lmt && p_cfg->lrn_lmt > Layer2::fdb_size) return VX_ERR_FE_FDB_INVALID_TBL_SZ;
 
         merge(flags.enbl_pbit_lrn, kept.enbl_pbit_lrn, as_boolean(p_cfg->enbl_pbit_lrn));
         merge(flags.enbl_vid_lrn, kept.enbl_vid_lrn, as_boolean(p_cfg->enbl_vid_lrn));
@@ -232,6 +237,7 @@ vx_status_e vx_l2_learn_port_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_l2
         merge(flags.lrn_lmt_pkt_act, kept.lrn_lmt_pkt_act, p_cfg->lrn_lmt_pkt_act);
         merge(flags.lrn_lmt_lrn_act, kept.lrn_lmt_lrn_act, p_cfg->lrn_lmt_lrn_act);
         merge(flags.lrn_lmt, kept.lrn_lmt, p_cfg->lrn_lmt);
+        return VX_SUCCESS;
     });
 }
 
@@ -261,11 +267,11 @@ vx_status_e vx_l2_fdb_entry_add(vx_dev_id_t dev_id, vx_l2_fdb_entry_op_type_t ty
                                 vx_l2_fdb_entry_handle_t *p_handle) {
     return on_device(__func__, dev_id, {p_mac_entry, p_handle}, [&](Device &device) {
         const vx_l2_fdb_entry_t &given = *p_mac_entry;
-        check_type(type, VX_FDB_ENTRY_OP_TYPE_STATIC);
+        if (const vx_status_e refused = check_type(type, VX_FDB_ENTRY_OP_TYPE_STATIC)) return refused;
         if (is_no_port(given.port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         if (!given.mac_addr_valid && !given.vid_valid && !given.p_bit_valid) return VX_ERR_GLBL_INVALID_PARAMS;
         if (given.vid_valid && given.vlan_id > last_vid) return VX_ERR_FE_INVALID_VLAN_ID;
-        if (given.p_bit_valid) check_range(given.p_bit, 0, LMQ_MAX_DOT1P - 1);
+        if (given.p_bit_valid && !is_in_range(given.p_bit, 0, LMQ_MAX_DOT1P - 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
 
         auto &fdb = device.l2.fdb;
         if (std::any_of(fdb.begin(), fdb.end(), [&](auto &known) { return same(known.second.entry, given); }))
@@ -286,11 +292,11 @@ vx_status_e vx_l2_fdb_entry_add(vx_dev_id_t dev_id, vx_l2_fdb_entry_op_type_t ty
 vx_status_e vx_l2_fdb_entry_delete(vx_dev_id_t dev_id, vx_l2_fdb_entry_op_type_t type, vx_l2_fdb_entry_handle_t handle,
                                    vx_l2_fdb_entry_t *p_mac_entry) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        check_type(type);
+        if (const vx_status_e refused = check_type(type)) return refused;
         auto &fdb = device.l2.fdb;
         vx_l2_fdb_entry_handle_t found = handle;
         if (handle == 0) {
-            check_pointers({p_mac_entry}, VX_ERR_DEV_NULL_PTR);
+            if (!p_mac_entry) return VX_ERR_DEV_NULL_PTR;
             for (const auto &[known, entry] : fdb) {
                 if (same(entry.entry, *p_mac_entry)) found = known;
             }
@@ -307,8 +313,8 @@ vx_status_e vx_l2_fdb_entry_get_next(vx_dev_id_t dev_id, vx_port_id_t port_id, v
                                      vx_l2_fdb_entry_handle_t *p_handle) {
     return on_device(__func__, dev_id, {p_mac_entry, p_handle}, [&](Device &device) {
         const bool all_ports = port_id == VX_INVALID_PORT_ID;
-        if (!all_ports) check_port(port_id);
-        check_type(mode);
+        if (!all_ports && is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+        if (const vx_status_e refused = check_type(mode)) return refused;
         auto &fdb = device.l2.fdb;
         const auto next = std::find_if(fdb.after(handle), fdb.end(), [&](const auto &known) {
             return covers(mode, known.second) && (all_ports || known.second.entry.port_id == port_id);
@@ -332,15 +338,16 @@ vx_status_e vx_l2_fdb_entry_get_next(vx_dev_id_t dev_id, vx_port_id_t port_id, v
 
 vx_status_e vx_l2_fdb_entry_clear(vx_dev_id_t dev_id, vx_l2_fdb_entry_op_type_t type) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        check_type(type);
+        if (const vx_status_e refused = check_type(type)) return refused;
         erase_if(device, [&](const FdbEntry &known) { return covers(type, known); });
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_l2_fdb_entry_port_clear(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_l2_fdb_entry_op_type_t type) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
         if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
-        check_type(type);
+        if (const vx_status_e refused = check_type(type)) return refused;
         erase_if(device, [&](const FdbEntry &known) { return covers(type, known) && known.entry.port_id == port_id; });
         return VX_SUCCESS;
     });
@@ -348,8 +355,10 @@ vx_status_e vx_l2_fdb_entry_port_clear(vx_dev_id_t dev_id, vx_port_id_t port_id,
 
 vx_status_e vx_l2_port_stp_state_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_l2_stp_state_t stp_state) {
     return set(__func__, dev_id, port_id, &stp_state, &Layer2::stp, [&](vx_l2_stp_state_t &kept) {
-        check_range(stp_state, VX_L2_STP_STATE_STP_OFF, VX_L2_STP_STATE_LINK_DOWN);
+        if (!is_in_range(stp_state, VX_L2_STP_STATE_STP_OFF, VX_L2_STP_STATE_LINK_DOWN))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         kept = stp_state;
+        return VX_SUCCESS;
     });
 }
 
@@ -360,9 +369,11 @@ vx_status_e vx_l2_port_stp_state_get(vx_dev_id_t dev_id, vx_port_id_t port_id, v
 vx_status_e vx_l2_mtu_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_l2_mtu_cfg_t *p_cfg) {
     return set(__func__, dev_id, port_id, p_cfg, &Layer2::mtu, [&](vx_l2_mtu_cfg_t &kept) {
         const auto &flags = p_cfg->valid.mask_s;
-        if (flags.max_pkt_size) check_range(p_cfg->max_pkt_size, least_packet, largest_packet);
+        if (flags.max_pkt_size && !is_in_range(p_cfg->max_pkt_size, least_packet, largest_packet))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         merge(flags.max_pkt_size, kept.max_pkt_size, p_cfg->max_pkt_size);
         merge(flags.exclude_tag, kept.exclude_tag, as_boolean(p_cfg->exclude_tag));
+        return VX_SUCCESS;
     });
 }
 
@@ -374,10 +385,11 @@ vx_status_e vx_l2_mac_addr_filter_config_set(vx_dev_id_t dev_id, vx_port_id_t po
                                              vx_l2_mac_addr_filter_cfg_t *p_cfg) {
     return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Layer2 &l2) {
         const vx_l2_filter_type_t given = p_cfg->filter_type, kept = l2.filter.get(port_id);
-        check_range(given, LMQ_FILTER_DISABLE, LMQ_FILTER_NEGATIVE);
+        if (!is_in_range(given, LMQ_FILTER_DISABLE, LMQ_FILTER_NEGATIVE)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         const bool turns = given != kept && given != LMQ_FILTER_DISABLE && kept != LMQ_FILTER_DISABLE;
-        refuse_if(turns && !l2.filtered.get(port_id).empty(), VX_ERR_FE_MAC_FILTER_MODE_CONFILCT);
+        if (turns && !l2.filtered.get(port_id).empty()) return VX_ERR_FE_MAC_FILTER_MODE_CONFILCT;
         l2.filter.set(port_id, given);
+        return VX_SUCCESS;
     });
 }
 
@@ -390,24 +402,33 @@ vx_status_e vx_l2_mac_addr_filter_config_get(vx_dev_id_t dev_id, vx_port_id_t po
 vx_status_e vx_l2_mac_addr_filter_add(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint8 num_mac_addr,
                                       vx_l2_user_mac_addr_cfg_t *p_mac_addr_list) {
     return set(__func__, dev_id, port_id, p_mac_addr_list, &Layer2::filtered, [&](std::vector<Layer2::Mac> &kept) {
-        for (const Layer2::Mac &mac : addresses(num_mac_addr, p_mac_addr_list)) {
-            refuse_if(std::find(kept.begin(), kept.end(), mac) != kept.end(), VX_ERR_GLBL_ENTRY_EXIST);
-            refuse_if(kept.size() >= filter_size, VX_ERR_GLBL_SW_RESOURCE_UNAVAIL);
+        const Result<std::vector<Layer2::Mac>> given = addresses(num_mac_addr, p_mac_addr_list);
+        if (!given) return given.status();
+        for (const Layer2::Mac &mac : *given) {
+            if (std::find(kept.begin(), kept.end(), mac) != kept.end()) return VX_ERR_GLBL_ENTRY_EXIST;
+            if (kept.size() >= filter_size) return VX_ERR_GLBL_SW_RESOURCE_UNAVAIL;
             kept.push_back(mac);
         }
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_l2_mac_addr_filter_delete(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_boolean delete_all,
                                          vx_uint8 num_mac_addr, vx_l2_user_mac_addr_cfg_t *p_mac_addr_list) {
     return set(__func__, dev_id, port_id, &delete_all, &Layer2::filtered, [&](std::vector<Layer2::Mac> &kept) {
-        if (delete_all) return kept.clear();
-        check_pointers({p_mac_addr_list}, VX_ERR_DEV_NULL_PTR);
-        for (const Layer2::Mac &mac : addresses(num_mac_addr, p_mac_addr_list)) {
+        if (delete_all) {
+            kept.clear();
+            return VX_SUCCESS;
+        }
+        if (!p_mac_addr_list) return VX_ERR_DEV_NULL_PTR;
+        const Result<std::vector<Layer2::Mac>> given = addresses(num_mac_addr, p_mac_addr_list);
+        if (!given) return given.status();
+        for (const Layer2::Mac &mac : *given) {
             const auto found = std::find(kept.begin(), kept.end(), mac);
-            refuse_if(found == kept.end(), VX_ERR_GLBL_ENTRY_NOT_FOUND);
+            if (found == kept.end()) return VX_ERR_GLBL_ENTRY_NOT_FOUND;
             kept.erase(found);
         }
+        return VX_SUCCESS;
     });
 }
 
@@ -425,9 +446,11 @@ vx_status_e vx_l2_mac_addr_filter_get(vx_dev_id_t dev_id, vx_port_id_t port_id, 
 
 vx_status_e vx_l2_tpid_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 tpid, vx_l2_tpid_cfg_t *p_cfg) {
     return on_port(__func__, dev_id, port_id, {p_cfg}, [&](Layer2 &l2) {
-        check_range(p_cfg->mode, VX_L2_TPID_MODE_DISABLE, VX_L2_TPID_MODE_BOTH);
+        if (!is_in_range(p_cfg->mode, VX_L2_TPID_MODE_DISABLE, VX_L2_TPID_MODE_BOTH))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         l2.tpid.set({port_id, tpid},
                     {p_cfg->mode, as_boolean(p_cfg->admit_outer_tag), as_boolean(p_cfg->admit_inner_tag)});
+        return VX_SUCCESS;
     });
 }
 
@@ -457,15 +480,16 @@ vx_status_e vx_l2_port_tpid_get(vx_dev_id_t dev_id, vx_uint16 port_num, vx_l2_fe
 vx_status_e vx_l2_port_config_set(vx_dev_id_t dev_id, vx_uint16 port_num, vx_l2_port_cfg_t *p_cfg) {
     return set(__func__, dev_id, port_num, p_cfg, &Layer2::port, [&](vx_l2_port_cfg_t &kept) {
         const auto &flags = p_cfg->valid.mask_s;
-        refuse_if(flags.dft_pvid && p_cfg->dft_pvid > last_vid, VX_ERR_FE_INVALID_VLAN_ID);
-        if (flags.dft_pbit) check_range(p_cfg->dft_pbit, 0, LMQ_MAX_DOT1P - 1);
-        if (flags.dft_dscp) check_range(p_cfg->dft_dscp, 0, LMQ_MAX_DSCP - 1);
-        if (flags.dft_cos) check_range(p_cfg->dft_cos, 0, LMQ_MAX_COS - 1);
-        if (flags.bc_cos) check_range(p_cfg->bc_cos, 0, LMQ_MAX_COS - 1);
-        if (flags.umc_cos) check_range(p_cfg->umc_cos, 0, LMQ_MAX_COS - 1);
-        if (flags.uuc_cos) check_range(p_cfg->uuc_cos, 0, LMQ_MAX_COS - 1);
+        if (flags.dft_pvid && p_cfg->dft_pvid > last_vid) return VX_ERR_FE_INVALID_VLAN_ID;
+        if (flags.dft_pbit && !is_in_range(p_cfg->dft_pbit, 0, LMQ_MAX_DOT1P - 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (flags.dft_dscp && !is_in_range(p_cfg->dft_dscp, 0, LMQ_MAX_DSCP - 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (flags.dft_cos && !is_in_range(p_cfg->dft_cos, 0, LMQ_MAX_COS - 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (flags.bc_cos && !is_in_range(p_cfg->bc_cos, 0, LMQ_MAX_COS - 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (flags.umc_cos && !is_in_range(p_cfg->umc_cos, 0, LMQ_MAX_COS - 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (flags.uuc_cos && !is_in_range(p_cfg->uuc_cos, 0, LMQ_MAX_COS - 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         if (flags.egrs_pvid_vlan_op) {
-            check_range(p_cfg->egrs_pvid_vlan_op, VX_EGRS_PVID_VLAN_OP_NOP, VX_EGRS_PVID_VLAN_OP_POP);
+            if (!is_in_range(p_cfg->egrs_pvid_vlan_op, VX_EGRS_PVID_VLAN_OP_NOP, VX_EGRS_PVID_VLAN_OP_POP))
+                return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         }
 
         merge(flags.dft_pvid, kept.dft_pvid, p_cfg->dft_pvid);
@@ -479,6 +503,7 @@ vx_status_e vx_l2_port_config_set(vx_dev_id_t dev_id, vx_uint16 port_num, vx_l2_
         merge(flags.ipv4_dscp_mask, kept.ipv4_dscp_mask, p_cfg->ipv4_dscp_mask);
         merge(flags.ipv6_tc_mask, kept.ipv6_tc_mask, p_cfg->ipv6_tc_mask);
         merge(flags.egrs_pvid_vlan_op, kept.egrs_pvid_vlan_op, p_cfg->egrs_pvid_vlan_op);
+        return VX_SUCCESS;
     });
 }
 
@@ -520,15 +545,16 @@ vx_status_e vx_l2_port_static_pkt_fwd_config_set(vx_dev_id_t dev_id, vx_uint16 s
     return set(__func__, dev_id, src_port_num, p_cfg, &Layer2::static_forwarding,
                [&](vx_l2_static_pkt_fwd_cfg_t &kept) {
                    const auto &flags = p_cfg->valid.mask_s;
-                   if (flags.bc_pkt_dpid) check_port(p_cfg->bc_pkt_dpid);
-                   if (flags.mc_pkt_dpid) check_port(p_cfg->mc_pkt_dpid);
-                   if (flags.uuc_pkt_dpid) check_port(p_cfg->uuc_pkt_dpid);
+                   if (flags.bc_pkt_dpid && is_no_port(p_cfg->bc_pkt_dpid)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+                   if (flags.mc_pkt_dpid && is_no_port(p_cfg->mc_pkt_dpid)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+                   if (flags.uuc_pkt_dpid && is_no_port(p_cfg->uuc_pkt_dpid)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
                    kept.enbl_bc_pkt_dpid = as_boolean(p_cfg->enbl_bc_pkt_dpid);
                    kept.enbl_mc_pkt_dpid = as_boolean(p_cfg->enbl_mc_pkt_dpid);
                    kept.enbl_uuc_pkt_dpid = p_cfg->enbl_uuc_pkt_dpid ? TRUE : FALSE;
                    merge(flags.bc_pkt_dpid, kept.bc_pkt_dpid, p_cfg->bc_pkt_dpid);
                    merge(flags.mc_pkt_dpid, kept.mc_pkt_dpid, p_cfg->mc_pkt_dpid);
                    merge(flags.uuc_pkt_dpid, kept.uuc_pkt_dpid, p_cfg->uuc_pkt_dpid);
+                   return VX_SUCCESS;
                });
 }
 

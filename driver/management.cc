@@ -46,13 +46,17 @@ bool is_zero(const vx_ip_addr_t &address) {
 }
 
 /* An address of the device, or a gateway. */
-void check_address(const vx_ip_addr_t &address) {
-    check_range(address.ip_ver, VX_IPV4, VX_IPV6);
-    refuse_if(is_zero(address), VX_ERR_GLBL_INVALID_PARAMS);
+[[nodiscard]] vx_status_e check_address(const vx_ip_addr_t &address) {
+    if (!is_in_range(address.ip_ver, VX_IPV4, VX_IPV6)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+    if (is_zero(address)) return VX_ERR_GLBL_INVALID_PARAMS;
+    return VX_SUCCESS;
 }
 
 /* An address of an IP host, which may be left open. */
-void check_version(const vx_ip_addr_t &address) { check_range(address.ip_ver, VX_IPV4, VX_IP_DONTCARE); }
+[[nodiscard]] vx_status_e check_version(const vx_ip_addr_t &address) {
+    if (!is_in_range(address.ip_ver, VX_IPV4, VX_IP_DONTCARE)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+    return VX_SUCCESS;
+}
 
 vx_ip_addr_t make_address(bool ipv4, const std::array<vx_uint32, 4> &words) {
     vx_ip_addr_t address{};
@@ -72,11 +76,6 @@ std::string text_of(const vx_ip_addr_t &address) {
     char text[INET6_ADDRSTRLEN];
     const bool ipv4 = address.ip_ver == VX_IPV4;
     return inet_ntop(ipv4 ? AF_INET : AF_INET6, key_of(address).second.data(), text, sizeof text);
-}
-
-void refuse_unless_ok(Insert result) {
-    refuse_if(result == Insert::exists, VX_ERR_GLBL_ENTRY_EXIST);
-    refuse_if(result == Insert::full, VX_ERR_GLBL_SW_RESOURCE_UNAVAIL);
 }
 
 DeviceAddresses &addresses(Device &device) {
@@ -99,64 +98,70 @@ DeviceAddresses &addresses(Device &device) {
     return *kept;
 }
 
-void add_address(Device &device, const lmq_dev_ip_addr_cfg_s &given) {
-    check_address(given.ip_addr);
-    check_range(given.prefix, 0, given.ip_addr.ip_ver == VX_IPV4 ? 32 : 128);
+[[nodiscard]] vx_status_e add_address(Device &device, const lmq_dev_ip_addr_cfg_s &given) {
+    if (const vx_status_e refused = check_address(given.ip_addr)) return refused;
+    if (!is_in_range(given.prefix, 0, given.ip_addr.ip_ver == VX_IPV4 ? 32 : 128)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
 
     auto &table = addresses(device).addresses;
     if (given.ip_addr.ip_ver == VX_IPV4)
         table.erase_if([](const AddressKey &key, auto &) { return key.first == VX_IPV4; });
-    refuse_unless_ok(table.insert(key_of(given.ip_addr), given));
+    return as_status(table.insert(key_of(given.ip_addr), given));
 }
 
-void delete_address(Device &device, const vx_ip_addr_t &address) {
-    check_address(address);
-    refuse_if(!addresses(device).addresses.erase(key_of(address)), VX_ERR_GLBL_ENTRY_NOT_FOUND);
+[[nodiscard]] vx_status_e delete_address(Device &device, const vx_ip_addr_t &address) {
+    if (const vx_status_e refused = check_address(address)) return refused;
+    if (!addresses(device).addresses.erase(key_of(address))) return VX_ERR_GLBL_ENTRY_NOT_FOUND;
+    return VX_SUCCESS;
 }
 
-void add_gateway(Device &device, const lmq_dev_gateway_cfg_s &given) {
-    check_address(given.ip_addr);
-    refuse_unless_ok(addresses(device).gateways.insert(key_of(given.ip_addr), given));
+[[nodiscard]] vx_status_e add_gateway(Device &device, const lmq_dev_gateway_cfg_s &given) {
+    if (const vx_status_e refused = check_address(given.ip_addr)) return refused;
+    return as_status(addresses(device).gateways.insert(key_of(given.ip_addr), given));
 }
 
-void delete_gateway(Device &device, const lmq_dev_gateway_cfg_s &given) {
-    check_address(given.ip_addr);
-    refuse_if(!addresses(device).gateways.erase(key_of(given.ip_addr)), VX_ERR_GLBL_ENTRY_NOT_FOUND);
+[[nodiscard]] vx_status_e delete_gateway(Device &device, const lmq_dev_gateway_cfg_s &given) {
+    if (const vx_status_e refused = check_address(given.ip_addr)) return refused;
+    if (!addresses(device).gateways.erase(key_of(given.ip_addr))) return VX_ERR_GLBL_ENTRY_NOT_FOUND;
+    return VX_SUCCESS;
 }
 
-void check(const vx_ip_host_if_cfg_t &cfg) {
-    check_version(cfg.ip_addr);
-    check_version(cfg.ip_mask);
-    check_version(cfg.gw_ip);
+[[nodiscard]] vx_status_e check(const vx_ip_host_if_cfg_t &cfg) {
+    if (const vx_status_e refused = check_version(cfg.ip_addr)) return refused;
+    if (const vx_status_e refused = check_version(cfg.ip_mask)) return refused;
+    return check_version(cfg.gw_ip);
 }
 
-IpHost &host(Device &device, vx_uint32 handle) {
-    IpHost *found = device.management.hosts.find(handle);
-    refuse_if(found == nullptr, VX_ERR_GLBL_ENTRY_NOT_FOUND);
-    return *found;
+/* Runs an operation on an IP host, as on_device() on a device. */
+template <typename Body>
+vx_status_e on_host(const char *function, vx_dev_id_t dev_id, vx_uint32 handle,
+                    std::initializer_list<const void *> pointers, Body body) noexcept {
+    return on_device(function, dev_id, pointers, [&](Device &device) {
+        IpHost *host = device.management.hosts.find(handle);
+        return host ? run(body, *host) : VX_ERR_GLBL_ENTRY_NOT_FOUND;
+    });
 }
 
-vx_uint32 create_host(Device &device, IpHost host) {
-    check(host.config);
+[[nodiscard]] vx_status_e create_host(Device &device, IpHost host, vx_uint32 *handle) {
+    if (const vx_status_e refused = check(host.config)) return refused;
     Management &state = device.management;
-    refuse_if(state.hosts.size() >= LMQ_MAX_NUM_NET_IFS, VX_ERR_GLBL_SW_RESOURCE_UNAVAIL);
+    if (state.hosts.size() >= LMQ_MAX_NUM_NET_IFS) return VX_ERR_GLBL_SW_RESOURCE_UNAVAIL;
     host.config.enable_gw = host.config.enable_gw ? TRUE : FALSE;
-    const std::uint32_t handle = state.handles.give().value();
-    state.hosts.insert(handle, std::move(host));
-    return handle;
+    *handle = state.handles.give().value();
+    state.hosts.insert(*handle, std::move(host));
+    return VX_SUCCESS;
 }
 
 vx_status_e set_host(const char *function, vx_dev_id_t dev_id, vx_uint32 handle, const vx_ip_host_if_cfg_t *p_cfg) {
-    return on_device(function, dev_id, {p_cfg}, [&](Device &device) {
-        IpHost &kept = host(device, handle);
-        check(*p_cfg);
+    return on_host(function, dev_id, handle, {p_cfg}, [&](IpHost &kept) {
+        if (const vx_status_e refused = check(*p_cfg)) return refused;
         kept.config = *p_cfg;
         kept.config.enable_gw = p_cfg->enable_gw ? TRUE : FALSE;
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e get_host(const char *function, vx_dev_id_t dev_id, vx_uint32 handle, vx_ip_host_if_cfg_t *p_cfg) {
-    return on_device(function, dev_id, {p_cfg}, [&](Device &device) { *p_cfg = host(device, handle).config; });
+    return on_host(function, dev_id, handle, {p_cfg}, [&](IpHost &kept) { *p_cfg = kept.config; });
 }
 
 }  // namespace
@@ -190,19 +195,19 @@ vx_status_e lmq_clear_local_mgmt_if_stat(vx_dev_id_t dev_id) {
 }
 
 vx_status_e lmq_add_dev_ip_addr(vx_dev_id_t dev_id, lmq_dev_ip_addr_cfg_s *p_cfg) {
-    return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) { add_address(device, *p_cfg); });
+    return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) { return add_address(device, *p_cfg); });
 }
 
 vx_status_e lmq_delete_dev_ip_addr(vx_dev_id_t dev_id, vx_ip_addr_t *p_ip_addr) {
-    return on_device(__func__, dev_id, {p_ip_addr}, [&](Device &device) { delete_address(device, *p_ip_addr); });
+    return on_device(__func__, dev_id, {p_ip_addr}, [&](Device &device) { return delete_address(device, *p_ip_addr); });
 }
 
 vx_status_e lmq_add_dev_ip_gateway(vx_dev_id_t dev_id, lmq_dev_gateway_cfg_s *p_cfg) {
-    return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) { add_gateway(device, *p_cfg); });
+    return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) { return add_gateway(device, *p_cfg); });
 }
 
 vx_status_e lmq_delete_dev_ip_gateway(vx_dev_id_t dev_id, lmq_dev_gateway_cfg_s *p_cfg) {
-    return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) { delete_gateway(device, *p_cfg); });
+    return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) { return delete_gateway(device, *p_cfg); });
 }
 
 vx_status_e lmq_get_dev_ip_config(vx_dev_id_t dev_id, lmq_dev_ip_cfg_s *p_cfg) {
@@ -232,8 +237,7 @@ vx_status_e lmq_print_dev_ip_config(vx_dev_id_t dev_id) {
 vx_status_e lmq_set_dev_ip_config_apish(vx_dev_id_t dev_id, vx_uint8 is_ipv4, vx_uint8 type, vx_uint8 op,
                                         vx_uint32 addr1, vx_uint32 addr2, vx_uint32 addr3, vx_uint32 addr4) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        check_range(type, 1, 2);
-        check_range(op, 1, 2);
+        if (!is_in_range(type, 1, 2) || !is_in_range(op, 1, 2)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         const bool ipv4 = is_ipv4 != 0;
         const vx_ip_addr_t address = make_address(ipv4, {addr1, addr2, addr3, addr4});
         if (type == 1 && op == 1) {
@@ -241,7 +245,7 @@ vx_status_e lmq_set_dev_ip_config_apish(vx_dev_id_t dev_id, vx_uint8 is_ipv4, vx
             return add_address(device, {address, mask, static_cast<vx_uint8>(ipv4 ? 24 : 64)});
         }
         if (type == 1) return delete_address(device, address);
-        op == 1 ? add_gateway(device, {address}) : delete_gateway(device, {address});
+        return op == 1 ? add_gateway(device, {address}) : delete_gateway(device, {address});
     });
 }
 
@@ -254,8 +258,7 @@ vx_status_e lmq_create_ip_host_interface(vx_dev_id_t dev_id, vx_uint16 port_num,
         IpHost host;
         host.config = *p_cfg;
         host.ports.emplace(port_num, VX_INVALID_PORT_ID);
-        *p_handle = create_host(device, std::move(host));
-        return VX_SUCCESS;
+        return create_host(device, std::move(host), p_handle);
     });
 }
 
@@ -276,8 +279,7 @@ vx_status_e lmq_get_ip_host_interface_config(vx_dev_id_t dev_id, vx_uint32 handl
 }
 
 vx_status_e lmq_print_ip_host_interface_config(vx_dev_id_t dev_id, vx_uint32 handle) {
-    return on_device(__func__, dev_id, {}, [&](Device &device) {
-        const IpHost &kept = host(device, handle);
+    return on_host(__func__, dev_id, handle, {}, [&](const IpHost &kept) {
         std::fprintf(stderr, "IP host %u, %s: address %s mask %s gateway %s (%s)\n", handle,
                      kept.enabled ? "up" : "down", text_of(kept.config.ip_addr).c_str(),
                      text_of(kept.config.ip_mask).c_str(), text_of(kept.config.gw_ip).c_str(),
@@ -290,16 +292,15 @@ vx_status_e lmq_print_ip_host_interface_config(vx_dev_id_t dev_id, vx_uint32 han
 }
 
 vx_status_e lmq_enable_ip_host_interface(vx_dev_id_t dev_id, vx_uint32 handle) {
-    return on_device(__func__, dev_id, {}, [&](Device &device) { host(device, handle).enabled = true; });
+    return on_host(__func__, dev_id, handle, {}, [](IpHost &kept) { kept.enabled = true; });
 }
 
 vx_status_e lmq_disable_ip_host_interface(vx_dev_id_t dev_id, vx_uint32 handle) {
-    return on_device(__func__, dev_id, {}, [&](Device &device) { host(device, handle).enabled = false; });
+    return on_host(__func__, dev_id, handle, {}, [](IpHost &kept) { kept.enabled = false; });
 }
 
 vx_status_e lmq_get_ip_host_interface_status(vx_dev_id_t dev_id, vx_uint32 handle, lmq_ip_host_if_status_s *p_stat) {
-    return on_device(__func__, dev_id, {p_stat}, [&](Device &device) {
-        IpHost &kept = host(device, handle);
+    return on_host(__func__, dev_id, handle, {p_stat}, [&](IpHost &kept) {
         const vx_boolean up = kept.enabled ? TRUE : FALSE;
         *p_stat = {up,
                    kept.ports.empty() ? vx_boolean{FALSE} : up,
@@ -311,8 +312,7 @@ vx_status_e lmq_get_ip_host_interface_status(vx_dev_id_t dev_id, vx_uint32 handl
 }
 
 vx_status_e lmq_clear_ip_host_interface_stats(vx_dev_id_t dev_id, vx_uint32 handle) {
-    return on_device(__func__, dev_id, {}, [&](Device &device) {
-        IpHost &kept = host(device, handle);
+    return on_host(__func__, dev_id, handle, {}, [](IpHost &kept) {
         for (auto *counter : {&kept.rx_packets, &kept.tx_packets, &kept.rx_bytes, &kept.tx_bytes}) *counter = {};
     });
 }
@@ -321,13 +321,12 @@ vx_status_e vx_l3_intf_create(vx_dev_id_t dev_id, vx_ip_host_if_cfg_t *p_cfg, vx
     return on_device(__func__, dev_id, {p_cfg, p_handle}, [&](Device &device) {
         IpHost host;
         host.config = *p_cfg;
-        *p_handle = create_host(device, std::move(host));
+        return create_host(device, std::move(host), p_handle);
     });
 }
 
 vx_status_e vx_l3_intf_port_add(vx_dev_id_t dev_id, vx_uint32 handle, vx_port_id_t port_id, vx_uint16 sub_port) {
-    return on_device(__func__, dev_id, {}, [&](Device &device) {
-        IpHost &kept = host(device, handle);
+    return on_host(__func__, dev_id, handle, {}, [&](IpHost &kept) {
         if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         if (kept.ports.contains({port_id, sub_port})) return VX_ERR_PORT_EXIST;
         if (kept.ports.size() >= max_host_ports) return VX_ERR_GLBL_SW_RESOURCE_UNAVAIL;
@@ -337,8 +336,7 @@ vx_status_e vx_l3_intf_port_add(vx_dev_id_t dev_id, vx_uint32 handle, vx_port_id
 }
 
 vx_status_e vx_l3_ipintf_port_del(vx_dev_id_t dev_id, vx_uint32 handle, vx_port_id_t port_id, vx_uint16 sub_port) {
-    return on_device(__func__, dev_id, {}, [&](Device &device) {
-        IpHost &kept = host(device, handle);
+    return on_host(__func__, dev_id, handle, {}, [&](IpHost &kept) {
         if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         if (kept.ports.erase({port_id, sub_port}) == 0) return VX_ERR_PORT_NOT_FOUND;
         return VX_SUCCESS;
@@ -354,9 +352,8 @@ vx_status_e vx_l3_intf_get(vx_dev_id_t dev_id, vx_uint32 handle, vx_ip_host_if_c
 }
 
 vx_status_e vx_inband_mgnt_set(vx_dev_id_t dev_id, vx_uint32 handle, vx_uint16 tci, vx_uint16 enable) {
-    return on_device(__func__, dev_id, {}, [&](Device &device) {
-        host(device, handle).inband_tci = enable != 0 ? std::optional(tci) : std::nullopt;
-    });
+    return on_host(__func__, dev_id, handle, {},
+                   [&](IpHost &kept) { kept.inband_tci = enable != 0 ? std::optional(tci) : std::nullopt; });
 }
 
 vx_status_e lmq_add_nat_entry(vx_dev_id_t dev_id, vx_nat_entry_t *p_cfg) {

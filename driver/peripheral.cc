@@ -85,9 +85,10 @@ template <typename Body>
 vx_status_e on_pin(const char *function, vx_dev_id_t dev_id, vx_uint8 gpio_id,
                    std::initializer_list<const void *> pointers, Body body) noexcept {
     return on_device(function, dev_id, pointers, [&](Device &device) {
-        check_range(gpio_id, 0, LMQ_GPIO_ID_MAX - 1);
-        body(device, look_at_pins(device).pin[gpio_id]);
+        if (!is_in_range(gpio_id, 0, LMQ_GPIO_ID_MAX - 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (const vx_status_e refused = run(body, device, look_at_pins(device).pin[gpio_id])) return refused;
         look_at_pins(device);
+        return VX_SUCCESS;
     });
 }
 
@@ -95,26 +96,25 @@ template <typename Body>
 vx_status_e on_pin_group(const char *function, vx_dev_id_t dev_id, vx_uint8 gpio_id,
                          std::initializer_list<const void *> pointers, Body body) noexcept {
     return on_device(function, dev_id, pointers, [&](Device &device) {
-        check_range(gpio_id, 0, 0);
-        body(device, look_at_pins(device));
+        if (!is_in_range(gpio_id, 0, 0)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        return run(body, device, look_at_pins(device));
     });
 }
 
-void need_direction(const Pin &pin, vx_gpio_dir_e direction) {
-    refuse_if(pin.cfg.direction != direction, VX_ERR_GLBL_INVALID_DIRECTION);
+[[nodiscard]] vx_status_e need_direction(const Pin &pin, vx_gpio_dir_e direction) {
+    if (pin.cfg.direction != direction) return VX_ERR_GLBL_INVALID_DIRECTION;
+    return VX_SUCCESS;
 }
-
-void need_enabled(bool enabled) { refuse_if(!enabled, VX_ERR_DEV_STATE_INVALID); }
 
 template <typename Body>
 vx_status_e on_i2c(const char *function, vx_dev_id_t dev_id, vx_uint8 slave, vx_uint8 offset, vx_uint16 length,
                    const void *data, Body body) noexcept {
     return on_device(function, dev_id, {data}, [&](Device &device) {
-        need_enabled(device.peripheral.i2c_enabled.value_or(device.config.i2c_speed != 0));
-        check_range(slave, 0, 127);
-        check_range(length, 1, 256 - offset);
+        if (!device.peripheral.i2c_enabled.value_or(device.config.i2c_speed != 0)) return VX_ERR_DEV_STATE_INVALID;
+        if (!is_in_range(slave, 0, 127) || !is_in_range(length, 1, 256 - offset)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         for (unsigned i = 0; i < length; ++i) body(device.peripheral, i, Peripherals::Place{slave, offset + i});
         raise_event(device, {VX_EVENT_I2C_INTR, 0, 0}, {});
+        return VX_SUCCESS;
     });
 }
 
@@ -122,10 +122,11 @@ template <typename Body>
 vx_status_e on_mdio(const char *function, vx_dev_id_t dev_id, vx_uint8 slave, vx_uint8 first, vx_uint8 count,
                     const void *data, Body body) noexcept {
     return on_device(function, dev_id, {data}, [&](Device &device) {
-        need_enabled(device.peripheral.mdio_enabled);
-        check_mdio(slave, first, count);
+        if (!device.peripheral.mdio_enabled) return VX_ERR_DEV_STATE_INVALID;
+        if (const vx_status_e refused = check_mdio(slave, first, count)) return refused;
         for (unsigned i = 0; i < count; ++i) body(device.peripheral, i, Peripherals::Place{slave, first + i});
         report_mdio(device);
+        return VX_SUCCESS;
     });
 }
 
@@ -138,8 +139,8 @@ vx_status_e on_spi_line(const char *function, vx_dev_id_t dev_id, vx_uint8 line_
                         std::initializer_list<const void *> pointers, Body body) noexcept {
     return on_device(function, dev_id, pointers, [&](Device &device) {
         auto &lines = device.peripheral.spi_lines;
-        check_range(line_id, 0, static_cast<int>(lines.size()) - 1);
-        body(device, lines[line_id]);
+        if (!is_in_range(line_id, 0, static_cast<int>(lines.size()) - 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        return run(body, device, lines[line_id]);
     });
 }
 
@@ -152,11 +153,12 @@ vx_status_e on_spi_transfer(const char *function, vx_dev_id_t dev_id, vx_uint8 l
     return on_spi_line(function, dev_id, line_id, {data}, [&](Device &device, Peripherals::SpiLine &line) {
         const bool reads = transfer == Spi::read || transfer == Spi::read_byte;
         const bool needs_cfg = transfer == Spi::write || transfer == Spi::read;
-        need_enabled(device.peripheral.spi_enabled.value_or(device.config.enbl_ssp != FALSE));
-        refuse_if(needs_cfg && !line.cfg, VX_ERR_DEV_STATE_INVALID);
-        body(line);
-        if (!device.peripheral.spi_interrupt) return;
+        if (!device.peripheral.spi_enabled.value_or(device.config.enbl_ssp != FALSE)) return VX_ERR_DEV_STATE_INVALID;
+        if (needs_cfg && !line.cfg) return VX_ERR_DEV_STATE_INVALID;
+        if (const vx_status_e refused = run(body, line)) return refused;
+        if (!device.peripheral.spi_interrupt) return VX_SUCCESS;
         raise_event(device, {reads ? VX_EVENT_SPI_INTR_OP_DONE : VX_EVENT_SPI_INTR_WR_DONE, 0, 0}, {});
+        return VX_SUCCESS;
     });
 }
 
@@ -189,22 +191,23 @@ template <typename Body>
 vx_status_e on_timer(const char *function, vx_dev_id_t dev_id, vx_uint16 timer_id,
                      std::initializer_list<const void *> pointers, Body body) noexcept {
     return on_device(function, dev_id, pointers, [&](Device &device) {
-        check_range(timer_id, 0, VX_TIMER_ID_MAX - 1);
-        body(device.peripheral.timers[timer_id], device.system.clock.now());
+        if (!is_in_range(timer_id, 0, VX_TIMER_ID_MAX - 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        return run(body, device.peripheral.timers[timer_id], device.system.clock.now());
     });
 }
 
-void need_set(const Timer &timer) {
-    refuse_if(timer.status == LMQ_TIMER_STATUS_INACTIVE || timer.status == LMQ_TIMER_STATUS_DISABLED,
-              VX_ERR_GLBL_INVALID_OP);
+[[nodiscard]] vx_status_e need_set(const Timer &timer) {
+    if (timer.status == LMQ_TIMER_STATUS_INACTIVE || timer.status == LMQ_TIMER_STATUS_DISABLED)
+        return VX_ERR_GLBL_INVALID_OP;
+    return VX_SUCCESS;
 }
 
 template <typename Body>
 vx_status_e on_led(const char *function, vx_dev_id_t dev_id, vx_uint8 led_id,
                    std::initializer_list<const void *> pointers, Body body) noexcept {
     return on_device(function, dev_id, pointers, [&](Device &device) {
-        check_range(led_id, 0, LMQ_LED_ID_MAX - 1);
-        body(device.peripheral.leds[led_id]);
+        if (!is_in_range(led_id, 0, LMQ_LED_ID_MAX - 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        return run(body, device.peripheral.leds[led_id]);
     });
 }
 
@@ -237,10 +240,10 @@ void reset(Device &device, Peripherals &peripherals) {
     }
 }
 
-void check_mdio(vx_uint8 slave, vx_uint8 first, vx_uint8 count) {
-    check_range(slave, 0, 31);
-    check_range(first, 0, 31);
-    check_range(count, 1, 32 - first);
+vx_status_e check_mdio(vx_uint8 slave, vx_uint8 first, vx_uint8 count) {
+    if (!is_in_range(slave, 0, 31) || !is_in_range(first, 0, 31) || !is_in_range(count, 1, 32 - first))
+        return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+    return VX_SUCCESS;
 }
 
 void report_mdio(Device &device) { raise_event(device, {VX_EVENT_MDIO_INTR_OP_DONE, 0, 0}, {}); }
@@ -270,10 +273,13 @@ extern "C" {
 
 vx_status_e vx_gpio_set(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_gpio_cfg_t *p_cfg) {
     return on_pin(__func__, dev_id, gpio_id, {p_cfg}, [&](Device &, Pin &pin) {
-        check_range(p_cfg->direction, VX_GPIO_DIR_OUTPUT, VX_GPIO_DIR_INTR);
-        for (vx_uint8 flag : {p_cfg->intr_level, p_cfg->intr_edge, p_cfg->intr_en}) check_range(flag, 0, 1);
+        if (!is_in_range(p_cfg->direction, VX_GPIO_DIR_OUTPUT, VX_GPIO_DIR_INTR)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        for (vx_uint8 flag : {p_cfg->intr_level, p_cfg->intr_edge, p_cfg->intr_en}) {
+            if (!is_in_range(flag, 0, 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        }
         if (p_cfg->direction != VX_GPIO_DIR_OUTPUT) pin.rollover.reset();
         pin.cfg = *p_cfg;
+        return VX_SUCCESS;
     });
 }
 
@@ -283,10 +289,11 @@ vx_status_e vx_gpio_get(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_gpio_cfg_t *p_c
 
 vx_status_e vx_gpio_write(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_uint8 data) {
     return on_pin(__func__, dev_id, gpio_id, {}, [&](Device &, Pin &pin) {
-        need_direction(pin, VX_GPIO_DIR_OUTPUT);
-        check_range(data, 0, 1);
+        if (const vx_status_e refused = need_direction(pin, VX_GPIO_DIR_OUTPUT)) return refused;
+        if (!is_in_range(data, 0, 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         pin.rollover.reset();
         pin.driven = data != 0;
+        return VX_SUCCESS;
     });
 }
 
@@ -298,19 +305,21 @@ vx_status_e vx_gpio_read(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_uint8 *p_data)
 
 vx_status_e vx_gpio_rollover_set(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_boolean enable, vx_uint32 interval) {
     return on_pin(__func__, dev_id, gpio_id, {}, [&](Device &device, Pin &pin) {
-        need_direction(pin, VX_GPIO_DIR_OUTPUT);
+        if (const vx_status_e refused = need_direction(pin, VX_GPIO_DIR_OUTPUT)) return refused;
         const Clock::Time now = device.system.clock.now();
-        if (enable) check_range(interval, 1, UINT32_MAX);
+        if (enable && !is_in_range(interval, 1, UINT32_MAX)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         pin.driven = driven_level(pin, now);
         pin.rollover.reset();
         if (enable) pin.rollover = {.since = now, .interval = Clock::Time{VX_GPIO_ROLLOVER_UNIT} * interval};
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_gpio_intr_enable(vx_dev_id_t dev_id, vx_uint8 gpio_id, vx_boolean enable) {
     return on_pin(__func__, dev_id, gpio_id, {}, [&](Device &, Pin &pin) {
-        need_direction(pin, VX_GPIO_DIR_INTR);
+        if (const vx_status_e refused = need_direction(pin, VX_GPIO_DIR_INTR)) return refused;
         pin.cfg.intr_en = as_boolean(enable);
+        return VX_SUCCESS;
     });
 }
 
@@ -347,8 +356,9 @@ vx_status_e lmq_dump_gpio_db(vx_dev_id_t dev_id, vx_uint8 gpio_id) {
 
 vx_status_e vx_i2c_enable_set(vx_dev_id_t dev_id, vx_boolean enable, vx_uint16 speed) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        if (enable) check_range(speed, 1, greatest_i2c_speed);
+        if (enable && !is_in_range(speed, 1, greatest_i2c_speed)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         device.peripheral.i2c_enabled = enable != FALSE;
+        return VX_SUCCESS;
     });
 }
 
@@ -373,12 +383,13 @@ vx_status_e vx_spi_enable_set(vx_dev_id_t dev_id, vx_boolean enable, vx_boolean 
 
 vx_status_e vx_spi_set(vx_dev_id_t dev_id, vx_uint8 line_id, vx_spi_cfg_t *p_cfg) {
     return on_spi_line(__func__, dev_id, line_id, {p_cfg}, [&](Device &, Peripherals::SpiLine &line) {
-        check_range(p_cfg->mode, LMQ_SPI_MODE_SPI, LMQ_SPI_MODE_MICROWIRE);
-        check_range(p_cfg->cmd_length, 0, spi_command_bits);
-        check_range(p_cfg->data_length, 0, spi_data_bits);
-        check_range(p_cfg->ssp_mode, 0, 3);
+        if (!is_in_range(p_cfg->mode, LMQ_SPI_MODE_SPI, LMQ_SPI_MODE_MICROWIRE) ||
+            !is_in_range(p_cfg->cmd_length, 0, spi_command_bits) ||
+            !is_in_range(p_cfg->data_length, 0, spi_data_bits) || !is_in_range(p_cfg->ssp_mode, 0, 3))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         line.cfg = *p_cfg;
         line.cfg->enbl_command_cyc = as_boolean(p_cfg->enbl_command_cyc);
+        return VX_SUCCESS;
     });
 }
 
@@ -446,14 +457,16 @@ vx_status_e vx_mdio_read(vx_dev_id_t dev_id, vx_uint8 slave_addr, vx_uint8 regis
 
 vx_status_e vx_timer_set(vx_dev_id_t dev_id, vx_uint16 timer_id, vx_timer_cfg_t *p_cfg) {
     return on_timer(__func__, dev_id, timer_id, {p_cfg}, [&](Timer &timer, Clock::Time) {
-        check_range(p_cfg->mode, LMQ_TIMER_MODE_DISABLE, LMQ_TIMER_MODE_ROLLOVER);
+        if (!is_in_range(p_cfg->mode, LMQ_TIMER_MODE_DISABLE, LMQ_TIMER_MODE_ROLLOVER))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         const bool disable = p_cfg->mode == LMQ_TIMER_MODE_DISABLE;
-        if (!disable) check_range(p_cfg->timer_val, 1, UINT32_MAX);
+        if (!disable && !is_in_range(p_cfg->timer_val, 1, UINT32_MAX)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         timer = {.cfg = *p_cfg,
                  .status = disable ? LMQ_TIMER_STATUS_DISABLED : LMQ_TIMER_STATUS_STOPPED,
                  .left = p_cfg->timer_val,
                  .since = {},
                  .expired = 0};
+        return VX_SUCCESS;
     });
 }
 
@@ -468,26 +481,30 @@ vx_status_e vx_timer_get(vx_dev_id_t dev_id, vx_uint16 timer_id, vx_timer_status
 
 vx_status_e vx_timer_start(vx_dev_id_t dev_id, vx_uint16 timer_id, vx_boolean reload) {
     return on_timer(__func__, dev_id, timer_id, {}, [&](Timer &timer, Clock::Time now) {
-        need_set(timer);
+        if (const vx_status_e refused = need_set(timer)) return refused;
         timer.left = reload ? timer.cfg.timer_val : time_left(timer, now);
         timer.since = now;
         timer.expired = 0;
         timer.status = LMQ_TIMER_STATUS_ENABLED;
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_timer_stop(vx_dev_id_t dev_id, vx_uint16 timer_id) {
     return on_timer(__func__, dev_id, timer_id, {}, [&](Timer &timer, Clock::Time now) {
-        need_set(timer);
+        if (const vx_status_e refused = need_set(timer)) return refused;
         timer.left = time_left(timer, now);
         timer.status = LMQ_TIMER_STATUS_STOPPED;
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_led_set(vx_dev_id_t dev_id, vx_uint8 led_id, vx_led_cfg_t *p_cfg) {
     return on_led(__func__, dev_id, led_id, {p_cfg}, [&](Peripherals::Led &led) {
-        check_range(p_cfg->led_type, LMQ_LED_TYPE_DISABLE, LMQ_LED_TYPE_BI_COLOR);
+        if (!is_in_range(p_cfg->led_type, LMQ_LED_TYPE_DISABLE, LMQ_LED_TYPE_BI_COLOR))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         led = {.cfg = *p_cfg, .mode = LMQ_LED_MODE_OFF};
+        return VX_SUCCESS;
     });
 }
 
@@ -497,10 +514,11 @@ vx_status_e vx_led_get(vx_dev_id_t dev_id, vx_uint8 led_id, vx_led_cfg_t *p_cfg)
 
 vx_status_e vx_led_trigger(vx_dev_id_t dev_id, vx_uint8 led_id, vx_led_mode_e mode) {
     return on_led(__func__, dev_id, led_id, {}, [&](Peripherals::Led &led) {
-        check_range(mode, LMQ_LED_MODE_OFF, LMQ_LED_MODE_BLINK);
+        if (!is_in_range(mode, LMQ_LED_MODE_OFF, LMQ_LED_MODE_BLINK)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         const bool colour = mode == LMQ_LED_MODE_COLOR1 || mode == LMQ_LED_MODE_COLOR2;
-        refuse_if(colour && led.cfg.led_type != LMQ_LED_TYPE_BI_COLOR, VX_ERR_GLBL_INVALID_OP);
+        if (colour && led.cfg.led_type != LMQ_LED_TYPE_BI_COLOR) return VX_ERR_GLBL_INVALID_OP;
         led.mode = mode;
+        return VX_SUCCESS;
     });
 }
 

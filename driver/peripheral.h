@@ -80,7 +80,7 @@ void pass_time(Device &device, Peripherals &peripherals);
 void reset(Device &device, Peripherals &peripherals);
 
 /// Refuses registers that an MDIO slave does not have: `count` of them, from `first`.
-void check_mdio(vx_uint8 slave, vx_uint8 first, vx_uint8 count);
+[[nodiscard]] vx_status_e check_mdio(vx_uint8 slave, vx_uint8 first, vx_uint8 count);
 
 /// Tells that an operation of the MDIO bus is done.
 void report_mdio(Device &device);

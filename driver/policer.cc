@@ -42,40 +42,76 @@ namespace {
 constexpr vx_uint32 storm_control_bits = 0x1f;
 constexpr vx_uint32 buffer_size = 48;  // of a queue's max_buff_size
 
-void check(const vx_rate_limit_cfg_t &limit) {
-    check_range(limit.pol_type, VX_RATE_LIMIT_DISABLE, VX_RATE_LIMIT_PPS_MODE);
+[[nodiscard]] vx_status_e check(const vx_rate_limit_cfg_t &limit) {
+    if (!is_in_range(limit.pol_type, VX_RATE_LIMIT_DISABLE, VX_RATE_LIMIT_PPS_MODE))
+        return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+    return VX_SUCCESS;
 }
 
-void check(vx_storm_control_type_t type) { check_range(type, VX_STORM_CONTROL_BC, VX_STORM_CONTROL_UNKOWN_UC); }
+[[nodiscard]] vx_status_e check(vx_storm_control_type_t type) {
+    if (!is_in_range(type, VX_STORM_CONTROL_BC, VX_STORM_CONTROL_UNKOWN_UC)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+    return VX_SUCCESS;
+}
 
 template <class Entry>
-Entry &find(std::map<vx_pol_id_t, Entry> &policers, vx_pol_id_t id) {
+Result<Entry &> find(std::map<vx_pol_id_t, Entry> &policers, vx_pol_id_t id) {
     const auto entry = policers.find(id);
-    refuse_if(entry == policers.end(), VX_ERR_TM_INVALID_POLICER_ID);
+    if (entry == policers.end()) return VX_ERR_TM_INVALID_POLICER_ID;
     return entry->second;
 }
 
 template <class Entry>
-void create(Ids &ids, std::map<vx_pol_id_t, Entry> &policers, const vx_rate_limit_cfg_t &limit, vx_pol_id_t *id) {
-    check(limit);
+[[nodiscard]] vx_status_e create(Ids &ids, std::map<vx_pol_id_t, Entry> &policers, const vx_rate_limit_cfg_t &limit,
+                                 vx_pol_id_t *id) {
+    if (const vx_status_e refused = check(limit)) return refused;
     const auto given = ids.give();
-    refuse_if(!given, VX_ERR_TM_POLICER_UNAVAIL);
+    if (!given) return VX_ERR_TM_POLICER_UNAVAIL;
     policers.emplace(*given, Entry{.limit = limit});
     *id = *given;
+    return VX_SUCCESS;
 }
 
 template <class Entry>
-void set(std::map<vx_pol_id_t, Entry> &policers, vx_pol_id_t id, const vx_rate_limit_cfg_t &limit) {
-    Entry &policer = find(policers, id);
-    check(limit);
-    policer.limit = limit;
+[[nodiscard]] vx_status_e set(std::map<vx_pol_id_t, Entry> &policers, vx_pol_id_t id,
+                              const vx_rate_limit_cfg_t &limit) {
+    const Result<Entry &> policer = find(policers, id);
+    if (!policer) return policer.status();
+    if (const vx_status_e refused = check(limit)) return refused;
+    policer->limit = limit;
+    return VX_SUCCESS;
 }
 
-void check_bucket(vx_lmq_pol_flow_type_t bucket) { check_range(bucket, VX_LMQ_GE_SRC_PORT_BKT, VX_LMQ_CPU_PORT_BKT); }
+template <class Entry>
+[[nodiscard]] vx_status_e get(std::map<vx_pol_id_t, Entry> &policers, vx_pol_id_t id, vx_rate_limit_cfg_t *limit) {
+    const Result<Entry &> policer = find(policers, id);
+    if (policer) *limit = policer->limit;
+    return policer.status();
+}
 
-void check_member(vx_uint32 flow, lmq_pol_acc_flow_type_t bucket) {
-    refuse_if(flow > VX_LMQ_MAX_FLOW_CNT, VX_ERR_FE_INVALID_FLOW_ID);
-    check_range(bucket, LMQ_POL_ACC_FLOWA, LMQ_POL_ACC_FLOWD);
+template <class Entry, class Counters>
+[[nodiscard]] vx_status_e get_counters(std::map<vx_pol_id_t, Entry> &policers, vx_pol_id_t id, Counters *counters,
+                                       bool clear) {
+    const Result<Entry &> policer = find(policers, id);
+    if (policer) read_counters(policer->counters, counters, clear);
+    return policer.status();
+}
+
+template <class Entry>
+[[nodiscard]] vx_status_e clear_counters(std::map<vx_pol_id_t, Entry> &policers, vx_pol_id_t id) {
+    const Result<Entry &> policer = find(policers, id);
+    if (policer) policer->counters = {};
+    return policer.status();
+}
+
+[[nodiscard]] vx_status_e check_bucket(vx_lmq_pol_flow_type_t bucket) {
+    if (!is_in_range(bucket, VX_LMQ_GE_SRC_PORT_BKT, VX_LMQ_CPU_PORT_BKT)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+    return VX_SUCCESS;
+}
+
+[[nodiscard]] vx_status_e check_member(vx_uint32 flow, lmq_pol_acc_flow_type_t bucket) {
+    if (flow > VX_LMQ_MAX_FLOW_CNT) return VX_ERR_FE_INVALID_FLOW_ID;
+    if (!is_in_range(bucket, LMQ_POL_ACC_FLOWA, LMQ_POL_ACC_FLOWD)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+    return VX_SUCCESS;
 }
 
 /* Whether a policer polices a flow. */
@@ -120,8 +156,9 @@ vx_status_e vx_rate_global_policer_get(vx_dev_id_t dev_id, vx_global_policer_cfg
 
 vx_status_e vx_rate_cpu_set(vx_dev_id_t dev_id, vx_rate_limit_cfg_t *cfg) {
     return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
-        check(*cfg);
+        if (const vx_status_e refused = check(*cfg)) return refused;
         device.policer.cpu = *cfg;
+        return VX_SUCCESS;
     });
 }
 
@@ -133,8 +170,8 @@ vx_status_e vx_rate_storm_control_set(vx_dev_id_t dev_id, vx_port_id_t port_id, 
                                       vx_rate_limit_cfg_t *cfg) {
     return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
         if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
-        check(pol_pkt_type);
-        check(*cfg);
+        if (const vx_status_e refused = check(pol_pkt_type)) return refused;
+        if (const vx_status_e refused = check(*cfg)) return refused;
         device.policer.storm_control.set({port_id, pol_pkt_type}, *cfg);
         return VX_SUCCESS;
     });
@@ -144,7 +181,7 @@ vx_status_e vx_rate_storm_control_get(vx_dev_id_t dev_id, vx_port_id_t port_id, 
                                       vx_rate_limit_cfg_t *cfg) {
     return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
         if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
-        check(pol_pkt_type);
+        if (const vx_status_e refused = check(pol_pkt_type)) return refused;
         *cfg = device.policer.storm_control.get({port_id, pol_pkt_type});
         return VX_SUCCESS;
     });
@@ -153,7 +190,7 @@ vx_status_e vx_rate_storm_control_get(vx_dev_id_t dev_id, vx_port_id_t port_id, 
 vx_status_e vx_rate_src_port_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_rate_limit_cfg_t *cfg) {
     return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
         if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
-        check(*cfg);
+        if (const vx_status_e refused = check(*cfg)) return refused;
         device.policer.source_port.set(port_id, *cfg);
         return VX_SUCCESS;
     });
@@ -169,79 +206,83 @@ vx_status_e vx_rate_src_port_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_ra
 
 vx_status_e vx_rate_group_policer_create(vx_dev_id_t dev_id, vx_rate_limit_cfg_t *cfg, vx_pol_id_t *p_grp_pol_id) {
     return on_device(__func__, dev_id, {cfg, p_grp_pol_id}, [&](Device &device) {
-        create(device.policer.group_ids, device.policer.group_policers, *cfg, p_grp_pol_id);
+        return create(device.policer.group_ids, device.policer.group_policers, *cfg, p_grp_pol_id);
     });
 }
 
 vx_status_e vx_rate_group_policer_delete(vx_dev_id_t dev_id, vx_pol_id_t grp_pol_id) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
         Policers &policers = device.policer;
-        find(policers.group_policers, grp_pol_id);
+        if (const vx_status_e refused = find(policers.group_policers, grp_pol_id).status()) return refused;
         for (const auto &[id, policer] : policers.flow_policers) {
-            refuse_if(policer.group == grp_pol_id, VX_ERR_DEV_BUSY);
+            if (policer.group == grp_pol_id) return VX_ERR_DEV_BUSY;
         }
         policers.group_policers.erase(grp_pol_id);
         policers.group_ids.take_back(grp_pol_id);
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_rate_group_policer_set(vx_dev_id_t dev_id, vx_pol_id_t grp_pol_id, vx_rate_limit_cfg_t *cfg) {
     return on_device(__func__, dev_id, {cfg},
-                     [&](Device &device) { set(device.policer.group_policers, grp_pol_id, *cfg); });
+                     [&](Device &device) { return set(device.policer.group_policers, grp_pol_id, *cfg); });
 }
 
 vx_status_e vx_rate_group_policer_get(vx_dev_id_t dev_id, vx_pol_id_t grp_pol_id, vx_rate_limit_cfg_t *cfg) {
     return on_device(__func__, dev_id, {cfg},
-                     [&](Device &device) { *cfg = find(device.policer.group_policers, grp_pol_id).limit; });
+                     [&](Device &device) { return get(device.policer.group_policers, grp_pol_id, cfg); });
 }
 
 vx_status_e vx_rate_policer_group_member_add(vx_dev_id_t dev_id, vx_pol_id_t flow_pol_id, vx_pol_id_t grp_pol_id) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        auto &policer = find(device.policer.flow_policers, flow_pol_id);
-        find(device.policer.group_policers, grp_pol_id);
-        if (policer.group == grp_pol_id) return VX_ERR_GLBL_ENTRY_EXIST;
-        if (policer.group.has_value()) return VX_ERR_GLBL_INVALID_OP;
-        policer.group = grp_pol_id;
+        const auto policer = find(device.policer.flow_policers, flow_pol_id);
+        if (!policer) return policer.status();
+        if (const vx_status_e refused = find(device.policer.group_policers, grp_pol_id).status()) return refused;
+        if (policer->group == grp_pol_id) return VX_ERR_GLBL_ENTRY_EXIST;
+        if (policer->group.has_value()) return VX_ERR_GLBL_INVALID_OP;
+        policer->group = grp_pol_id;
         return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_rate_policer_group_member_delete(vx_dev_id_t dev_id, vx_pol_id_t flow_pol_id, vx_pol_id_t grp_pol_id) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        auto &policer = find(device.policer.flow_policers, flow_pol_id);
-        find(device.policer.group_policers, grp_pol_id);
-        if (policer.group != grp_pol_id) return VX_ERR_GLBL_ENTRY_NOT_FOUND;
-        policer.group.reset();
+        const auto policer = find(device.policer.flow_policers, flow_pol_id);
+        if (!policer) return policer.status();
+        if (const vx_status_e refused = find(device.policer.group_policers, grp_pol_id).status()) return refused;
+        if (policer->group != grp_pol_id) return VX_ERR_GLBL_ENTRY_NOT_FOUND;
+        policer->group.reset();
         return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_rate_policer_create(vx_dev_id_t dev_id, vx_rate_limit_cfg_t *cfg, vx_pol_id_t *flow_pol_id) {
     return on_device(__func__, dev_id, {cfg, flow_pol_id}, [&](Device &device) {
-        create(device.policer.flow_ids, device.policer.flow_policers, *cfg, flow_pol_id);
+        return create(device.policer.flow_ids, device.policer.flow_policers, *cfg, flow_pol_id);
     });
 }
 
 vx_status_e vx_rate_policer_delete(vx_dev_id_t dev_id, vx_pol_id_t flow_pol_id) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
         Policers &policers = device.policer;
-        find(policers.flow_policers, flow_pol_id);
+        if (const vx_status_e refused = find(policers.flow_policers, flow_pol_id).status()) return refused;
         for (const auto &[flow, policing] : policers.policing) {
-            refuse_if(polices(policing, flow_pol_id), VX_ERR_DEV_BUSY);
+            if (polices(policing, flow_pol_id)) return VX_ERR_DEV_BUSY;
         }
         policers.flow_policers.erase(flow_pol_id);
         policers.flow_ids.take_back(flow_pol_id);
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_rate_policer_set(vx_dev_id_t dev_id, vx_pol_id_t flow_pol_id, vx_rate_limit_cfg_t *cfg) {
     return on_device(__func__, dev_id, {cfg},
-                     [&](Device &device) { set(device.policer.flow_policers, flow_pol_id, *cfg); });
+                     [&](Device &device) { return set(device.policer.flow_policers, flow_pol_id, *cfg); });
 }
 
 vx_status_e vx_rate_policer_get(vx_dev_id_t dev_id, vx_pol_id_t flow_pol_id, vx_rate_limit_cfg_t *cfg) {
     return on_device(__func__, dev_id, {cfg},
-                     [&](Device &device) { *cfg = find(device.policer.flow_policers, flow_pol_id).limit; });
+                     [&](Device &device) { return get(device.policer.flow_policers, flow_pol_id, cfg); });
 }
 
 vx_status_e vx_rate_flow_id_set(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_flow_policing_cfg_t *cfg) {
@@ -249,7 +290,8 @@ vx_status_e vx_rate_flow_id_set(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_flo
         if (!device.flow.exists(flow_id)) return VX_ERR_FE_INVALID_FLOW_ID;
         if (!is_in_range(cfg->flow_pol_sel, VX_FLOW_POL_SEL_DISABLE, VX_FLOW_POL_SEL_COS_MAP))
             return VX_ERR_GLBL_RANGE_CHECK_FAIL;
-        if (cfg->flow_pol_sel == VX_FLOW_POL_SEL_FLOW_POL) find(device.policer.flow_policers, cfg->flw_pol_id);
+        if (cfg->flow_pol_sel == VX_FLOW_POL_SEL_FLOW_POL && !device.policer.flow_policers.contains(cfg->flw_pol_id))
+            return VX_ERR_TM_INVALID_POLICER_ID;
         if (cfg->flow_pol_sel == VX_FLOW_POL_SEL_DISABLE) {
             device.policer.policing.erase(flow_id);
         } else {
@@ -261,23 +303,26 @@ vx_status_e vx_rate_flow_id_set(vx_dev_id_t dev_id, vx_flow_id_t flow_id, vx_flo
 
 vx_status_e lmq_disable_flow_policing(vx_dev_id_t dev_id, vx_pol_id_t flw_pol_id) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        find(device.policer.flow_policers, flw_pol_id);
+        if (const vx_status_e refused = find(device.policer.flow_policers, flw_pol_id).status()) return refused;
         std::erase_if(device.policer.policing, [&](const auto &flow) { return polices(flow.second, flw_pol_id); });
+        return VX_SUCCESS;
     });
 }
 
 vx_status_e vx_rate_policer_status_get(vx_dev_id_t dev_id, vx_flow_id_t flow_id,
                                        vx_flow_policer_status_t *policer_status) {
     return on_device(__func__, dev_id, {policer_status}, [&](Device &device) {
-        refuse_if(!device.flow.exists(flow_id), VX_ERR_FE_INVALID_FLOW_ID);
+        if (!device.flow.exists(flow_id)) return VX_ERR_FE_INVALID_FLOW_ID;
         *policer_status = {FALSE, LMQ_INVALID_POL_ID, LMQ_INVALID_POL_ID};
         const auto policing = device.policer.policing.find(flow_id);
-        if (policing == device.policer.policing.end()) return;
+        if (policing == device.policer.policing.end()) return VX_SUCCESS;
         policer_status->flow_pol_enb = TRUE;
-        if (policing->second.flow_pol_sel != VX_FLOW_POL_SEL_FLOW_POL) return;
+        if (policing->second.flow_pol_sel != VX_FLOW_POL_SEL_FLOW_POL) return VX_SUCCESS;
         policer_status->flow_pol_id = policing->second.flw_pol_id;
-        const auto &group = find(device.policer.flow_policers, policing->second.flw_pol_id).group;
-        policer_status->grp_pol_id = group.value_or(LMQ_INVALID_POL_ID);
+        const auto policer = find(device.policer.flow_policers, policing->second.flw_pol_id);
+        if (!policer) return policer.status();
+        policer_status->grp_pol_id = policer->group.value_or(LMQ_INVALID_POL_ID);
+        return VX_SUCCESS;
     });
 }
 
@@ -301,7 +346,7 @@ vx_status_e lmq_get_flow_policer_info(vx_dev_id_t dev_id, lmq_flow_policer_info_
 
 vx_status_e vx_lmq_rate_limit_set(vx_dev_id_t dev_id, vx_lmq_pol_flow_type_t type, vx_lmq_rate_limit_t *cfg) {
     return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
-        check_bucket(type);
+        if (const vx_status_e refused = check_bucket(type)) return refused;
         if (!is_in_range(cfg->rl_mode, VX_LMQ_POL_TYPE_DISABLED, VX_LMQ_POL_TYPE_PPS))
             return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         device.policer.bucket.set(type, *cfg);
@@ -311,8 +356,9 @@ vx_status_e vx_lmq_rate_limit_set(vx_dev_id_t dev_id, vx_lmq_pol_flow_type_t typ
 
 vx_status_e vx_lmq_rate_limit_get(vx_dev_id_t dev_id, vx_lmq_pol_flow_type_t type, vx_lmq_rate_limit_t *cfg) {
     return on_device(__func__, dev_id, {cfg}, [&](Device &device) {
-        check_bucket(type);
+        if (const vx_status_e refused = check_bucket(type)) return refused;
         *cfg = device.policer.bucket.get(type);
+        return VX_SUCCESS;
     });
 }
 
@@ -353,7 +399,7 @@ vx_status_e vx_lmq_rate_shaper_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_
 
 vx_status_e vx_lmq_rate_group_member_add(vx_dev_id_t dev_id, vx_uint32 flow_id, lmq_pol_acc_flow_type_t flow_type) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        check_member(flow_id, flow_type);
+        if (const vx_status_e refused = check_member(flow_id, flow_type)) return refused;
         const bool is_new = device.policer.accumulating.insert({flow_id, flow_type}).second;
         if (!is_new) return VX_ERR_GLBL_ENTRY_EXIST;
         return VX_SUCCESS;
@@ -362,7 +408,7 @@ vx_status_e vx_lmq_rate_group_member_add(vx_dev_id_t dev_id, vx_uint32 flow_id, 
 
 vx_status_e vx_lmq_rate_group_member_delete(vx_dev_id_t dev_id, vx_uint32 flow_id, lmq_pol_acc_flow_type_t flow_type) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
-        check_member(flow_id, flow_type);
+        if (const vx_status_e refused = check_member(flow_id, flow_type)) return refused;
         const bool was_there = device.policer.accumulating.erase({flow_id, flow_type}) != 0;
         if (!was_there) return VX_ERR_GLBL_ENTRY_NOT_FOUND;
         return VX_SUCCESS;
@@ -439,25 +485,25 @@ vx_status_e vx_rate_src_port_stat_clear(vx_dev_id_t dev_id, vx_uint16 port_num) 
 vx_status_e vx_rate_policer_stat_get(vx_dev_id_t dev_id, vx_pol_id_t flow_pol_id, vx_pol_flow_stat_t *stats,
                                      vx_boolean clear) {
     return on_device(__func__, dev_id, {stats}, [&](Device &device) {
-        read_counters(find(device.policer.flow_policers, flow_pol_id).counters, stats, clear != FALSE);
+        return get_counters(device.policer.flow_policers, flow_pol_id, stats, clear != FALSE);
     });
 }
 
 vx_status_e vx_rate_policer_stat_clear(vx_dev_id_t dev_id, vx_pol_id_t flow_pol_id) {
     return on_device(__func__, dev_id, {},
-                     [&](Device &device) { find(device.policer.flow_policers, flow_pol_id).counters = {}; });
+                     [&](Device &device) { return clear_counters(device.policer.flow_policers, flow_pol_id); });
 }
 
 vx_status_e vx_rate_group_policer_stat_get(vx_dev_id_t dev_id, vx_pol_id_t grp_pol_id, vx_pol_group_stats_t *stats,
                                            vx_boolean clear) {
     return on_device(__func__, dev_id, {stats}, [&](Device &device) {
-        read_counters(find(device.policer.group_policers, grp_pol_id).counters, stats, clear != FALSE);
+        return get_counters(device.policer.group_policers, grp_pol_id, stats, clear != FALSE);
     });
 }
 
 vx_status_e vx_rate_group_policer_stat_clear(vx_dev_id_t dev_id, vx_pol_id_t grp_pol_id) {
     return on_device(__func__, dev_id, {},
-                     [&](Device &device) { find(device.policer.group_policers, grp_pol_id).counters = {}; });
+                     [&](Device &device) { return clear_counters(device.policer.group_policers, grp_pol_id); });
 }
 
 }  // extern "C"

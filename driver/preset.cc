@@ -242,7 +242,7 @@ std::optional<Preset> Preset::from_environment() {
 }
 
 void Preset::apply(Device &device) const {
-    for (const auto &[port, stats] : counters_) eth_port(device, port).stats = stats;
+    for (const auto &[port, stats] : counters_) eth_port(device, port)->stats = stats;
     for (const auto &[port, status] : ports_) set_admin_status(device, port, status);
     for (const EventKey &key : events_) raise_event(device, key, debug_event_data(device, key.type));
 }

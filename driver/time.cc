@@ -113,8 +113,10 @@ extern "C" {
 vx_status_e vx_ptp_config_set(vx_dev_id_t dev_id, vx_ptp_cfg_t *p_cfg) {
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
         const auto &flags = p_cfg->valid.mask_s;
-        if (flags.clk_type) check_range(p_cfg->clk_type, VX_PTP_CLK_TYPE_DISABLE, VX_PTP_CLK_TYPE_BC);
-        if (flags.ts_clk_sel) check_range(p_cfg->ts_clk_sel, VX_PTP_TS_CLK_CORE, VX_PTP_TS_CLK_PON);
+        if (flags.clk_type && !is_in_range(p_cfg->clk_type, VX_PTP_CLK_TYPE_DISABLE, VX_PTP_CLK_TYPE_BC))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (flags.ts_clk_sel && !is_in_range(p_cfg->ts_clk_sel, VX_PTP_TS_CLK_CORE, VX_PTP_TS_CLK_PON))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         // What was counted until now was counted at the frequency until now.
         const std::int64_t counted = ptp_counter(device);
         vx_ptp_cfg_t &kept = device.time.ptp;
@@ -122,6 +124,7 @@ vx_status_e vx_ptp_config_set(vx_dev_id_t dev_id, vx_ptp_cfg_t *p_cfg) {
         merge(flags.ts_clk_sel, kept.ts_clk_sel, p_cfg->ts_clk_sel);
         merge(flags.freq_offset, kept.freq_offset, p_cfg->freq_offset);
         set_counter(device, counted);
+        return VX_SUCCESS;
     });
 }
 
@@ -169,14 +172,17 @@ vx_status_e vx_ptp_master_time_set(vx_dev_id_t dev_id, vx_ptp_master_time_t *p_t
 vx_status_e vx_1pps_tod_set(vx_dev_id_t dev_id, vx_1pps_tod_cfg_t *p_cfg) {
     return on_device(__func__, dev_id, {p_cfg}, [&](Device &device) {
         const auto &flags = p_cfg->valid.mask_s;
-        if (flags.local_time_sel) check_range(p_cfg->local_time_sel, VX_PTP_TS_CLK_CORE, VX_PTP_TS_CLK_PON);
-        if (flags.baud_rate) check_range(p_cfg->baud_rate, VX_PTP_BAUD_RATE_4800, VX_PTP_BAUD_RATE_38400);
+        if (flags.local_time_sel && !is_in_range(p_cfg->local_time_sel, VX_PTP_TS_CLK_CORE, VX_PTP_TS_CLK_PON))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (flags.baud_rate && !is_in_range(p_cfg->baud_rate, VX_PTP_BAUD_RATE_4800, VX_PTP_BAUD_RATE_38400))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         vx_1pps_tod_cfg_t &kept = device.time.outputs;
         merge(flags.enbl_1pps_output, kept.enbl_1pps_output, as_boolean(p_cfg->enbl_1pps_output));
         merge(flags.enbl_tod, kept.enbl_tod, as_boolean(p_cfg->enbl_tod));
         merge(flags.local_time_sel, kept.local_time_sel, p_cfg->local_time_sel);
         merge(flags.pps_width, kept.pps_width, p_cfg->pps_width);
         merge(flags.baud_rate, kept.baud_rate, p_cfg->baud_rate);
+        return VX_SUCCESS;
     });
 }
 

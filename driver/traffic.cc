@@ -120,7 +120,7 @@ unsigned great_counters(const Counters &counters) {
 /* Changes the counters of an Ethernet port, and tells when one has become great. */
 template <typename Body>
 void count_on_port(Device &device, vx_port_id_t port_id, Body body) {
-    Stats &stats = eth_port(device, port_id).stats;
+    Stats &stats = eth_port(device, port_id)->stats;
     const unsigned before = great_counters<vx_uint64>(stats);
     body(stats);
     if (port_id < VX_PORT_ETH0 || great_counters<vx_uint64>(stats) == before) return;
@@ -153,7 +153,7 @@ bool is_ethernet(const Device &device, vx_port_id_t port) {
 }
 
 void pass_ethernet_port(Device &device, Traffic &traffic, Clock::Time elapsed, vx_port_id_t port_id, Load::Port &load) {
-    EthPort &port = eth_port(device, port_id);
+    EthPort &port = *eth_port(device, port_id);
     if (link_of(port).link_status != VX_LINK_UP) return;
     if (port.config.tx_enable) load.sent = draw(traffic, elapsed);
     if (port.config.rx_enable) load.received = draw(traffic, elapsed);

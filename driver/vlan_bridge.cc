@@ -44,81 +44,82 @@ constexpr vx_uint16 last_vid = LMQ_MAX_VID;
 constexpr vx_uint16 last_gem_port = 4095;
 constexpr vx_uint8 all_tag_types = LMQ_VLAN_TAG_TYPE_UNTAG | LMQ_VLAN_TAG_TYPE_PRIO_TAG | LMQ_VLAN_TAG_TYPE_TAG;
 
-void check_vid(vx_uint16 vid) { refuse_if(vid > last_vid, VX_ERR_FE_INVALID_VLAN_ID); }
+bool is_no_vid(vx_uint16 vid) { return vid > last_vid; }
 
 /// Runs an operation on the VLAN policy of a port, as on_device() on a device.
 template <typename Body>
 vx_status_e on_policy(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id,
                       std::initializer_list<const void *> pointers, Body body) noexcept {
     return on_device(function, dev_id, pointers, [&](Device &device) {
-        check_port(port_id);
-        body(device.vlan_bridge.policy[port_id]);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+        return run(body, device.vlan_bridge.policy[port_id]);
     });
 }
 
 /// Adds directions to a set of them, or takes them away.
-void change(vx_acl_vlan_filter_dir_t &kept, vx_acl_vlan_filter_dir_t given, bool add) {
-    check_range(given, VX_ACL_VLAN_FILTER_DIR_DISABLE, VX_ACL_VLAN_FILTER_DIR_BOTH);
+[[nodiscard]] vx_status_e change(vx_acl_vlan_filter_dir_t &kept, vx_acl_vlan_filter_dir_t given, bool add) {
+    if (!is_in_range(given, VX_ACL_VLAN_FILTER_DIR_DISABLE, VX_ACL_VLAN_FILTER_DIR_BOTH))
+        return VX_ERR_GLBL_RANGE_CHECK_FAIL;
     kept = static_cast<vx_acl_vlan_filter_dir_t>(add ? kept | given : kept & ~given);
+    return VX_SUCCESS;
 }
 
 /* What member and mapping table do not have in common: what is checked, what is taken over. */
 
-void check_ports(vx_uint8 sni, vx_uint8 uni) {
-    refuse_if(sni > 1 || uni >= 1U << LMQ_MAX_UNI_PORT_NUM, VX_ERR_FE_INVALID_VLAN_MEMBER);
-}
+bool are_no_ports(vx_uint8 sni, vx_uint8 uni) { return sni > 1 || uni >= 1U << LMQ_MAX_UNI_PORT_NUM; }
 
-void take(vx_acl_vlan_member_tbl_entry_t &kept, const vx_acl_vlan_member_tbl_entry_t &given) {
+[[nodiscard]] vx_status_e take(vx_acl_vlan_member_tbl_entry_t &kept, const vx_acl_vlan_member_tbl_entry_t &given) {
     const auto &flags = given.valid.mask_s;
-    if (flags.member_port_bitmap) check_ports(given.member_sni_port_bitmap, given.member_uni_port_bitmap);
-    if (flags.vid) check_vid(given.vid_high);
-    refuse_if(flags.vid && given.vid_lo > given.vid_high, VX_ERR_FE_INVALID_VLAN_ID);
+    if (flags.member_port_bitmap && are_no_ports(given.member_sni_port_bitmap, given.member_uni_port_bitmap))
+        return VX_ERR_FE_INVALID_VLAN_MEMBER;
+    if (flags.vid && (is_no_vid(given.vid_high) || given.vid_lo > given.vid_high)) return VX_ERR_FE_INVALID_VLAN_ID;
     merge(flags.member_port_bitmap, kept.member_sni_port_bitmap, given.member_sni_port_bitmap);
     merge(flags.member_port_bitmap, kept.member_uni_port_bitmap, given.member_uni_port_bitmap);
     merge(flags.vid, kept.vid_lo, given.vid_lo);
     merge(flags.vid, kept.vid_high, given.vid_high);
     merge(flags.ingr_valid, kept.ingr_valid, as_boolean(given.ingr_valid));
     merge(flags.egrs_valid, kept.egrs_valid, as_boolean(given.egrs_valid));
+    return VX_SUCCESS;
 }
 
-void take(vx_acl_vlan_mapping_tbl_entry_t &kept, const vx_acl_vlan_mapping_tbl_entry_t &given) {
+[[nodiscard]] vx_status_e take(vx_acl_vlan_mapping_tbl_entry_t &kept, const vx_acl_vlan_mapping_tbl_entry_t &given) {
     const auto &flags = given.valid.mask_s;
-    if (flags.port_bitmap) check_ports(given.sni_port_bitmap, given.uni_port_bitmap);
-    if (flags.vid) check_vid(given.vid_from);
-    if (flags.vid) check_vid(given.vid_to);
+    if (flags.port_bitmap && are_no_ports(given.sni_port_bitmap, given.uni_port_bitmap))
+        return VX_ERR_FE_INVALID_VLAN_MEMBER;
+    if (flags.vid && (is_no_vid(given.vid_from) || is_no_vid(given.vid_to))) return VX_ERR_FE_INVALID_VLAN_ID;
     merge(flags.port_bitmap, kept.sni_port_bitmap, given.sni_port_bitmap);
     merge(flags.port_bitmap, kept.uni_port_bitmap, given.uni_port_bitmap);
     merge(flags.vid, kept.vid_from, given.vid_from);
     merge(flags.vid, kept.vid_to, given.vid_to);
     merge(flags.ingr_valid, kept.ingr_valid, as_boolean(given.ingr_valid));
     merge(flags.egrs_valid, kept.egrs_valid, as_boolean(given.egrs_valid));
+    return VX_SUCCESS;
 }
 
 template <typename Entry>
 vx_status_e vlan_table_set(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 index,
                            vx_acl_op_mode_t mode, const Entry *given) noexcept {
     return on_device(function, dev_id, {}, [&](Device &device) {
-        check_range(mode, VX_ACL_OP_ADD, VX_ACL_OP_MODIFY);
-        if (mode != VX_ACL_OP_DELETE) check_pointers({given}, VX_ERR_DEV_NULL_PTR);
-        check_port(port_id);
-        check_range(index, 0, VlanBridge::max_vlan_entries - 1);
+        if (!is_in_range(mode, VX_ACL_OP_ADD, VX_ACL_OP_MODIFY)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (mode != VX_ACL_OP_DELETE && !given) return VX_ERR_DEV_NULL_PTR;
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+        if (!is_in_range(index, 0, VlanBridge::max_vlan_entries - 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         auto &table = device.vlan_bridge.vlan;
         VlanBridge::VlanEntry *at = table.find(index);
         Entry *known = at ? std::get_if<Entry>(at) : nullptr;
-        refuse_if(at && !known, VX_ERR_GLBL_DUPLICATE_REQ);
+        if (at && !known) return VX_ERR_GLBL_DUPLICATE_REQ;
         if (mode == VX_ACL_OP_ADD) {
-            refuse_if(known != nullptr, VX_ERR_GLBL_ENTRY_EXIST);
+            if (known != nullptr) return VX_ERR_GLBL_ENTRY_EXIST;
             Entry added{};
-            take(added, *given);
+            if (const vx_status_e refused = take(added, *given)) return refused;
             added.valid.mask = 0xF;
             table.insert(index, added);
-            return;
+            return VX_SUCCESS;
         }
-        refuse_if(!known, VX_ERR_GLBL_ENTRY_NOT_FOUND);
-        if (mode == VX_ACL_OP_DELETE)
-            table.erase(index);
-        else
-            take(*known, *given);
+        if (!known) return VX_ERR_GLBL_ENTRY_NOT_FOUND;
+        if (mode == VX_ACL_OP_MODIFY) return take(*known, *given);
+        table.erase(index);
+        return VX_SUCCESS;
     });
 }
 
@@ -126,45 +127,54 @@ template <typename Entry>
 vx_status_e vlan_table_get(const char *function, vx_dev_id_t dev_id, vx_port_id_t port_id, vx_uint16 index,
                            Entry *to) noexcept {
     return on_device(function, dev_id, {to}, [&](Device &device) {
-        check_port(port_id);
-        check_range(index, 0, VlanBridge::max_vlan_entries - 1);
+        if (is_no_port(port_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+        if (!is_in_range(index, 0, VlanBridge::max_vlan_entries - 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         const VlanBridge::VlanEntry *at = device.vlan_bridge.vlan.find(index);
         const Entry *known = at ? std::get_if<Entry>(at) : nullptr;
-        refuse_if(!known, VX_ERR_GLBL_ENTRY_NOT_FOUND);
+        if (!known) return VX_ERR_GLBL_ENTRY_NOT_FOUND;
         *to = *known;
+        return VX_SUCCESS;
     });
 }
 
 /* Bridges. */
 
-Bridge &bridge_of(Device &device, lmq_brg_id_t id) {
-    Bridge *bridge = device.vlan_bridge.bridges.find(id);
-    refuse_if(!bridge, VX_ERR_FE_INVALID_BRG_ID);
-    return *bridge;
+/// Runs an operation on a bridge, as on_device() on a device.
+template <typename Body>
+vx_status_e on_bridge(const char *function, vx_dev_id_t dev_id, lmq_brg_id_t id,
+                      std::initializer_list<const void *> pointers, Body body) noexcept {
+    return on_device(function, dev_id, pointers, [&](Device &device) {
+        Bridge *bridge = device.vlan_bridge.bridges.find(id);
+        return bridge ? run(body, device, *bridge) : VX_ERR_FE_INVALID_BRG_ID;
+    });
 }
 
-/// The bridge that a bridge port belongs to, with its id.
-std::pair<const lmq_brg_id_t, Bridge> &owner_of(Device &device, lmq_brg_port_id_t port) {
-    for (auto &known : device.vlan_bridge.bridges) {
-        if (known.second.ports.contains(port)) return known;
-    }
-    throw Refusal{VX_ERR_FE_INVALID_BRG_PORT_ID};
+/// Runs an operation on the bridge that a bridge port belongs to. The body also gets the bridge's id.
+template <typename Body>
+vx_status_e on_owner(const char *function, vx_dev_id_t dev_id, lmq_brg_port_id_t port, Body body) noexcept {
+    return on_device(function, dev_id, {}, [&](Device &device) {
+        for (auto &[id, bridge] : device.vlan_bridge.bridges) {
+            if (bridge.ports.contains(port)) return run(body, device, id, bridge);
+        }
+        return VX_ERR_FE_INVALID_BRG_PORT_ID;
+    });
 }
 
 /// Takes over the flagged members. Refuses what is out of range, and the VLAN of another bridge.
-void take(Device &device, lmq_brg_id_t id, lmq_brg_cfg_s &kept, const lmq_brg_cfg_s &given) {
+[[nodiscard]] vx_status_e take(Device &device, lmq_brg_id_t id, lmq_brg_cfg_s &kept, const lmq_brg_cfg_s &given) {
     const auto &flags = given.valid.mask_s;
-    refuse_if(flags.brg_type && (given.brg_type == LMQ_BRG_TYPE_NONE || given.brg_type > LMQ_BRG_TYPE_ALL),
-              VX_ERR_FE_INVALID_BRG_PARAMS);
-    if (flags.vlan_id) check_vid(given.vlan_id);
+    if (flags.brg_type && (given.brg_type == LMQ_BRG_TYPE_NONE || given.brg_type > LMQ_BRG_TYPE_ALL))
+        return VX_ERR_FE_INVALID_BRG_PARAMS;
+    if (flags.vlan_id && is_no_vid(given.vlan_id)) return VX_ERR_FE_INVALID_VLAN_ID;
     for (const auto &[other, bridge] : device.vlan_bridge.bridges) {
         const bool same = bridge.config.vlan_id == given.vlan_id && given.vlan_id != LMQ_ANY_VID;
-        refuse_if(flags.vlan_id && other != id && same, VX_ERR_FE_DUPLICATE_BRG_VLAN_ID);
+        if (flags.vlan_id && other != id && same) return VX_ERR_FE_DUPLICATE_BRG_VLAN_ID;
     }
     merge(flags.brg_type, kept.brg_type, given.brg_type);
     merge(flags.vlan_id, kept.vlan_id, given.vlan_id);
     merge(flags.enbl_local_fwd, kept.enbl_local_fwd, as_boolean(given.enbl_local_fwd));
     merge(flags.discard_unknown_mac, kept.discard_unknown_mac, as_boolean(given.discard_unknown_mac));
+    return VX_SUCCESS;
 }
 
 void report(lmq_brg_id_t id, const Bridge &bridge, lmq_brg_cfg_info_s &to) {
@@ -185,16 +195,6 @@ void print(lmq_brg_id_t id, const Bridge &bridge) {
 
 /* The software VLAN layer. */
 
-/// Adds to a table of the layer, or refuses.
-template <typename Key, typename Value>
-void add(Table<Key, Value> &table, const Key &key, const Value &value) {
-    switch (table.insert(key, value)) {
-        case Insert::ok: return;
-        case Insert::exists: throw Refusal{VX_ERR_GLBL_ENTRY_EXIST};
-        case Insert::full: throw Refusal{VX_ERR_GLBL_SW_RESOURCE_UNAVAIL};
-    }
-}
-
 bool same(const vx_lmq_ext_vlan_filter_t &a, const vx_lmq_ext_vlan_filter_t &b) {
     const auto key = [](const vx_lmq_ext_vlan_filter_t &f) {
         return std::tuple(f.eth_type, f.outer_pri, f.outer_vid, f.outer_tpid_dei, f.inner_pri, f.inner_vid,
@@ -212,28 +212,26 @@ constexpr vx_uint16 default_tpid = 4;
 vx_status_e add_rule(const char *function, vx_uint32 dev_id, SwVlanKey key, unsigned tags,
                      const vx_lmq_ext_vlan_filter_t *filter, const vx_lmq_ext_vlan_treatment_t *treatment) noexcept {
     return on_device(function, dev_id, {filter, treatment}, [&](Device &device) {
-        check_port(key.port);
-        check_range(filter->outer_pri, 0, no_tag);
-        check_range(filter->inner_pri, 0, no_tag);
-        check_range(filter->outer_vid, 0, any_vid);
-        check_range(filter->inner_vid, 0, any_vid);
-        check_range(treatment->tag_to_remove, 0, drop_packet);
-        check_range(treatment->outer_pri, 0, no_tag);
-        check_range(treatment->inner_pri, 0, no_tag);
-        check_range(treatment->outer_vid, 0, copy_outer_vid);
-        check_range(treatment->inner_vid, 0, copy_outer_vid);
+        if (is_no_port(key.port)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
+        if (!is_in_range(filter->outer_pri, 0, no_tag) || !is_in_range(filter->inner_pri, 0, no_tag) ||
+            !is_in_range(filter->outer_vid, 0, any_vid) || !is_in_range(filter->inner_vid, 0, any_vid) ||
+            !is_in_range(treatment->tag_to_remove, 0, drop_packet) || !is_in_range(treatment->outer_pri, 0, no_tag) ||
+            !is_in_range(treatment->inner_pri, 0, no_tag) || !is_in_range(treatment->outer_vid, 0, copy_outer_vid) ||
+            !is_in_range(treatment->inner_vid, 0, copy_outer_vid))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         // What is not there cannot be removed.
-        refuse_if(treatment->tag_to_remove != drop_packet && treatment->tag_to_remove > tags,
-                  VX_ERR_FE_INVALID_VLAN_ACTION);
+        if (treatment->tag_to_remove != drop_packet && treatment->tag_to_remove > tags)
+            return VX_ERR_FE_INVALID_VLAN_ACTION;
 
         const ExtVlanRule rule{tags, *filter, *treatment};
         auto &lists = device.vlan_bridge.ext_vlans;
         std::vector<ExtVlanRule> *list = lists.find(key);
-        if (!list) return add(lists, key, {rule});
+        if (!list) return as_status(lists.insert(key, {rule}));
         const auto known = [&](const ExtVlanRule &r) { return r.tags == tags && same(r.filter, *filter); };
-        refuse_if(std::any_of(list->begin(), list->end(), known), VX_ERR_GLBL_ENTRY_EXIST);
-        refuse_if(list->size() >= VlanBridge::max_rules, VX_ERR_GLBL_SW_RESOURCE_UNAVAIL);
+        if (std::any_of(list->begin(), list->end(), known)) return VX_ERR_GLBL_ENTRY_EXIST;
+        if (list->size() >= VlanBridge::max_rules) return VX_ERR_GLBL_SW_RESOURCE_UNAVAIL;
         list->push_back(rule);
+        return VX_SUCCESS;
     });
 }
 
@@ -253,16 +251,16 @@ vx_uint16 tci_of(vx_uint8 priority, vx_uint16 vid) {
 /// The tags of a packet, the outer one first.
 using Tags = std::vector<Tag>;
 
-Tags tags_of(const vx_pkt_t &packet) {
-    refuse_if(packet.tag_num > 2, VX_ERR_GLBL_INVALID_PARAMS);
+Result<Tags> tags_of(const vx_pkt_t &packet) {
+    if (packet.tag_num > 2) return VX_ERR_GLBL_INVALID_PARAMS;
     Tags tags;
     if (packet.tag_num > 0) tags.push_back({packet.stpid, packet.svlan});
     if (packet.tag_num > 1) tags.push_back({packet.ctpid, packet.cvlan});
     return tags;
 }
 
-void write(vx_pkt_t &packet, const Tags &tags) {
-    refuse_if(tags.size() > 2, VX_ERR_FE_INVALID_VLAN_ACTION);
+[[nodiscard]] vx_status_e write(vx_pkt_t &packet, const Tags &tags) {
+    if (tags.size() > 2) return VX_ERR_FE_INVALID_VLAN_ACTION;
     const Tag none{0, 0};
     const Tag &outer = tags.empty() ? none : tags[0];
     const Tag &inner = tags.size() < 2 ? none : tags[1];
@@ -271,6 +269,7 @@ void write(vx_pkt_t &packet, const Tags &tags) {
     packet.svlan = outer.tci;
     packet.ctpid = inner.tpid;
     packet.cvlan = inner.tci;
+    return VX_SUCCESS;
 }
 
 bool matches(vx_uint8 priority, vx_uint16 vid, const Tag &tag) {
@@ -318,8 +317,9 @@ std::optional<Tag> added(vx_uint8 priority, vx_uint16 vid, vx_uint16 tpid_dei, v
     return Tag{tpid_dei == default_tpid ? LMQ_DEFAULT_TPID : tpid, tci_of(priority, vid)};
 }
 
-void treat(Tags &tags, const vx_lmq_ext_vlan_treatment_t &treatment, const ExtVlanParameters &parameters) {
-    refuse_if(treatment.tag_to_remove == drop_packet, VX_ERR_FE_INVALID_VLAN_MEMBER);
+[[nodiscard]] vx_status_e treat(Tags &tags, const vx_lmq_ext_vlan_treatment_t &treatment,
+                                const ExtVlanParameters &parameters) {
+    if (treatment.tag_to_remove == drop_packet) return VX_ERR_FE_INVALID_VLAN_MEMBER;
     const Tags received = tags;
     tags.erase(tags.begin(), tags.begin() + treatment.tag_to_remove);
     const vx_uint16 tpid = parameters.output_tpid;
@@ -327,6 +327,7 @@ void treat(Tags &tags, const vx_lmq_ext_vlan_treatment_t &treatment, const ExtVl
     const auto outer = added(treatment.outer_pri, treatment.outer_vid, treatment.outer_tpid_dei, tpid, received);
     if (inner) tags.insert(tags.begin(), *inner);
     if (outer) tags.insert(tags.begin(), *outer);
+    return VX_SUCCESS;
 }
 
 /// Undoes a rule, if the packet bears the tags that it adds. @return Whether it does.
@@ -385,13 +386,19 @@ const vx_lmq_tci_routing_t *way_of(VlanBridge &state, vx_uint16 port, const Tag 
 vx_int32 filter_ingress(const char *function, vx_pkt_t *packet) noexcept {
     return on_device(function, DEFAULT_DEVICE_ID, {packet}, [&](Device &device) {
         VlanBridge &state = device.vlan_bridge;
-        Tags tags = tags_of(*packet);
+        const Result<Tags> given = tags_of(*packet);
+        if (!given) return given.status();
+        Tags tags = *given;
         const auto rules = rules_of(state, packet->port);
         const auto rule = std::find_if(rules.begin(), rules.end(), [&](const auto &candidate) {
             const vx_uint16 tpid = state.ext_vlan_parameters.get(candidate.first).input_tpid;
             return matches(*candidate.second, tags, packet->eth_type, tpid);
         });
-        if (rule != rules.end()) treat(tags, rule->second->treatment, state.ext_vlan_parameters.get(rule->first));
+        if (rule != rules.end()) {
+            const auto &[rule_port, found] = *rule;
+            const ExtVlanParameters &parameters = state.ext_vlan_parameters.get(rule_port);
+            if (const vx_status_e refused = treat(tags, found->treatment, parameters)) return refused;
+        }
         for (const auto &[key, operation] : state.operations) {
             if (!rules.empty() || !is_of(key, packet->port)) continue;
             if (operation.us_mode == 1 && !tags.empty())
@@ -402,17 +409,20 @@ vx_int32 filter_ingress(const char *function, vx_pkt_t *packet) noexcept {
 
         const vx_lmq_tci_routing_t *way = way_of(state, packet->port, tags.empty() ? Tag{} : tags[0]);
         const bool drop = way && (tags.empty() ? way->untagged_action : way->tagged_action) != 0;
-        refuse_if(drop, VX_ERR_FE_INVALID_VLAN_MEMBER);
-        write(*packet, tags);
+        if (drop) return VX_ERR_FE_INVALID_VLAN_MEMBER;
+        if (const vx_status_e refused = write(*packet, tags)) return refused;
         if (way) packet->sub_port = way->gem_port;
+        return VX_SUCCESS;
     });
 }
 
 vx_int32 filter_egress(const char *function, vx_uint16 port, vx_pkt_t *packet) noexcept {
     return on_device(function, DEFAULT_DEVICE_ID, {packet}, [&](Device &device) {
-        check_port(port);
+        if (is_no_port(port)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
         VlanBridge &state = device.vlan_bridge;
-        Tags tags = tags_of(*packet);
+        const Result<Tags> given = tags_of(*packet);
+        if (!given) return given.status();
+        Tags tags = *given;
         const auto rules = rules_of(state, port);
         for (const auto &[rule_port, rule] : rules) {
             const ExtVlanParameters &parameters = state.ext_vlan_parameters.get(rule_port);
@@ -422,7 +432,7 @@ vx_int32 filter_egress(const char *function, vx_uint16 port, vx_pkt_t *packet) n
             if (!rules.empty() || !is_of(key, port)) continue;
             if (operation.ds_mode == 1 && !tags.empty()) tags.erase(tags.begin());
         }
-        write(*packet, tags);
+        return write(*packet, tags);
     });
 }
 
@@ -437,9 +447,10 @@ extern "C" {
 vx_status_e vx_vlan_tag_policy_set(vx_dev_id_t dev_id, vx_port_id_t port_id,
                                    vx_acl_vlan_tag_type_t vlan_tag_type_bitmap, vx_boolean admit) {
     return on_policy(__func__, dev_id, port_id, {}, [&](VlanPolicy &policy) {
-        check_range(vlan_tag_type_bitmap, 0, all_tag_types);
+        if (!is_in_range(vlan_tag_type_bitmap, 0, all_tag_types)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         policy.tag_types = vlan_tag_type_bitmap;
         policy.admit = as_boolean(admit);
+        return VX_SUCCESS;
     });
 }
 
@@ -454,7 +465,7 @@ vx_status_e vx_vlan_tag_policy_get(vx_dev_id_t dev_id, vx_port_id_t port_id,
 vx_status_e vx_vlan_member_check_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_acl_vlan_filter_dir_t fil_dir,
                                      vx_boolean enable) {
     return on_policy(__func__, dev_id, port_id, {},
-                     [&](VlanPolicy &policy) { change(policy.checked, fil_dir, enable != FALSE); });
+                     [&](VlanPolicy &policy) { return change(policy.checked, fil_dir, enable != FALSE); });
 }
 
 vx_status_e vx_vlan_member_check_get(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_acl_vlan_filter_dir_t *p_ena) {
@@ -464,7 +475,7 @@ vx_status_e vx_vlan_member_check_get(vx_dev_id_t dev_id, vx_port_id_t port_id, v
 vx_status_e vx_vlan_member_check_default_set(vx_dev_id_t dev_id, vx_port_id_t port_id, vx_acl_vlan_filter_dir_t fil_dir,
                                              vx_boolean permit) {
     return on_policy(__func__, dev_id, port_id, {},
-                     [&](VlanPolicy &policy) { change(policy.permitted, fil_dir, permit != FALSE); });
+                     [&](VlanPolicy &policy) { return change(policy.permitted, fil_dir, permit != FALSE); });
 }
 
 vx_status_e vx_vlan_member_check_default_get(vx_dev_id_t dev_id, vx_port_id_t port_id,
@@ -501,20 +512,19 @@ vx_status_e lmq_create_bridge(vx_dev_id_t dev_id, lmq_brg_id_t brg_id, lmq_brg_c
         Bridge bridge;
         bridge.config.vlan_id = LMQ_ANY_VID;
         bridge.config.valid.mask = 0xF;
-        take(device, brg_id, bridge.config, *p_cfg);
-        add(bridges, brg_id, bridge);
-        return VX_SUCCESS;
+        if (const vx_status_e refused = take(device, brg_id, bridge.config, *p_cfg)) return refused;
+        return as_status(bridges.insert(brg_id, bridge));
     });
 }
 
 vx_status_e lmq_set_bridge_config(vx_dev_id_t dev_id, lmq_brg_id_t brg_id, lmq_brg_cfg_s *p_cfg) {
-    return on_device(__func__, dev_id, {p_cfg},
-                     [&](Device &device) { take(device, brg_id, bridge_of(device, brg_id).config, *p_cfg); });
+    return on_bridge(__func__, dev_id, brg_id, {p_cfg},
+                     [&](Device &device, Bridge &bridge) { return take(device, brg_id, bridge.config, *p_cfg); });
 }
 
 vx_status_e lmq_get_bridge_config(vx_dev_id_t dev_id, lmq_brg_id_t brg_id, lmq_brg_cfg_info_s *p_cfg) {
-    return on_device(__func__, dev_id, {p_cfg},
-                     [&](Device &device) { report(brg_id, bridge_of(device, brg_id), *p_cfg); });
+    return on_bridge(__func__, dev_id, brg_id, {p_cfg},
+                     [&](Device &, const Bridge &bridge) { report(brg_id, bridge, *p_cfg); });
 }
 
 vx_status_e lmq_get_bridge_config_all(vx_dev_id_t dev_id, vx_uint16 get_cnt, lmq_brg_cfg_info_s *p_cfg,
@@ -530,19 +540,20 @@ vx_status_e lmq_get_bridge_config_all(vx_dev_id_t dev_id, vx_uint16 get_cnt, lmq
 }
 
 vx_status_e lmq_delete_bridge(vx_dev_id_t dev_id, lmq_brg_id_t brg_id) {
-    return on_device(__func__, dev_id, {}, [&](Device &device) {
-        for (const auto &port : bridge_of(device, brg_id).ports) device.vlan_bridge.bridge_ports.take_back(port.first);
+    return on_bridge(__func__, dev_id, brg_id, {}, [&](Device &device, const Bridge &bridge) {
+        for (const auto &port : bridge.ports) device.vlan_bridge.bridge_ports.take_back(port.first);
         device.vlan_bridge.bridges.erase(brg_id);
     });
 }
 
 vx_status_e lmq_add_bridge_port(vx_dev_id_t dev_id, vx_uint16 uni_port_num, lmq_brg_id_t brg_id,
                                 lmq_brg_port_id_t *p_brg_port_id) {
-    return on_device(__func__, dev_id, {p_brg_port_id}, [&](Device &device) {
-        Bridge &bridge = bridge_of(device, brg_id);
+    return on_bridge(__func__, dev_id, brg_id, {p_brg_port_id}, [&](Device &device, Bridge &bridge) {
         if (uni_port_num < VX_PORT_ETH0 || uni_port_num >= VX_PORT_ETH0 + LMQ_MAX_UNI_PORT_NUM)
             return VX_ERR_PORT_NUM_OUT_OF_RANGE;
-        for (const auto &port : bridge.ports) refuse_if(port.second == uni_port_num, VX_ERR_GLBL_ENTRY_EXIST);
+        for (const auto &port : bridge.ports) {
+            if (port.second == uni_port_num) return VX_ERR_GLBL_ENTRY_EXIST;
+        }
         // There are more ids than ports of all bridges.
         const auto id = static_cast<lmq_brg_port_id_t>(device.vlan_bridge.bridge_ports.give().value());
         bridge.ports.emplace(id, uni_port_num);
@@ -552,16 +563,16 @@ vx_status_e lmq_add_bridge_port(vx_dev_id_t dev_id, vx_uint16 uni_port_num, lmq_
 }
 
 vx_status_e lmq_delete_bridge_port(vx_dev_id_t dev_id, lmq_brg_port_id_t brg_port_id) {
-    return on_device(__func__, dev_id, {}, [&](Device &device) {
-        owner_of(device, brg_port_id).second.ports.erase(brg_port_id);
+    return on_owner(__func__, dev_id, brg_port_id, [&](Device &device, lmq_brg_id_t, Bridge &bridge) {
+        bridge.ports.erase(brg_port_id);
         device.vlan_bridge.bridge_ports.take_back(brg_port_id);
     });
 }
 
 vx_status_e vx_gpon_onu_gem_port_add_to_bridge(vx_dev_id_t dev_id, vx_uint16 pon_id, vx_uint16 gem_port_id,
                                                lmq_brg_id_t brg_id) {
-    return on_device(__func__, dev_id, {}, [&](Device &device) {
-        std::vector<vx_uint16> &gems = bridge_of(device, brg_id).gem_ports;
+    return on_bridge(__func__, dev_id, brg_id, {}, [&](Device &, Bridge &bridge) {
+        std::vector<vx_uint16> &gems = bridge.gem_ports;
         if (!is_in_range(pon_id, 0, 0)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         if (gem_port_id > last_gem_port) return VX_ERR_GPON_INVALID_GEM_PORT;
         if (std::find(gems.begin(), gems.end(), gem_port_id) != gems.end()) return VX_ERR_GLBL_ENTRY_EXIST;
@@ -575,18 +586,19 @@ vx_status_e vx_gpon_onu_gem_port_delete_from_bridge(vx_dev_id_t dev_id, vx_uint1
                                                     lmq_brg_id_t brg_id) {
     return on_device(__func__, dev_id, {}, [&](Device &device) {
         if (!is_in_range(pon_id, 0, 0)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
-        std::erase(bridge_of(device, brg_id).gem_ports, gem_port_id);
+        Bridge *bridge = device.vlan_bridge.bridges.find(brg_id);
+        if (!bridge) return VX_ERR_FE_INVALID_BRG_ID;
+        std::erase(bridge->gem_ports, gem_port_id);
         return VX_SUCCESS;
     });
 }
 
 vx_status_e lmq_dump_bridge(vx_dev_id_t dev_id, lmq_brg_id_t brg_id) {
-    return on_device(__func__, dev_id, {}, [&](Device &device) { print(brg_id, bridge_of(device, brg_id)); });
+    return on_bridge(__func__, dev_id, brg_id, {}, [&](Device &, const Bridge &bridge) { print(brg_id, bridge); });
 }
 
 vx_status_e lmq_dump_bridge_port(vx_dev_id_t dev_id, lmq_brg_port_id_t brg_port_id) {
-    return on_device(__func__, dev_id, {}, [&](Device &device) {
-        const auto &[id, bridge] = owner_of(device, brg_port_id);
+    return on_owner(__func__, dev_id, brg_port_id, [&](Device &, lmq_brg_id_t id, const Bridge &bridge) {
         std::fprintf(stderr, "bridge port %u: bridge %" PRIu32 ", UNI port %u\n", brg_port_id, id,
                      bridge.ports.at(brg_port_id));
     });
@@ -637,10 +649,9 @@ vx_int32 vx_sw_vlan_opr_create(vx_uint32 dev_id, vx_uint16 ethport_id, vx_lmq_vl
                                vx_uint16 vlan_id) {
     return on_device(__func__, dev_id, {vlan_opr}, [&](Device &device) {
         if (is_no_port(ethport_id)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
-        if (!is_in_range(vlan_opr->us_mode, 0, 2)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
-        if (!is_in_range(vlan_opr->ds_mode, 0, 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
-        add(device.vlan_bridge.operations, {ethport_id, iphost != FALSE, vlan_id}, *vlan_opr);
-        return VX_SUCCESS;
+        if (!is_in_range(vlan_opr->us_mode, 0, 2) || !is_in_range(vlan_opr->ds_mode, 0, 1))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        return as_status(device.vlan_bridge.operations.insert({ethport_id, iphost != FALSE, vlan_id}, *vlan_opr));
     });
 }
 
@@ -656,14 +667,12 @@ vx_int32 vx_sw_vlan_opr_delete(vx_uint32 dev_id, vx_uint16 ethport_id, vx_boolea
 vx_int32 vx_sw_tci_gem_add(vx_uint32 dev_id, vx_lmq_tci_routing_t *tci2gem, vx_uint16 routing_id) {
     return on_device(__func__, dev_id, {tci2gem}, [&](Device &device) {
         if (is_no_port(tci2gem->eth_port)) return VX_ERR_PORT_NUM_OUT_OF_RANGE;
-        check_vid(tci2gem->vid);
-        if (!is_in_range(tci2gem->pri, 0, LMQ_MAX_DOT1P - 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
-        if (!is_in_range(tci2gem->mode, 0, 2)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
-        if (!is_in_range(tci2gem->tagged_action, 0, 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
-        if (!is_in_range(tci2gem->untagged_action, 0, 1)) return VX_ERR_GLBL_RANGE_CHECK_FAIL;
+        if (is_no_vid(tci2gem->vid)) return VX_ERR_FE_INVALID_VLAN_ID;
+        if (!is_in_range(tci2gem->pri, 0, LMQ_MAX_DOT1P - 1) || !is_in_range(tci2gem->mode, 0, 2) ||
+            !is_in_range(tci2gem->tagged_action, 0, 1) || !is_in_range(tci2gem->untagged_action, 0, 1))
+            return VX_ERR_GLBL_RANGE_CHECK_FAIL;
         if (tci2gem->gem_port > last_gem_port) return VX_ERR_GPON_INVALID_GEM_PORT;
-        add(device.vlan_bridge.routes, routing_id, *tci2gem);
-        return VX_SUCCESS;
+        return as_status(device.vlan_bridge.routes.insert(routing_id, *tci2gem));
     });
 }
 

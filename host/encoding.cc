@@ -37,6 +37,7 @@ Utf8::Utf8(std::string_view document) : text_(document) {
         text_.remove_prefix(mark.size());
         is_changed_ = true;
     }
+    if (length_of_common_declaration(text_) > 0) return;
     const std::string_view encoding = declared(text_);
     const bool is_plain = is_one_of(encoding, {"US-ASCII", "ASCII"});
     if (!is_plain && !is_one_of(encoding, {"ISO-8859-1", "LATIN1"})) return;

@@ -1,10 +1,23 @@
 // Documents in other encodings than UTF-8, which some clients send.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
 namespace lmq::host {
+
+/// How long the XML declaration of a document is, if it is one that most clients write, which leaves the text in UTF-8;
+/// 0 for all else.
+inline std::size_t length_of_common_declaration(std::string_view document) {
+    using namespace std::string_view_literals;
+    for (const std::string_view declaration :
+         {"<?xml version=\"1.0\"?>"sv, "<?xml version='1.0'?>"sv, "<?xml version=\"1.0\" encoding=\"UTF-8\"?>"sv,
+          "<?xml version=\"1.0\" encoding=\"utf-8\"?>"sv}) {
+        if (document.starts_with(declaration)) return declaration.size();
+    }
+    return 0;
+}
 
 /// A document in UTF-8.
 class Utf8 {

@@ -6,6 +6,7 @@
 #include <charconv>
 #include <new>
 
+#include "answer.h"
 #include "env.h"
 
 namespace lmq::host {
@@ -21,6 +22,7 @@ std::string document(const Fault &fault) {
 
 // The library writes the code in front of the text, so that nothing a client sent can stand before it.
 int fault_code(std::string_view answer) {
+    if (answer.starts_with(begin_of_answer)) return 0;
     constexpr std::string_view opening = "<methodResponse>", fault_tag = "<fault>", int_tag = "<int>", i4_tag = "<i4>";
     const std::string_view head = answer.substr(0, 256);
     const std::size_t opened = head.find(opening);

@@ -33,9 +33,10 @@ class InProcess : public Backend {
     std::array<pollfd, 4> waits() const override { return {{{-1, 0, 0}, {-1, 0, 0}, {-1, 0, 0}, {-1, 0, 0}}}; }
     int timeout() const override { return outcome_ ? 0 : -1; }
     bool alive() const override { return true; }
-    State state() const override { return {getpid(), 0, 0, 0}; }
+    State state() const override { return {process_, 0, 0, 0}; }
 
   private:
+    const pid_t process_ = getpid();
     Call call_;
     std::string in_hand_;
     std::optional<Outcome> outcome_;

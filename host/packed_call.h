@@ -85,11 +85,9 @@ class Packer {
         if (!begun_) return;
         put(static_cast<std::uint32_t>(text.size()));
         make_room(text.size());
+        size_ += text.copy(bytes_.data() + size_, text.size());
         unsigned char highest = 0;
-        for (const char c : text) {
-            bytes_[size_++] = c;
-            highest = std::max(highest, static_cast<unsigned char>(c));
-        }
+        for (const char c : text) highest = std::max(highest, static_cast<unsigned char>(c));
         // The library refuses what lies beyond the Basic Multilingual Plane, with a fault of its own.
         if (highest >= 0xF0) give_up();
     }

@@ -12,6 +12,8 @@
 #include <utility>
 #include <vector>
 
+#include "encoding.h"
+
 namespace lmq::host {
 
 class PlainReader {
@@ -26,7 +28,7 @@ class PlainReader {
     bool read(std::string_view document, Events &&events) {
         rest_ = document;
         open_.clear();
-        skip_declaration();
+        rest_.remove_prefix(length_of_common_declaration(rest_));
         do {
             if (!read_text(events) || rest_.size() < 2) return false;
             rest_.remove_prefix(1);
@@ -51,14 +53,6 @@ class PlainReader {
     }();
 
     static Byte kind(char c) { return kinds[static_cast<unsigned char>(c)]; }
-
-    void skip_declaration() {
-        for (const std::string_view declaration :
-             {"<?xml version=\"1.0\"?>", "<?xml version='1.0'?>", "<?xml version=\"1.0\" encoding=\"UTF-8\"?>",
-              "<?xml version=\"1.0\" encoding=\"utf-8\"?>"}) {
-            if (rest_.starts_with(declaration)) return rest_.remove_prefix(declaration.size());
-        }
-    }
 
     /// Reads up to the next tag.
     template <class Events>
