@@ -68,9 +68,9 @@ void CallQueue::settle(Exchange &exchange, Backend::Outcome outcome, pid_t proce
             exchange.reply = xml(MHD_HTTP_BAD_GATEWAY, document(Fault{Fault::internal, std::move(outcome.text)}));
             break;
     }
-    recorder_.called({exchange.peer->address, exchange.user, exchange.method, call, exchange.reply->status,
-                      exchange.reply->body, outcome.printed, exchange.arrived, begun},
-                     process);
+    recorder_.called({exchange.peer->address, exchange.user, exchange.method, exchange.reply->status,
+                      exchange.reply->body, outcome.printed, exchange.arrived, begun, exchange.is_introspection},
+                     call, process);
     if (outcome.printed.empty()) return;
     exchange.reply->headers.emplace_back(
         output_header, std::string(output_path) + std::to_string(printed_.add(std::move(outcome.printed))));
@@ -158,9 +158,9 @@ void CallQueue::take_lost(const Place &place, const Backend::Outcome &outcome, p
     const std::string call = backend_.take_call();
     const Result result =
         outcome.kind == Backend::Outcome::Kind::answer ? result_of(outcome.text) : Result{Fault::internal};
-    recorder_.called({place.address, place.user, place.method, call, client_has_gone, outcome.text, outcome.printed,
-                      place.arrived, place.begun},
-                     process);
+    recorder_.called({place.address, place.user, place.method, client_has_gone, outcome.text, outcome.printed,
+                      place.arrived, place.begun, place.is_introspection},
+                     call, process);
     monitor_.served({place.address, place.user, place.method, "", client_has_gone, result,
                      std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - place.begun)});
 }
@@ -178,6 +178,7 @@ void CallQueue::begin_next() {
         return;
     }
     place.method = next.method;
+    place.is_introspection = next.is_introspection;
     place.address = next.peer->address;
     place.user = next.user;
     place.arrived = next.arrived;

@@ -220,6 +220,22 @@ class PostMortem(WithFolder):
         self.assertLess(self.files()[0].stat().st_size, 30_000)
         self.assertEqual(trace_file.calls(self.files()[1])[-1]["status"], 502)
 
+    def test_introspection_pushes_no_call_out(self):
+        asked = ("system.listMethods", "system.capabilities")
+        with self.serve("--last-calls", "8000", errors=self.died("ended with status 3 in test.end")) as host:
+            for number in range(5):
+                host.proxy().test.echo(number)
+            for _ in range(50):
+                host.post(call(asked[0]))
+                host.post(multicall(*asked))
+            host.post(multicall(asked[0], "test.none"))  # not that alone
+            host.post(call("test.end", -3))
+        methods = [record["method"].decode() for record in trace_file.calls(self.files()[0])]
+        self.assertEqual(methods[0], "test.echo")
+        self.assertNotIn(asked[0], methods)
+        self.assertIn("system.multicall", methods)
+        self.assertEqual(methods[-1], "test.end")
+
     def test_the_oldest_files_make_room(self):
         for number in range(40):
             (self.folder / f"lmq-host-20200101T000000.{number:03}Z-1.trace").touch()
