@@ -147,6 +147,7 @@ void Recorder::flush() {
 void Recorder::started(pid_t process) {
     process_ = process;
     last_.clear();
+    lines_.clear();
     start_ = {};
     start_.kind = trace::Kind::started;
     start_.number = number_++;
@@ -157,11 +158,14 @@ void Recorder::started(pid_t process) {
     keep(trace::RecordView(start_), Among::none);
 }
 
-void Recorder::called(const Call &call, const std::string &document, pid_t process) {
+void Recorder::called(const Call &call, std::string document, pid_t process) {
     if (writer_ == nullptr && !keeps_last()) return;
     flush();
     if (process != process_) started(process);
-    keep(record_of(call, document), call.is_introspection ? Among::newest : Among::last);
+    if (writer_ != nullptr || !options_.post_mortem.empty()) {
+        keep(record_of(call, document), call.is_introspection ? Among::newest : Among::last);
+    }
+    if (options_.last_calls > 0 && !call.is_introspection) lines_.add(call.method, std::move(document));
 }
 
 void Recorder::refused(const Call &call, std::string_view document) {
@@ -181,13 +185,22 @@ void Recorder::died(const Backend::Death &death) {
     record.method = death.method;
     record.printed = death.printed;
     // A process that has carried out nothing leaves nothing to be looked into, and may be one of a long row.
-    if (!options_.post_mortem.empty() && death.process == process_) write_post_mortem(record);
+    if (death.process == process_ && (options_.post_mortem.empty() || !write_post_mortem(record))) tell_last();
     keep(record, Among::none);
     flush();
     last_.clear();
+    lines_.clear();
 }
 
-void Recorder::write_post_mortem(const trace::RecordView &death) {
+/// Says what is known of the last calls where no file has them.
+void Recorder::tell_last() const {
+    if (lines_.is_empty()) return;
+    const char *advice = options_.post_mortem.empty() ? "; --post-mortem keeps more of them" : "";
+    std::fprintf(stderr, "lmq-host: the last calls to it: %s%s\n", lines_.text().c_str(), advice);
+}
+
+/// @return Whether there is a file now.
+bool Recorder::write_post_mortem(const trace::RecordView &death) {
     const fs::path path = fs::path(options_.post_mortem) / file_name(process_);
     try {
         trace::Writer file(path, head(), trace::Writer::Mode::create);
@@ -207,11 +220,13 @@ void Recorder::write_post_mortem(const trace::RecordView &death) {
         file.write(death);
         std::fprintf(stderr, "lmq-host: the last calls to it are in %s\n", path.c_str());
     } catch (const std::exception &error) {
-        std::fprintf(stderr, "lmq-host: the last calls to it are lost: %s\n", error.what());
+        std::fprintf(stderr, "lmq-host: the last calls to it are in no file: %s\n", error.what());
         std::error_code ignored;
         fs::remove(path, ignored);
+        return false;
     }
     thin_out(options_.post_mortem);
+    return true;
 }
 
 }  // namespace lmq::host

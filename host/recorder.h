@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "backend.h"
+#include "call_lines.h"
 #include "exchange.h"
 #include "recent_calls.h"
 #include "trace/writer.h"
@@ -48,19 +49,19 @@ class Recorder {
     Recorder(const Recorder &) = delete;
     Recorder &operator=(const Recorder &) = delete;
 
-    /// Whether the last calls are kept.
-    bool keeps_last() const { return !options_.post_mortem.empty(); }
+    /// Whether the last calls are kept, in full or as lines.
+    bool keeps_last() const { return options_.last_calls > 0 || !options_.post_mortem.empty(); }
 
     /// Keeps a call that the backend has carried out.
     /// @param document As it was handed to the backend.
     /// @param process  What it was carried out in.
-    void called(const Call &call, const std::string &document, pid_t process);
+    void called(const Call &call, std::string document, pid_t process);
 
     /// Keeps a call that was answered without the backend.
     void refused(const Call &call, std::string_view document);
 
-    /// Keeps that the driver's process has died, after the call that it had in hand: the last calls go to a
-    /// file.
+    /// Keeps that the driver's process has died, after the call that it had in hand: the last calls go to a file, or as
+    /// lines to standard error.
     void died(const Backend::Death &death);
 
     /// Whether flush() has something to do.
@@ -82,11 +83,13 @@ class Recorder {
     trace::RecordView record_of(const Call &call, std::string_view document);
     void keep(const trace::RecordView &record, Among among);
     void started(pid_t process);
-    void write_post_mortem(const trace::RecordView &death);
+    bool write_post_mortem(const trace::RecordView &death);
+    void tell_last() const;
 
     Options options_;
     std::unique_ptr<trace::Writer> writer_;
     RecentCalls last_;
+    CallLines lines_;
     /// The process that the last calls are of, and the record of its start.
     pid_t process_ = 0;
     trace::Record start_;

@@ -13,7 +13,7 @@ import unittest
 import xmlrpc.client
 
 import trace_file
-from harness import BACKTRACE, HOST, XML, call, eventually, multicall, refused, serve
+from harness import BACKTRACE, HOST, LAST_CALLS, XML, call, eventually, multicall, refused, serve
 from trace_file import CALL, DIED, STARTED
 
 PRINTS_BACKTRACES = "LMQ_HOST_TEST_NO_BACKTRACE" not in os.environ
@@ -235,6 +235,29 @@ class PostMortem(WithFolder):
         self.assertNotIn(asked[0], methods)
         self.assertIn("system.multicall", methods)
         self.assertEqual(methods[-1], "test.end")
+
+    def test_without_a_folder_a_line_tells_the_last_calls(self):
+        secret = "dragonfly"
+        with serve(errors="lmq-host: the worker ended with status 3 in test.end\n") as host:
+            proxy = host.proxy()
+            for number in range(20):
+                proxy.test.echo(number)
+            proxy.test.echo(7, True, [secret], {"key": secret}, secret)
+            proxy.test.echo(8)
+            proxy.test.echo(8)
+            proxy.system.listMethods()
+            host.post(call("test.echo", xmlrpc.client.Binary(b"")))
+            host.post(multicall("test.echo"))
+            host.post(call("test.end", -3))
+            self.assertTrue(eventually(lambda: LAST_CALLS in host.printed()))
+            printed = host.printed()
+        self.assertIn(LAST_CALLS + "test.echo(18), test.echo(19), test.echo(7, true, [...], {...}, '...'), "
+                      "test.echo(8) (2 times), test.echo(...), system.multicall(...), test.end(-3); --post-mortem keeps more of them\n",
+                      printed)
+        self.assertNotIn(secret, printed)
+        with serve("--last-calls", "0", errors=r"lmq-host: the worker ended with status 3 in test.end\n") as host:
+            host.post(call("test.end", -3))
+            self.assertNotIn(LAST_CALLS, host.printed())
 
     def test_the_oldest_files_make_room(self):
         for number in range(40):
