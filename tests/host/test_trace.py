@@ -90,8 +90,9 @@ class Trace(WithFolder):
 
             with concurrent.futures.ThreadPoolExecutor(4) as pool:
                 clients = [pool.submit(client, n * 1_000_000) for n in range(4)]
-                self.assertTrue(eventually(lambda: self.file.stat().st_size > 0 and
-                                           host.sample('lmq_http_responses_total{status="200"}') > 500))
+                # Before the first answer there is no such line.
+                answers = re.compile(rb'^lmq_http_responses_total{status="200"} (?!([0-4]?\d{1,2})$)', re.M)
+                self.assertTrue(eventually(lambda: answers.search(host.get("/metrics")[1])))
                 host.process.kill()
                 answered = {number for each in clients for number in each.result()}
         kept = {trace_file.first_number(record) for record in trace_file.calls(self.file)}
