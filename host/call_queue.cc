@@ -50,7 +50,7 @@ void drop(Exchange &exchange) {
 /// Makes the reply of a call.
 /// @param process What the call was carried out in.
 void CallQueue::settle(Exchange &exchange, Backend::Outcome outcome, pid_t process, Clock::time_point begun) try {
-    const std::string call = backend_.take_call();
+    std::string call = backend_.take_call();
     switch (outcome.kind) {
         case Backend::Outcome::Kind::answer: {
             exchange.result = result_of(outcome.text);
@@ -68,9 +68,9 @@ void CallQueue::settle(Exchange &exchange, Backend::Outcome outcome, pid_t proce
             exchange.reply = xml(MHD_HTTP_BAD_GATEWAY, document(Fault{Fault::internal, std::move(outcome.text)}));
             break;
     }
-    recorder_.called({exchange.peer->address, exchange.user, exchange.method, call, exchange.reply->status,
-                      exchange.reply->body, outcome.printed, exchange.arrived, begun},
-                     process);
+    recorder_.called({exchange.peer->address, exchange.user, exchange.method, exchange.reply->status,
+                      exchange.reply->body, outcome.printed, exchange.arrived, begun, exchange.is_introspection},
+                     std::move(call), process);
     if (outcome.printed.empty()) return;
     exchange.reply->headers.emplace_back(
         output_header, std::string(output_path) + std::to_string(printed_.add(std::move(outcome.printed))));
@@ -155,12 +155,12 @@ bool CallQueue::is_held_up() const { return handed_.size() > 1 && Clock::now() >
 
 /// Takes the outcome of a call whose client has gone.
 void CallQueue::take_lost(const Place &place, const Backend::Outcome &outcome, pid_t process) {
-    const std::string call = backend_.take_call();
+    std::string call = backend_.take_call();
     const Result result =
         outcome.kind == Backend::Outcome::Kind::answer ? result_of(outcome.text) : Result{Fault::internal};
-    recorder_.called({place.address, place.user, place.method, call, client_has_gone, outcome.text, outcome.printed,
-                      place.arrived, place.begun},
-                     process);
+    recorder_.called({place.address, place.user, place.method, client_has_gone, outcome.text, outcome.printed,
+                      place.arrived, place.begun, place.is_introspection},
+                     std::move(call), process);
     monitor_.served({place.address, place.user, place.method, "", client_has_gone, result,
                      std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - place.begun)});
 }
@@ -178,6 +178,7 @@ void CallQueue::begin_next() {
         return;
     }
     place.method = next.method;
+    place.is_introspection = next.is_introspection;
     place.address = next.peer->address;
     place.user = next.user;
     place.arrived = next.arrived;

@@ -70,6 +70,7 @@ class CallQueue {
         /// Null if its client went while it was in hand. The texts are for the log then.
         Exchange *exchange = nullptr;
         std::string method, address, user;
+        bool is_introspection = false;
         Clock::time_point arrived;
         /// When it was handed over, and when it began, as far as that is known.
         Clock::time_point handed, begun;

@@ -69,6 +69,8 @@ struct Exchange {
     bool is_call = false;
     /// The method of the call, as far as the document was read.
     std::string method;
+    /// Whether it tells about the interface and calls nothing of the driver, as far as anybody wants to know.
+    bool is_introspection = false;
     Clock::time_point arrived;
     Result result;
     /// The calls in a system.multicall, and what came of them.

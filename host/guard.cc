@@ -143,10 +143,7 @@ std::optional<Fault> check(const CallView &call) {
 
 bool Guard::reads(const CallView &call, bool registers) const {
     const contract::MethodRow *method = contract::find(call.method);
-    if (method == nullptr) {
-        return std::any_of(methods_.begin(), methods_.end(),
-                           [&](const Method &one) { return one.name == call.method && one.is_introspection; });
-    }
+    if (method == nullptr) return is_introspection(call.method);
     switch (method->effect) {
         case contract::Effect::reads: return true;
         case contract::Effect::reads_registers: return registers;
@@ -160,6 +157,17 @@ bool Guard::reads(const CallView &call, bool registers) const {
         case contract::Effect::resets: return false;
     }
     return false;
+}
+
+bool Guard::is_introspection(std::string_view method) const {
+    return contract::find(method) == nullptr && std::any_of(methods_.begin(), methods_.end(), [&](const Method &one) {
+               return one.name == method && one.is_introspection;
+           });
+}
+
+bool Guard::is_introspection(const Verdict &call) const {
+    if (call.method != multicall) return is_introspection(call.method);
+    return std::ranges::all_of(call.inner, [this](const std::string &inner) { return is_introspection(inner); });
 }
 
 bool Guard::reads(std::string_view packed) const {

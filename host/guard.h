@@ -9,6 +9,7 @@
 #include "backend.h"
 #include "call_view.h"
 #include "fault.h"
+#include "prepass.h"
 
 namespace lmq::host {
 
@@ -36,10 +37,14 @@ class Guard {
     /// Whether all calls of a document read only; reading of registers and buses counts as reading.
     bool reads(std::string_view packed) const;
 
+    /// Whether a call, or each call in a system.multicall, tells about the interface and calls nothing of the driver.
+    bool is_introspection(const Verdict &call) const;
+
   private:
     /// Whether a call reads only.
     /// @param registers Whether reading of registers and buses counts as reading.
     bool reads(const CallView &call, bool registers) const;
+    bool is_introspection(std::string_view method) const;
 
     const std::vector<Method> &methods_;
     bool lengths_;

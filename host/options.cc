@@ -279,6 +279,8 @@ void complete(Options &options) {
     options.server.spin = options.worker.spin;
     options.recorder.driver = options.driver;
     options.recorder.plugin = options.plugin;
+    // A driver that dies there takes them along.
+    if (options.in_process) options.recorder.last_calls = 0;
     const std::size_t descriptors = raise_descriptor_limit();
     const std::size_t most = descriptors > 2 * own_descriptors ? descriptors - own_descriptors : descriptors / 2;
     options.server.connections = static_cast<unsigned>(std::min<std::size_t>(options.server.connections, most));

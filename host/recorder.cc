@@ -94,7 +94,7 @@ void Recorder::reopen() {
     number_ = std::max(number_, writer_->next_number());
 }
 
-trace::RecordView Recorder::record_of(const Call &call) {
+trace::RecordView Recorder::record_of(const Call &call, std::string_view document) {
     const auto now = Clock::now();
     trace::RecordView record;
     record.number = number_++;
@@ -105,19 +105,19 @@ trace::RecordView Recorder::record_of(const Call &call) {
     record.client = call.client;
     record.user = call.user;
     record.method = call.method;
-    record.call = call.call;
+    record.call = document;
     record.answer = call.answer;
     record.printed = call.printed;
     return record;
 }
 
 /// Keeps a record in memory, for the trace and perhaps among the last ones.
-void Recorder::keep(const trace::RecordView &record, bool among_last) try {
+void Recorder::keep(const trace::RecordView &record, Among among) try {
     flush();
     if (spare_.size() > most_spare) std::string().swap(spare_);
     const std::size_t size = trace::size_of(record);
-    char *room = among_last ? last_.make_room(size) : nullptr;
-    newest_is_spare_ = room == nullptr && among_last && !options_.post_mortem.empty();
+    char *room = among == Among::last ? last_.make_room(size) : nullptr;
+    newest_is_spare_ = room == nullptr && among != Among::none && !options_.post_mortem.empty();
     if (room == nullptr) {
         if (writer_ == nullptr && !newest_is_spare_) return;
         spare_.resize(size);
@@ -147,6 +147,7 @@ void Recorder::flush() {
 void Recorder::started(pid_t process) {
     process_ = process;
     last_.clear();
+    lines_.clear();
     start_ = {};
     start_.kind = trace::Kind::started;
     start_.number = number_++;
@@ -154,18 +155,21 @@ void Recorder::started(pid_t process) {
     start_.pid = static_cast<std::uint64_t>(process);
     start_.driver = options_.driver;
     start_.plugin = options_.plugin;
-    keep(trace::RecordView(start_), false);
+    keep(trace::RecordView(start_), Among::none);
 }
 
-void Recorder::called(const Call &call, pid_t process) {
-    if (writer_ == nullptr && options_.post_mortem.empty()) return;
+void Recorder::called(const Call &call, std::string document, pid_t process) {
+    if (writer_ == nullptr && !keeps_last()) return;
     flush();
     if (process != process_) started(process);
-    keep(record_of(call), true);
+    if (writer_ != nullptr || !options_.post_mortem.empty()) {
+        keep(record_of(call, document), call.is_introspection ? Among::newest : Among::last);
+    }
+    if (options_.last_calls > 0 && !call.is_introspection) lines_.add(call.method, std::move(document));
 }
 
-void Recorder::refused(const Call &call) {
-    if (writer_ != nullptr) keep(record_of(call), false);
+void Recorder::refused(const Call &call, std::string_view document) {
+    if (writer_ != nullptr) keep(record_of(call, document), Among::none);
 }
 
 void Recorder::died(const Backend::Death &death) {
@@ -181,13 +185,22 @@ void Recorder::died(const Backend::Death &death) {
     record.method = death.method;
     record.printed = death.printed;
     // A process that has carried out nothing leaves nothing to be looked into, and may be one of a long row.
-    if (!options_.post_mortem.empty() && death.process == process_) write_post_mortem(record);
-    keep(record, false);
+    if (death.process == process_ && (options_.post_mortem.empty() || !write_post_mortem(record))) tell_last();
+    keep(record, Among::none);
     flush();
     last_.clear();
+    lines_.clear();
 }
 
-void Recorder::write_post_mortem(const trace::RecordView &death) {
+/// Says what is known of the last calls where no file has them.
+void Recorder::tell_last() const {
+    if (lines_.is_empty()) return;
+    const char *advice = options_.post_mortem.empty() ? "; --post-mortem keeps more of them" : "";
+    std::fprintf(stderr, "lmq-host: the last calls to it: %s%s\n", lines_.text().c_str(), advice);
+}
+
+/// @return Whether there is a file now.
+bool Recorder::write_post_mortem(const trace::RecordView &death) {
     const fs::path path = fs::path(options_.post_mortem) / file_name(process_);
     try {
         trace::Writer file(path, head(), trace::Writer::Mode::create);
@@ -207,11 +220,13 @@ void Recorder::write_post_mortem(const trace::RecordView &death) {
         file.write(death);
         std::fprintf(stderr, "lmq-host: the last calls to it are in %s\n", path.c_str());
     } catch (const std::exception &error) {
-        std::fprintf(stderr, "lmq-host: the last calls to it are lost: %s\n", error.what());
+        std::fprintf(stderr, "lmq-host: the last calls to it are in no file: %s\n", error.what());
         std::error_code ignored;
         fs::remove(path, ignored);
+        return false;
     }
     thin_out(options_.post_mortem);
+    return true;
 }
 
 }  // namespace lmq::host

@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "backend.h"
+#include "call_lines.h"
 #include "exchange.h"
 #include "recent_calls.h"
 #include "trace/writer.h"
@@ -30,14 +31,15 @@ class Recorder {
         std::string driver, plugin;
     };
 
-    /// A call and what came of it.
+    /// What came of a call.
     struct Call {
         std::string_view client, user, method;
-        /// As it was handed to the backend.
-        std::string_view call;
         unsigned status;
         std::string_view answer, printed;
         Clock::time_point arrived, begun;
+        /// Whether it calls nothing of the driver. It is none of the last calls then: there may be megabytes of them,
+        /// and they do nothing to a driver.
+        bool is_introspection = false;
     };
 
     /// @throws trace::Error if the trace cannot be written.
@@ -47,14 +49,19 @@ class Recorder {
     Recorder(const Recorder &) = delete;
     Recorder &operator=(const Recorder &) = delete;
 
+    /// Whether the last calls are kept, in full or as lines.
+    bool keeps_last() const { return options_.last_calls > 0 || !options_.post_mortem.empty(); }
+
     /// Keeps a call that the backend has carried out.
-    /// @param process What it was carried out in.
-    void called(const Call &call, pid_t process);
+    /// @param document As it was handed to the backend.
+    /// @param process  What it was carried out in.
+    void called(const Call &call, std::string document, pid_t process);
 
     /// Keeps a call that was answered without the backend.
-    void refused(const Call &call);
+    void refused(const Call &call, std::string_view document);
 
-    /// Keeps that the driver's process has died, after the call that it had in hand: the last calls go to a file.
+    /// Keeps that the driver's process has died, after the call that it had in hand: the last calls go to a file, or as
+    /// lines to standard error.
     void died(const Backend::Death &death);
 
     /// Whether flush() has something to do.
@@ -69,15 +76,20 @@ class Recorder {
     void reopen();
 
   private:
+    /// What a record is of the last calls: one of them, one that counts only while it is the newest, or nothing.
+    enum class Among { last, newest, none };
+
     trace::Record head() const;
-    trace::RecordView record_of(const Call &call);
-    void keep(const trace::RecordView &record, bool among_last);
+    trace::RecordView record_of(const Call &call, std::string_view document);
+    void keep(const trace::RecordView &record, Among among);
     void started(pid_t process);
-    void write_post_mortem(const trace::RecordView &death);
+    bool write_post_mortem(const trace::RecordView &death);
+    void tell_last() const;
 
     Options options_;
     std::unique_ptr<trace::Writer> writer_;
     RecentCalls last_;
+    CallLines lines_;
     /// The process that the last calls are of, and the record of its start.
     pid_t process_ = 0;
     trace::Record start_;
@@ -86,7 +98,7 @@ class Recorder {
     char *unwritten_ = nullptr;
     std::size_t unwritten_size_ = 0;
     std::string spare_;
-    /// Whether the newest of the last calls is there, since it is longer than all of last_.
+    /// Whether the newest of the last calls is there, since it is longer than all of last_, or is introspection.
     bool newest_is_spare_ = false;
 };
 

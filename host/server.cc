@@ -181,14 +181,16 @@ void Server::judge_document(Exchange &exchange) {
     if (!verdict.fault && lease_.is_held() && !guard_.reads(verdict.read)) {
         exchange.reply = lease_.judge(exchange.lease_token);
     }
+    exchange.is_introspection = recorder_.keeps_last() && guard_.is_introspection(verdict);
     exchange.method = std::move(verdict.method);
     exchange.inner = std::move(verdict.inner);
     if (exchange.reply) return exchange.body.clear();
     if (verdict.fault) {
         exchange.result = {verdict.fault->code};
         exchange.reply = xml(MHD_HTTP_OK, document(*verdict.fault));
-        recorder_.refused({exchange.peer->address, exchange.user, exchange.method, exchange.body.text(), MHD_HTTP_OK,
-                           exchange.reply->body, "", exchange.arrived, exchange.arrived});
+        recorder_.refused({exchange.peer->address, exchange.user, exchange.method, MHD_HTTP_OK, exchange.reply->body,
+                           "", exchange.arrived, exchange.arrived},
+                          exchange.body.text());
         exchange.body.clear();
     } else if (!verdict.packed.empty()) {
         exchange.body.replace(std::string(verdict.packed));

@@ -108,7 +108,10 @@ void Writer::begin() {
 /// Goes on in a new file.
 void Writer::lay_aside() {
     cut_off_room();
-    if (std::rename(path_.c_str(), (path_ + ".1").c_str()) != 0) fail("lay aside");
+    const std::string aside = path_ + ".1";
+    // What is renamed over another file, ext4 writes to the disk at once, which whoever renames it waits for.
+    unlink(aside.c_str());
+    if (std::rename(path_.c_str(), aside.c_str()) != 0) fail("lay aside");
     const int next = open_file(Mode::create);
     close(std::exchange(file_, next));
     begin();

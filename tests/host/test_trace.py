@@ -13,7 +13,7 @@ import unittest
 import xmlrpc.client
 
 import trace_file
-from harness import BACKTRACE, HOST, XML, call, eventually, multicall, refused, serve
+from harness import BACKTRACE, HOST, LAST_CALLS, XML, call, eventually, multicall, refused, serve
 from trace_file import CALL, DIED, STARTED
 
 PRINTS_BACKTRACES = "LMQ_HOST_TEST_NO_BACKTRACE" not in os.environ
@@ -90,8 +90,9 @@ class Trace(WithFolder):
 
             with concurrent.futures.ThreadPoolExecutor(4) as pool:
                 clients = [pool.submit(client, n * 1_000_000) for n in range(4)]
-                self.assertTrue(eventually(lambda: self.file.stat().st_size > 0 and
-                                           host.sample('lmq_http_responses_total{status="200"}') > 500))
+                # Before the first answer there is no such line.
+                answers = re.compile(rb'^lmq_http_responses_total{status="200"} (?!([0-4]?\d{1,2})$)', re.M)
+                self.assertTrue(eventually(lambda: answers.search(host.get("/metrics")[1])))
                 host.process.kill()
                 answered = {number for each in clients for number in each.result()}
         kept = {trace_file.first_number(record) for record in trace_file.calls(self.file)}
@@ -219,6 +220,45 @@ class PostMortem(WithFolder):
         self.assertGreater(len(kept), 20)
         self.assertLess(self.files()[0].stat().st_size, 30_000)
         self.assertEqual(trace_file.calls(self.files()[1])[-1]["status"], 502)
+
+    def test_introspection_pushes_no_call_out(self):
+        asked = ("system.listMethods", "system.capabilities")
+        with self.serve("--last-calls", "8000", errors=self.died("ended with status 3 in test.end")) as host:
+            for number in range(5):
+                host.proxy().test.echo(number)
+            for _ in range(50):
+                host.post(call(asked[0]))
+                host.post(multicall(*asked))
+            host.post(multicall(asked[0], "test.none"))  # not that alone
+            host.post(call("test.end", -3))
+        methods = [record["method"].decode() for record in trace_file.calls(self.files()[0])]
+        self.assertEqual(methods[0], "test.echo")
+        self.assertNotIn(asked[0], methods)
+        self.assertIn("system.multicall", methods)
+        self.assertEqual(methods[-1], "test.end")
+
+    def test_without_a_folder_a_line_tells_the_last_calls(self):
+        secret = "dragonfly"
+        with serve(errors="lmq-host: the worker ended with status 3 in test.end\n") as host:
+            proxy = host.proxy()
+            for number in range(20):
+                proxy.test.echo(number)
+            proxy.test.echo(7, True, [secret], {"key": secret}, secret)
+            proxy.test.echo(8)
+            proxy.test.echo(8)
+            proxy.system.listMethods()
+            host.post(call("test.echo", xmlrpc.client.Binary(b"")))
+            host.post(multicall("test.echo"))
+            host.post(call("test.end", -3))
+            self.assertTrue(eventually(lambda: LAST_CALLS in host.printed()))
+            printed = host.printed()
+        self.assertIn(LAST_CALLS + "test.echo(18), test.echo(19), test.echo(7, true, [...], {...}, '...'), "
+                      "test.echo(8) (2 times), test.echo(...), system.multicall(...), test.end(-3); --post-mortem keeps more of them\n",
+                      printed)
+        self.assertNotIn(secret, printed)
+        with serve("--last-calls", "0", errors=r"lmq-host: the worker ended with status 3 in test.end\n") as host:
+            host.post(call("test.end", -3))
+            self.assertNotIn(LAST_CALLS, host.printed())
 
     def test_the_oldest_files_make_room(self):
         for number in range(40):
