@@ -50,6 +50,7 @@ class Rules(SimTest):
         status = self.ok("lmq_get_fe_cl_entry_status", 0, UPSTREAM, {})
         listed = [(entry["entry_id"], entry["key_cnt"], entry["valid_key_bitmap"]) for entry in status["entry_status"]]
         self.assertEqual((status["valid_cnt"], listed[:3]), (2, [(3, 1, 1), (47, 2, 3), (0, 0, 0)]))
+        self.assertEqual({entry["entry_hit_cnt"] for entry in status["entry_status"]}, {0})
         self.assertEqual(self.ok("lmq_get_fe_cl_entry_status", 0, DOWNSTREAM, {})["valid_cnt"], 0)
         self.refused("FE_INVALID_FE_ID", "lmq_get_fe_cl_entry_status", 0, 3, {})
         self.ok("lmq_dump_cls_key_list", 0, ETH0)
