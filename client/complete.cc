@@ -296,13 +296,11 @@ void add_families(Candidates &candidates, const Dictionary &dictionary) {
 
 // The argument that the next word of a command is.
 const CLI::Option *argument(const CLI::App &command, std::size_t place) {
-    const CLI::Option *last = nullptr;
     for (const CLI::Option *option : command.get_options()) {
         if (!option->get_positional()) continue;
         if (option->get_items_expected_max() > 1 || place-- == 0) return option;
-        last = nullptr;
     }
-    return last;
+    return nullptr;
 }
 
 std::vector<Completion> completed(Context &context, const std::vector<std::string> &words) {

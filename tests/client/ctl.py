@@ -20,9 +20,10 @@ class CtlTest(unittest.TestCase):
         folder = tempfile.TemporaryDirectory()
         cls.addClassCleanup(folder.cleanup)
         cls.folder = pathlib.Path(folder.name)
-        # Nothing of the caller's that lmqctl, the host or the simulated chip go by.
+        # Nothing of the caller's that lmqctl, the host or the simulated chip go by, but for what the builds that seek
+        # faults are told.
         cls.environment = {name: value for name, value in os.environ.items()
-                           if name in ("PATH", "TMPDIR") or name.endswith("SAN_OPTIONS")}
+                           if name in ("PATH", "TMPDIR") or name.endswith("SAN_OPTIONS") or name.startswith("MUTANT")}
         cls.environment.update(HOME=folder.name, XDG_CACHE_HOME=folder.name, LANG="C.UTF-8")
         cls.url = cls.start_host("--listen", "127.0.0.1:0")
         cls.environment["LMQ_URL"] = cls.url

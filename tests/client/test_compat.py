@@ -29,6 +29,8 @@ BREAKING = {
         lambda new: member(new, "vx_watchdog_cfg_t", "wd_timer").update(type="vx_uint16"),
     "struct vx_watchdog_cfg_t: member wd_timer: type vx_uint32 (unsigned int) -> vx_uint64 (unsigned long long)":
         lambda new: member(new, "vx_watchdog_cfg_t", "wd_timer").update(type="vx_uint64"),
+    "struct vx_watchdog_cfg_t: member wd_timer: type vx_uint32 (unsigned int) -> int":
+        lambda new: member(new, "vx_watchdog_cfg_t", "wd_timer").update(type="int"),
     'struct vx_watchdog_cfg_t: member wd_timer: unit s -> ms':
         lambda new: member(new, "vx_watchdog_cfg_t", "wd_timer").update(unit="ms"),
     "struct lmq_brg_cfg_info_s: member brg_port_info: count 2 -> 1":
@@ -58,6 +60,8 @@ COMPATIBLE = {
         lambda new: argument(new, "vx_flow_us_map", "sni_port_num").update(range=[0, 5]),
     "method vx_flow_us_map: argument sni_port_num: range [[0,1]] -> (none)":
         lambda new: argument(new, "vx_flow_us_map", "sni_port_num").pop("range"),
+    "struct vx_watchdog_cfg_t: member wd_enable: type vx_boolean (unsigned char) -> int":
+        lambda new: member(new, "vx_watchdog_cfg_t", "wd_enable").update(type="int"),
     "struct lmq_brg_cfg_info_s: member brg_port_info: count 2 -> 4":
         lambda new: member(new, "lmq_brg_cfg_info_s", "brg_port_info").update(count=4),
     "method vx_reset: effect resets -> changes": lambda new: new["methods"]["vx_reset"].update(effect="changes"),

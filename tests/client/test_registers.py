@@ -134,6 +134,10 @@ class Doctor(CtlTest):
         filtered = self.start_host("--listen", "127.0.0.1:0", "--deny", "system.listMethods")
         status, found = self.examined("--url", filtered)
         self.assertEqual((status, found["login"][0]), (FAULT, "wrong"))
+        bare = self.start_host("--listen", "127.0.0.1:0", "--interface", "/dev/null")
+        _, printed, errors = self.run_ctl("--json", "--url", bare, "doctor")
+        self.assertIn("description of its interface cannot be used", errors)
+        self.assertIn(["interface", "note"], [[each["what"], each["verdict"]] for each in json.loads(printed)])
 
 
 if __name__ == "__main__":

@@ -50,6 +50,7 @@ class Rules(SimTest):
         status = self.ok("lmq_get_fe_cl_entry_status", 0, UPSTREAM, {})
         listed = [(entry["entry_id"], entry["key_cnt"], entry["valid_key_bitmap"]) for entry in status["entry_status"]]
         self.assertEqual((status["valid_cnt"], listed[:3]), (2, [(3, 1, 1), (47, 2, 3), (0, 0, 0)]))
+        self.assertEqual({entry["entry_hit_cnt"] for entry in status["entry_status"]}, {0})
         self.assertEqual(self.ok("lmq_get_fe_cl_entry_status", 0, DOWNSTREAM, {})["valid_cnt"], 0)
         self.refused("FE_INVALID_FE_ID", "lmq_get_fe_cl_entry_status", 0, 3, {})
         self.ok("lmq_dump_cls_key_list", 0, ETH0)
@@ -69,6 +70,21 @@ class Rules(SimTest):
 
         self.ok("vx_cls_init", 0)
         self.assertEqual(self.ok("vx_cls_domain_get", 0, ETH0, 0, {}), domain(0, 0, bytes(20)))
+
+    def test_every_type_has_its_keys(self):
+        """A key that compares something is found wherever a rule of its type may have it."""
+        self.ok("vx_cls_domain_set", 0, ETH0, 0, domain(0, 16))
+        for key_type, member, count in (
+                (0, "ipv4_long_key", 0), (1, "ipv4_short_key", 4), (2, "ipv6_long_key", 0), (3, "ipv6_short_key", 0),
+                (4, "mirror_key", 8), (5, "mac_vlan_key", 4), (6, "mac_etype_key", 4), (7, "ctrl_pkt_key", 4),
+                (8, "vlan_key", 8), (9, "vlan_range_key", 8), (10, "proto_key", 4), (11, "mcast_key", 2),
+                (12, "mac_vlan_key", 4), (13, "mac_etype_key", 4), (14, "vlan_key", 8), (16, "ext_vlan_key", 4),
+                (17, "gem_mcast_key", 2), (18, "gem_ctrl_pkt_key", 4), (19, "ipv4_mcast_key", 3)):
+            used = {"valid": {"mask": 1}}
+            keys = [{}] * (count - 1) + [used] if count else used
+            self.ok("vx_cls_rule_set", 0, ETH0, 0, 2, {"key_type": key_type, "entryvalid": 1, "cls_key": {member: keys}})
+            entry = self.ok("lmq_get_fe_cl_entry_status", 0, UPSTREAM, {})["entry_status"][0]
+            self.assertEqual((entry["key_cnt"], entry["valid_key_bitmap"]), (1, 1 << max(count - 1, 0)), (key_type, member))
 
     def test_records(self):
         self.ok("vx_cls_domain_set", 0, SNI, 3, domain(8, 2))

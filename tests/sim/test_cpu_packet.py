@@ -93,6 +93,12 @@ class CpuPackets(SimTest):
                                        (60, dict(to, port_num=CPU), "PORT_TYPE_MISMATCH"),
                                        (48, dict(to, is_gpon_omci=1), "PORT_TYPE_MISMATCH")):
             self.refused(status, "vx_cpu_packet_tx", 0, length, frame, config)
+        # An Ethernet port counts what it sends by whom it is for.
+        for first, counter in (([0xFF] * 6, "tx_bc_pkt"), ([1, 0, 0x5E, 0, 0, 1], "tx_mc_pkt"), ([2, 1, 1, 1, 1, 1], "tx_uc_pkt")):
+            self.ok("vx_cpu_packet_tx", 0, 60, first + frame[6:], {"port_type": ETH, "port_num": ETH0})
+            stats = self.call("vx_eth_port_stats_get", 0, ETH0, {}, 1)[1][2]
+            self.assertEqual([name for name in ("tx_bc_pkt", "tx_mc_pkt", "tx_uc_pkt") if stats[name]], [counter])
+
         self.ok("vx_cpu_packet_tx", 0, 8, frame, {"port_type": GPON, "is_gpon_omci": 1})
         self.assertEqual(self.proxy.__getattr__("lmq.lmq_pkt_free_fnc")([]), [1, None])
 

@@ -65,11 +65,25 @@ class Flow(Base):
                                       ("FE_INVALID_VLAN_ID", "i_vlan_act", {"vid": 4096}),
                                       ("GLBL_RANGE_CHECK_FAIL", "dscp_act", {"dscp_val": 64}),
                                       ("GLBL_RANGE_CHECK_FAIL", "cos_act", {"cos_act": 5}),
+                                      ("GLBL_RANGE_CHECK_FAIL", "egrs_vlan_chk_sel", 3),
                                       ("TM_INVALID_QUEUE_ID", "queue_id", 32)):
             bad = {member: value}
             self.ok("vx_flow_us_modify", 0, flow, {}, bad)
             self.refused(status, "vx_flow_us_modify", 0, flow, {}, {**bad, "valid": {"mask_s": {member: 1}}})
         self.assertEqual(self.action(flow), kept)
+
+    def test_each_flag_takes_its_members_alone(self):
+        vlan, dot1p = {"vlan_tag_act": PUSH, "vid": 9, "pbit": 3}, {"pbit_act": 1, "pbit": 5}
+        given = {"o_vlan_act": vlan, "i_vlan_act": vlan, "o_dot1p_act": dot1p, "i_dot1p_act": dot1p,
+                 "cos_act": {"cos_act": 1, "cos_val": 2}, "dscp_act": {"dscp_act": 1, "dscp_val": 3}, "queue_id": 4,
+                 "dsbl_mac_learn": 1, "lrn_limit_act": 1, "egrs_vlan_chk_sel": 2,
+                 "enbl_pkt_mirror": 1, "mirror_port": ETH1, "mirror_mode": 1}
+        together = {"dsbl_mac_learn": ["lrn_limit_act"], "enbl_pkt_mirror": ["mirror_port", "mirror_mode"]}
+        untouched = self.action(self.add("us", ETH0, 1))
+        for number, flag in enumerate(name for name in given if name not in sum(together.values(), [])):
+            kept = self.action(self.add("us", ETH0, number + 2, {**given, "valid": {"mask_s": {flag: 1}}}))
+            taken = [name for name in given if kept[name] != untouched[name]]
+            self.assertEqual(taken, [flag, *together.get(flag, [])])
 
     def test_mapping_overrides_a_fixed_queue(self):
         for gem, queue in (20, 3), (21, 5):

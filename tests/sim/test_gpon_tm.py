@@ -84,6 +84,8 @@ class GponTm(SimTest):
         limit = {"enbl_us_rate_limit": 1, "us_gem_td_id": 100, "enbl_ds_rate_limit": 0, "ds_gem_td_id": 7}
         self.ok("vx_gpon_onu_gem_rate_limit_set", 0, 0, 200, limit)
         self.assertEqual(self.echo("vx_gpon_onu_gem_rate_limit_get", 0, 0, 200, {})[3], limit)
+        self.ok("vx_gpon_onu_gem_rate_limit_set", 0, 0, 200, {**limit, "enbl_us_rate_limit": 2})
+        self.assertEqual(self.echo("vx_gpon_onu_gem_rate_limit_get", 0, 0, 200, {})[3], limit)
         self.refused("GLBL_ENTRY_NOT_FOUND", "vx_gpon_onu_gem_rate_limit_set", 0, 0, 200,
                      {**limit, "enbl_ds_rate_limit": 1})
         self.refused("DEV_BUSY", td + "delete", 0, 100)

@@ -109,6 +109,8 @@ class Multicast(SimTest):
         self.refused("GLBL_ENTRY_NOT_FOUND", "vx_mcast_acl_delete", 0, ETH0, entry)
         self.assertEqual(self.listed("vx_mcast_acl_get", 2), [])
         join(None, {"addr_type": 1, "mc_ip_addr": v4("239.0.0.10")})
+        join("GLBL_INVALID_PARAMS", {"addr_type": 1, "mc_ip_addr": v4("10.0.0.10")})
+        join("GLBL_INVALID_PARAMS", {"addr_type": 0, "mc_mac_addr": [2, 1, 0x5E, 0, 0, 1]})
         self.ok("lmq_dbg_print_mc_db", 0)
         self.assertEqual(self.printed().count("join "), 3)
         self.ok("lmq_disable_port_igmp_snooping", 0, ETH0)
