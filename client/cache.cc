@@ -2,15 +2,21 @@
 #include "cache.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <cerrno>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <system_error>
+#include <thread>
+#include <utility>
+#include <vector>
 
 #include "dictionary.h"
 
@@ -68,19 +74,64 @@ std::optional<std::string> load_cached_interface(const std::string &of_interface
     return {};
 }
 
+std::map<std::string, std::string> load_cached_by_tag() {
+    constexpr std::size_t most_kept = 8;  // versions that a lab has at a time
+    std::vector<std::pair<fs::file_time_type, fs::path>> files;
+    std::error_code ignored;
+    if (const fs::path where = cache_folder(); !where.empty())
+        for (const auto &entry : fs::directory_iterator(where, ignored))
+            if (entry.path().extension() == ".dict") files.emplace_back(entry.last_write_time(ignored), entry.path());
+    std::sort(files.begin(), files.end(), std::greater<>());
+    files.resize(std::min(files.size(), most_kept));
+    const std::string begin = "\n" + Dictionary::line(Dictionary::contract, "tag", "");
+    std::map<std::string, std::string> found;
+    for (const auto &file : files) {
+        std::optional<std::string> text = content(file.second);
+        const std::size_t at = text ? text->find(begin.data(), 0, begin.size() - 1) : std::string::npos;
+        if (at == std::string::npos) continue;
+        const std::size_t from = at + begin.size() - 1;
+        const Json tag = Json::parse(text->substr(from, text->find('\n', from) - from), nullptr, false);
+        if (tag.is_string()) found.emplace(tag, std::move(*text));
+    }
+    return found;
+}
+
+FetchTurn::FetchTurn(const Connection &connection) {
+    constexpr std::chrono::milliseconds longest(5000), pause(10);
+    const fs::path where = cache_folder();
+    if (where.empty()) return;
+    std::error_code ignored;
+    fs::create_directories(where, ignored);
+    file_ = open((where / "fetching").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NOFOLLOW, S_IRUSR | S_IWUSR);
+    const Clock::time_point until = std::min(connection.until, Clock::now() + longest);
+    while (file_ >= 0 && flock(file_, LOCK_EX | LOCK_NB) != 0) {
+        if (errno != EWOULDBLOCK || Clock::now() >= until || (connection.stop && *connection.stop)) break;
+        has_waited_ = true;
+        std::this_thread::sleep_for(pause);
+    }
+}
+
+FetchTurn::~FetchTurn() {
+    if (file_ >= 0) close(file_);
+}
+
 std::string store_cached(const std::string &url, const std::string &text) {
     const fs::path where = cache_folder();
     if (where.empty()) return "neither XDG_CACHE_HOME nor HOME is set";
     std::error_code failure;
     fs::create_directories(where, failure);
     const std::string name = fingerprint(text) + ".dict", mine = "." + std::to_string(getpid());
-    // Written beside and moved into place, so that another lmqctl sees either the old or the new.
-    std::ofstream(where / (name + mine), std::ios::binary) << text << std::flush;
-    if (fs::file_size(where / (name + mine), failure) != text.size() || failure) {
-        fs::remove(where / (name + mine), failure);
-        return where.string() + " cannot be written";
+    if (content(where / name) == text) {
+        fs::last_write_time(where / name, fs::file_time_type::clock::now(), failure);
+    } else {
+        // Written beside and moved into place, so that another lmqctl sees either the old or the new.
+        std::ofstream(where / (name + mine), std::ios::binary) << text << std::flush;
+        if (fs::file_size(where / (name + mine), failure) != text.size() || failure) {
+            fs::remove(where / (name + mine), failure);
+            return where.string() + " cannot be written";
+        }
+        fs::rename(where / (name + mine), where / name, failure);
     }
-    fs::rename(where / (name + mine), where / name, failure);
     const fs::path link = where / ("url-" + fingerprint(url));
     fs::remove(link.string() + mine, failure);
     fs::create_symlink(name, link.string() + mine, failure);

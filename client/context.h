@@ -44,6 +44,10 @@ struct Context {
   private:
     template <class Check>
     const Dictionary &checked(Check is_current);
+    template <class Check>
+    void fetch(Check is_current);
+    template <class Check>
+    bool take_known(Check is_current);
     bool renew_contract();  ///< whether it has changed
     void keep_dictionary() const;
     std::unique_ptr<Session> session_;

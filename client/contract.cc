@@ -111,6 +111,15 @@ void check_sources(const Json &json, const std::string &place) {
     check_source(json, place);
 }
 
+// Numbers of arguments, by methods.
+void check_numbers_by_name(const Json &json, const std::string &place) {
+    if (!json.is_object()) wrong(place, "is no object");
+    for (const auto &[method, arguments] : json.items()) {
+        if (!arguments.is_object()) wrong(place, "is no object of objects");
+        for (const Json &number : arguments) check_number(number, place);
+    }
+}
+
 void check_condition(const Json &json, const std::string &place) {
     if (!json.is_array() || json.size() != 3 || !json[0].is_string() || (json[1] != "=" && json[1] != "!="))
         wrong(place, "is no condition");
@@ -174,7 +183,11 @@ const Key struct_keys[] = {{"brief", check_text, true}, {"kind", check_name}, {"
 const Key enum_keys[] = {{"brief", check_text, true}, {"values", check_values, true}};
 const Key value_keys[] = {{"brief", check_text}};
 const Key typedef_keys[] = {{"brief", check_text}};
-const Key id_keys[] = {{"brief", check_text}, {"range", check_range}, {"lists", check_names}};
+const Key id_keys[] = {{"brief", check_text},
+                       {"range", check_range},
+                       {"lists", check_names},
+                       {"with", check_numbers_by_name},
+                       {"each", check_name}};
 
 template <std::size_t count>
 void check_object(const Json &json, const Key (&keys)[count], const std::string &place) {

@@ -116,9 +116,9 @@ const Enumerator *Enum::numbered(int64_t number) const {
     const Enumerator *found = nullptr;
     for (const Enumerator &value : values) {
         if (value.number != number) continue;
-        // A base and its first follower have one number; the follower says more.
+        // A base or a least number and the first follower have one number; the follower says more.
         if (!found) found = &value;
-        if (!value.name.ends_with("_BASE")) return &value;
+        if (!value.name.ends_with("_BASE") && !value.name.ends_with("_MIN")) return &value;
     }
     return found;
 }

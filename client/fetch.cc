@@ -76,8 +76,9 @@ std::vector<std::string> taken_udts(const Dictionary &dictionary, const Method &
 
 }  // namespace
 
-std::string fetch_dictionary(Session &session) {
-    const Json names = session.call("system.listMethods");
+std::string fetch_dictionary(Session &session) { return fetch_dictionary(session, session.call("system.listMethods")); }
+
+std::string fetch_dictionary(Session &session, const Json &names) {
     const std::string prefix = prefix_of(names, session.url());
     const std::vector<Json> lists = session.multicall(
         {{prefix + "listUDTs"}, {prefix + "listEnums"}, {prefix + "listDefines"}, {prefix + "listTypedefs"}});

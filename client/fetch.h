@@ -10,7 +10,8 @@
 
 namespace lmqctl {
 
-/// The text of the whole dictionary, in some fifteen requests.
+/// The text of the whole dictionary, in some fifteen requests. `names` is what system.listMethods answers.
+std::string fetch_dictionary(Session &session, const Json &names);
 std::string fetch_dictionary(Session &session);
 
 /// What the host says of its contract, if it is not what the dictionary has: the dictionary's text with it, or without

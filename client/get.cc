@@ -16,6 +16,9 @@ namespace lmqctl {
 
 namespace {
 
+// An enum of events at each port of a chip.
+constexpr std::size_t most_calls_of_a_list = 8192;
+
 struct GetOptions : SurveyOptions {
     std::string kind, columns;
     bool full = false;
@@ -42,8 +45,12 @@ using Thing = std::vector<std::pair<std::string, Cell>>;
 // Puts the things together out of what the lists answered.
 class Things {
   public:
-    Things(Context &context, const std::string &kind, bool has_several_lists)
-        : context_(context), kind_(kind), has_several_(has_several_lists), output_(context.output()) {}
+    Things(Context &context, const std::string &kind, const Json &said)
+        : context_(context),
+          kind_(kind),
+          enum_(said.value("each", "")),
+          has_several_(said["lists"].size() > 1),
+          output_(context.output()) {}
 
     void add(const Reading &reading) {
         Thing inputs;
@@ -51,10 +58,12 @@ class Things {
         for (std::size_t i = 0; i < method.parameters.size() && i + 1 < reading.answer.size(); ++i) {
             const Parameter &parameter = method.parameters[i];
             const bool is_room = list_of_capacity(method, parameter) != nullptr;
-            if (!parameter.is_pointer() && !is_room && parameter.said.meaning.id != "device")
+            const bool clears = method.contract && parameter.name == method.contract->clears_if;
+            if (!parameter.is_pointer() && !is_room && !clears && parameter.said.meaning.id != "device")
                 inputs.push_back(column(parameter.name, *context_.types().parameter(parameter), reading.answer[i + 1]));
-            if (parameter.said.meaning.id == kind_ && !parameter.is_pointer()) ids_.insert(parameter.name);
+            if (is_of_kind(parameter) && !parameter.is_pointer()) ids_.insert(parameter.name);
         }
+        for (const auto &[name, cell] : inputs) inputs_.insert(name);
         bool has_list = false;
         for (const Parameter &parameter : method.parameters)
             has_list = has_list || !parameter.said.length.filled.empty();
@@ -64,6 +73,36 @@ class Things {
             if (!parameter.is_pointer() || parameter.said.length.filled.empty() == has_list) continue;
             add_values(inputs, parameter, filled(method, i, reading.answer), has_list);
         }
+    }
+
+    /// What is told of each enumerator comes together, in their order.
+    void sort(std::vector<Reading> &readings) const {
+        if (enum_.empty()) return;
+        const auto number = [&](const Reading &reading) {
+            const std::vector<Parameter> &all = reading.method.parameters;
+            const auto found = std::find_if(all.begin(), all.end(),
+                                            [&](const Parameter &parameter) { return parameter.type == enum_; });
+            const std::size_t at = static_cast<std::size_t>(found - all.begin());
+            return at < all.size() ? reading.call.parameters[at].get<int64_t>() : 0;
+        };
+        std::stable_sort(readings.begin(), readings.end(),
+                         [&](const Reading &one, const Reading &other) { return number(one) < number(other); });
+    }
+
+    /// Of what each enumerator stands for: those that differ in nothing but their other inputs are one.
+    void join() {
+        if (enum_.empty()) return;
+        std::vector<Thing> joined;
+        for (auto begin = things_.begin(); begin != things_.end();) {
+            const auto end =
+                std::find_if(begin, things_.end(), [&](const Thing &thing) { return !is_same(thing, *begin, true); });
+            if (std::all_of(begin, end, [&](const Thing &thing) { return is_same(thing, *begin, false); }))
+                joined.push_back(one_of(begin, end));
+            else
+                joined.insert(joined.end(), begin, end);
+            begin = end;
+        }
+        things_ = std::move(joined);
     }
 
     Table table(bool full) const {
@@ -91,6 +130,30 @@ class Things {
     }
 
   private:
+    using Places = std::vector<Thing>::const_iterator;
+
+    bool is_of_kind(const Parameter &parameter) const {
+        return parameter.said.meaning.id == kind_ || (!enum_.empty() && parameter.type == enum_);
+    }
+
+    // In what they are, or in all that was not asked for.
+    bool is_same(const Thing &one, const Thing &another, bool in_ids) const {
+        const auto counts = [&](const std::string &name) {
+            return in_ids ? ids_.contains(name) : !inputs_.contains(name);
+        };
+        return std::all_of(columns_.begin(), columns_.end(), [&](const std::string &name) {
+            return !counts(name) || cell(one, name).text == cell(another, name).text;
+        });
+    }
+
+    static Thing one_of(Places begin, Places end) {
+        Thing one = *begin;
+        for (auto &[name, held] : one)
+            if (std::any_of(begin, end, [&](const Thing &other) { return cell(other, name).text != held.text; }))
+                held = {"all", "all"};
+        return one;
+    }
+
     std::pair<std::string, Cell> column(const std::string &name, const Type &type, const Json &value) {
         return {name, {output_.in_a_cell(type, value), plain(type, value, &context_.dictionary())}};
     }
@@ -124,7 +187,11 @@ class Things {
             for (const Member &member : type.members) {
                 if (!value.contains(member.name) || is_valid_mask(type, member)) continue;
                 if (member.type->meaning.id == kind_) ids_.insert(member.name);
-                more.push_back(column(member.name, *member.type, value[member.name]));
+                const Json &inside = value[member.name];
+                const Member *chosen = member.type->is_union ? alternative(*member.type, thing) : nullptr;
+                more.push_back(chosen && inside.contains(chosen->name)
+                                   ? column(member.name, *chosen->type, inside[chosen->name])
+                                   : column(member.name, *member.type, inside));
             }
         } else {
             more.push_back(column(parameter.name, type, value));
@@ -134,6 +201,24 @@ class Things {
             if (std::none_of(thing.begin(), thing.end(), [&](const auto &other) { return other.first == each.first; }))
                 thing.push_back(std::move(each));
         note(thing);
+    }
+
+    // In a union without a selector, what goes with the enumerator; else what goes with all that have none of their
+    // own.
+    const Member *alternative(const Type &type, const Thing &thing) const {
+        const Json members =
+            context_.dictionary().said(Dictionary::said_of_structs, type.name).value("members", Json());
+        const Member *general = nullptr;
+        for (const Json &member : members) {
+            const Member *here = type.member(member["name"]);
+            if (!here || !member.contains("if")) {
+                general = general ? general : here;
+                continue;
+            }
+            for (const auto &[name, cell] : thing)
+                if (ids_.contains(name) && std::count(member["if"].begin(), member["if"].end(), cell.text)) return here;
+        }
+        return enum_.empty() ? nullptr : general;
     }
 
     void note(const Thing &thing) {
@@ -156,12 +241,12 @@ class Things {
     }
 
     Context &context_;
-    const std::string kind_;
+    const std::string kind_, enum_;
     const bool has_several_;
     const Output output_;
     std::vector<Thing> things_;
     std::vector<std::string> columns_;
-    std::set<std::string> ids_;
+    std::set<std::string> ids_, inputs_;
     std::map<std::string, std::size_t> places_;  // of things that several calls are about
 };
 
@@ -187,8 +272,11 @@ void get(Context &context, GetOptions options) {
         throw UsageError("get: nothing lists " + options.kind + did_you_mean(options.kind, names) +
                          "\nlmqctl get lists the kinds.");
     options.only = kind->second["lists"].get<std::vector<std::string>>();
-    Things things(context, kind->first, options.only.size() > 1);
-    const std::vector<Reading> readings = read_all(context, options);
+    options.fixed = kind->second.value("with", options.fixed);
+    options.most_calls = most_calls_of_a_list;
+    Things things(context, kind->first, kind->second);
+    std::vector<Reading> readings = read_all(context, options);
+    things.sort(readings);
     Json failed;
     bool has_any = false;
     for (const Reading &reading : readings) {
@@ -206,6 +294,7 @@ void get(Context &context, GetOptions options) {
         context.exit_status = exit_driver;
         return;
     }
+    things.join();
     show(context, options.columns.empty() ? things.table(options.full) : things.table(split(options.columns, ',')));
 }
 

@@ -41,9 +41,9 @@ Json comparable(Context &context, const Type &type, const Json &value) {
 
 namespace {
 
-constexpr int64_t most_values = 64;       // of a range or an enum that is asked for as a whole; numbers that are tried
-constexpr std::size_t most_calls = 1024;  // of one method
-constexpr std::size_t most_things = 256;  // of one kind
+constexpr int64_t most_values = 64;            // of a range that is asked for as a whole; numbers that are tried
+constexpr std::size_t most_enumerators = 256;  // of an enum that is asked for as a whole
+constexpr std::size_t most_things = 256;       // of one kind
 constexpr int most_rounds = 5;
 constexpr std::size_t few_elements = 2;        // of a list, to begin with: most are short, and their elements are large
 constexpr std::size_t heaviest_request = 256;  // elements of arrays, beside the first call
@@ -228,7 +228,7 @@ class Survey {
         if (const auto range = range_of(meaning)) return {in_range(meaning, *range)};
         if (!meaning.id.empty()) return things(meaning.id);
         const Enum *values = meaning.is_bits ? nullptr : dictionary_.enumeration(meaning.enumeration);
-        if (!values || values->values.size() > static_cast<std::size_t>(most_values)) return {};
+        if (!values || values->values.size() > most_enumerators) return {};
         std::set<int64_t> numbers;
         for (const Enumerator &value : values->values) numbers.insert(value.number);
         return {Numbers(numbers.begin(), numbers.end())};
@@ -279,7 +279,7 @@ class Survey {
             const Values values = values_of(method, parameter);
             is_tried = is_tried || values.is_tried;
             is_register = is_register || takes_register(method, parameter);
-            const bool is_much = values.numbers && values.numbers->size() * all.size() > most_calls;
+            const bool is_much = values.numbers && values.numbers->size() * all.size() > options_.most_calls;
             if (is_much && &parameter == last && all.size() > 1 && !is_register)
                 return add_by_first(method, all, parameter.name, *values.numbers, to);
             if (!values.numbers || is_much)
@@ -301,7 +301,7 @@ class Survey {
     // Of what would be too much, the first of each range: where there is one, the others follow in the next round.
     void add_by_first(const Method &method, const std::vector<std::vector<std::string>> &all, const std::string &last,
                       const Numbers &numbers, std::vector<Call> &to) {
-        std::size_t room = most_calls;
+        std::size_t room = options_.most_calls;
         for (const std::vector<std::string> &words : all) {
             const std::string first = add_call(method, with(words, last, numbers[0]), true, to);
             if (!succeeded_.contains(first) || room < numbers.size()) continue;

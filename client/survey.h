@@ -17,6 +17,7 @@ struct SurveyOptions {
     std::string registers;                                             ///< addresses "0x1000-0x103c"; none if empty
     std::vector<std::string> only = {};                                ///< these methods, whatever the pattern says
     std::map<std::string, std::map<std::string, int64_t>> fixed = {};  ///< arguments by method that are always these
+    std::size_t most_calls = 1024;                                     ///< of one method
 };
 
 /// A value as people compare it: enumerators by name, addresses as such, of alternatives the one that is meant.

@@ -82,7 +82,7 @@ class Reader:
         self.interface["ids"] = {
             kind: {key: value for key, value in said.items() if key != "where"} for kind, said in self.kinds.items()}
         for kind, said in self.kinds.items():
-            if "range" not in said and kind not in self.given_out:
+            if "range" not in said and "each" not in said and kind not in self.given_out:
                 self.problems.add(said["where"], f"the kind '{kind}' has no range, and no call answers such an id")
             self.check_lists(kind, said)
         for name, texts in self.ways.items():
@@ -191,7 +191,10 @@ class Reader:
             self.given_out.add(said["id"])
 
     def kinds_of_ids(self, name):
-        """The kinds of ids that "@page ids" of a header lists: - `kind`: [RANGE.] Sentence. [Listed by FUNCTION, ....]"""
+        """The kinds of ids that "@page ids" of a header lists:
+
+            - `kind`: [RANGE.] Sentence. [Listed by FUNCTION[(ARGUMENT=CONSTANT, ...)], ... [for each ENUM].]
+        """
         for line, text in self.comments[name].before.items():
             if not text.startswith("@page ids"):
                 continue
@@ -204,27 +207,43 @@ class Reader:
                     low, high = (self.constant(each, where) for each in match.groups())
                     kinds[kind]["range"] = [low, high]
                     said = said[match.end():]
-                said, *listed = re.split(r"\s+Listed by\s+(?=[\w,\s]+\.\s*$)", said)
+                said, *listed = re.split(r"\s+Listed by\s+(?=[\w,\s()=]+\.\s*$)", said)
                 if listed:
-                    kinds[kind]["lists"] = re.findall(r"\w+", listed[0])
+                    kinds[kind] |= self.lists_of(listed[0], where)
                 kinds[kind]["brief"] = self.sentence(said, where, f"the kind {kind}")
             return kinds
         return {}
 
+    def lists_of(self, text, where):
+        """What is said behind "Listed by"."""
+        functions, each = re.fullmatch(r"(.*?)(?:\s+for\s+each\s+(\w+))?\.\s*", text, re.DOTALL).groups()
+        said = {"lists": []}
+        for name, inside in re.findall(r"(\w+)(?:\(([^()]*)\))?", functions):
+            said["lists"].append(name)
+            for argument, value in re.findall(r"(\w+)=(\w+)", inside):
+                said.setdefault("with", {}).setdefault(name, {})[argument] = self.constant(value, where)
+        return said | ({"each": each} if each else {})
+
     def check_lists(self, kind, said):
-        """Each method that lists a kind only reads, and takes or answers such ids."""
+        """Each method that lists a kind only reads, and takes or answers such ids, or those enumerators."""
         structs = self.interface["structs"]
+        each = said.get("each")
+        if each is not None and each not in self.interface["enums"]:
+            self.problems.add(said["where"], f"the kind '{kind}' is listed for each {each}, which is no enum")
 
         def holds(entry):
             inside = structs.get(entry["type"], {}).get("members", []) + entry.get("members", [])
-            return entry.get("id") == kind or any(holds(each) for each in inside)
+            return each == entry["type"] or entry.get("id") == kind or any(holds(one) for one in inside)
 
         for name in said.get("lists", []):
             method = self.interface["methods"].get(name)
             if method is None:
                 self.problems.add(said["where"], f"the kind '{kind}' is listed by {name}, which is no function")
-            elif method["effect"] != "reads" or not any(holds(each) for each in method["arguments"]):
+            elif not (method["effect"] == "reads" or "clears_if" in method) or \
+                    not any(holds(one) for one in method["arguments"]):
                 self.problems.add(said["where"], f"the kind '{kind}' is listed by {name}, which does not read any")
+            elif unknown := said.get("with", {}).get(name, {}).keys() - {one["name"] for one in method["arguments"]}:
+                self.problems.add(said["where"], f"the kind '{kind}' is listed by {name}, which has no {min(unknown)}")
 
     # Declarations.
 

@@ -282,9 +282,11 @@ class Reference:
         return text
 
     def methods_with(self, kind, directions):
-        """The methods with an argument of a kind of id, in one of these directions."""
+        """The methods with an argument of a kind of id, or of the enum that stands for it, in one of these directions."""
+        enum = self.interface["ids"][kind].get("each")
         return [name for name, said in self.interface["methods"].items()
-                if any(each.get("id") == kind and each["direction"] in directions for each in said["arguments"])]
+                if any((each.get("id") == kind or each["type"] == enum) and each["direction"] in directions
+                       for each in said["arguments"])]
 
     def structs_with(self, kind):
         return [name for name, said in self.interface["structs"].items()

@@ -20,6 +20,8 @@
  * - `classifier-entry`: 0..(LMQ_FE_CL_MAX_ENTRY - 1). An entry of a port's classifier.
  * - `device`: 0..(LMQ_NUM_DEVICES - 1). A device that the driver drives.
  * - `eth-port`: VX_PORT_ETH0..(VX_PORT_ETH0 + LMQ_PORT_ETH_NUM - 1). An Ethernet port, a UNI.
+ * - `event`: An event that the chip can raise, on each of its ports. Listed by vx_event_count_get(sub_port=0),
+ *   vx_event_status_poll(sub_port=0), vx_event_holdover_get(sub_port=0) for each vx_event_type_e.
  * - `fdb-entry`: An entry of the forwarding database.
  * - `flow`: A flow, upstream or downstream. Listed by vx_flow_us_all_get, vx_flow_ds_all_get.
  * - `gem-port`: 0..4095. A GEM port, as the OLT numbers it (ITU-T G.984.3). Listed by vx_gpon_onu_active_gem_port_get.
@@ -34,6 +36,7 @@
  * - `tcont`: 0..(VX_GPON_MAX_TCONTS - 1). A T-CONT of the PON port. Listed by vx_gpon_onu_active_tcont_get.
  * - `traffic-descriptor`: A GEM traffic descriptor. Listed by vx_gpon_onu_gem_traffic_desc_get.
  * - `trap`: 0..0xFFFFFFFF. A trap of packets for the CPU, by the handle that its registration gave. No call registers.
+ *   Listed by lmq_get_cpu_pkt_trap_stats for each vx_l2_spcl_pkt_type_t.
  * - `us-queue`: 0..31. An upstream priority queue of the PON port. Listed by vx_gpon_onu_tcont_queue_map_get.
  * - `vlan`: 0..4095. A VLAN identifier (IEEE 802.1Q, 12 bits). Listed by vx_mcast_vlan_get.
  */

@@ -2,6 +2,7 @@
 
 import json
 import os
+import pathlib
 import socket
 import subprocess
 import unittest
@@ -159,6 +160,31 @@ class Many(BoardsTest):
         self.refused(USAGE, "watch is for one board", "--on", "lab", "watch", "vx_watchdog_get 0")
         self.refused(USAGE, "standard input", "--on", "lab", "batch", "-")
         self.refused(USAGE, "no board or group", "--on", "", *GET)
+
+    def test_each_has_its_interface(self):
+        """Whoever learns an interface first learns it for all that have the same, and for nobody else."""
+        interface = json.loads(pathlib.Path(os.environ["LMQ_INTERFACE"]).read_text())
+        interface["methods"]["vx_watchdog_get"]["brief"] = "Reads the other watchdog."
+        other, broken = self.folder / "other.json", self.folder / "broken.json"
+        other.write_text(json.dumps(interface))
+        broken.write_text("{}")
+        urls = {"same": self.url, "idle": self.idle, "dead": dead_url()}
+        for file in (other, broken):
+            urls[file.stem] = self.start_host("--listen", "127.0.0.1:0", "--interface", str(file))
+        self.boards("".join(f'[boards.{name}-{number}]\nurl = "{url}"\n' for number in range(4) for name, url in urls.items()))
+        cache = self.folder / "empty"
+        for what in ("cold", "warm"):
+            status, printed, _ = self.run_ctl("--json", "--on", "all", "describe", "vx_watchdog_get", XDG_CACHE_HOME=str(cache))
+            self.assertEqual(status, CONNECTION)
+            lines = [json.loads(line) for line in printed.splitlines()]
+            self.assertEqual(len(lines), 4 * len(urls))
+            for line in lines:
+                with self.subTest(what, board=line["board"]):
+                    name = line["board"].split("-")[0]
+                    said = {"other": "Reads the other watchdog.", "dead": "cannot connect",
+                            "broken": "cannot be used"}.get(name, "Reads the watchdog.")
+                    self.assertIn(said, json.dumps(line))
+        self.assertEqual(len(list((cache / "lmqctl").glob("*.dict"))), 3)
 
     def test_fifty(self):
         names = [f"b{number:02}" for number in range(50)]

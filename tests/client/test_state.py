@@ -95,10 +95,31 @@ class State(CtlTest):
         ports = json.loads(self.ok("--json", "get", "ports", "--full"))
         self.assertEqual([port["port_id"] for port in ports if port["port_id"] in (3, 4)], [3, 4])
         self.assertTrue({"link_status", "tx_enable"} <= set(ports[-1]))
+        self.list_events_and_traps()
         self.refused(USAGE, "nothing lists bridgs; did you mean bridges?", "get", "bridgs")
         self.refused(USAGE, "no column brgid; did you mean brg_id?", "get", "bridges", "--columns", "brgid")
         self.assertEqual(self.ok("call", "lmq_get_bridge_config_all", "0", "--columns", "brg_id,brg_cfg.vlan_id"),
                          "BRG_ID  BRG_CFG.VLAN_ID\n200     100\n")
+
+    def list_events_and_traps(self):
+        """A row for an enumerator, or one for each port where these differ; the data as the event has it."""
+        columns = ("--columns", "event_type,port_num,status,event_data,p_count")
+        for port, event in ((4, "ETH_LINK_STATUS_CHNG"), (0, "GPON_ALM_LOS"), (0, "DYING_GASP")):
+            self.ok("call", "lmq_dbg_generate_event", "0", f"VX_EVENT_{event}", str(port), "0")
+        events = [row for row in self.columns("get", "events", *columns)]
+        told = {event: [row[1:] for row in events if row[0] == f"VX_EVENT_{event}"]
+                for event in ("ETH_LINK_STATUS_CHNG", "GPON_ALM_LOS", "DYING_GASP", "WD_EXPIRED", "ETH_RX_PKT_DROP")}
+        self.assertEqual(told["DYING_GASP"], [["all", "1", "0", "1"]])
+        self.assertEqual(told["WD_EXPIRED"], [["all", "0", "0", "0"]])
+        self.assertEqual(told["ETH_RX_PKT_DROP"], [["all", "0", "0", "0"]])
+        self.assertEqual(told["GPON_ALM_LOS"], [["0", "1", "status=1", "1"]])
+        self.assertEqual([row[0] for row in told["ETH_LINK_STATUS_CHNG"]], ["3", "4"])
+        self.assertNotIn("VX_EVENT_ETH_MAX", [row[0] for row in events])
+        traps = [row[0] for row in self.columns("get", "traps")]
+        self.assertIn("VX_L2_SPCL_PKT_TYPE_ARP", traps)
+        self.ok("call", "lmq_deregister_cpu_pkt_trap", "0", "9")  # that of ARP on the simulated chip
+        self.assertEqual([row[0] for row in self.columns("get", "traps")],
+                         [row for row in traps if row != "VX_L2_SPCL_PKT_TYPE_ARP"])
 
     def test_settings(self):
         """A file leads back, one member at a time; what it cannot say, or a chip does not take, is named."""

@@ -167,6 +167,19 @@ class Reading(unittest.TestCase):
         self.assertEqual(reader.interface["enums"]["status_e"]["values"]["BAD"], {"value": 7, "brief": "Bad."})
         self.assertEqual(reader.interface["ids"]["queue"], {"range": [0, 7], "brief": "A queue.", "lists": ["queue_get"]})
 
+    def test_lists_of_what_enumerators_stand_for(self):
+        text = GOOD.replace("A flow.\n * - `queue`", "A flow.\n * - `key`: A key. Listed by keys_get(room=MOST) for each\n *   key_e.\n"
+                            " * - `queue`").replace("vx_uint8 queue, vx_uint16 room", "key_e queue, vx_uint16 room").replace(
+            "/** @brief A key. */", "/** @brief A kind. */\ntypedef enum {\n    KEY = 0 /**< One. */\n} key_e;\n/** @brief A key. */", 1)
+        reader = read(text.replace("{id queue} The", "The"))
+        self.assertEqual(reader.problems, [])
+        self.assertEqual(reader.interface["ids"]["key"],
+                         {"lists": ["keys_get"], "with": {"keys_get": {"room": 16}}, "each": "key_e", "brief": "A key."})
+        for old, new, said in (("each\n *   key_e", "each key", "for each key, which is no enum"),
+                               ("room=MOST", "rooms=1", "keys_get, which has no rooms"),
+                               ("reads and clears if clear", "reads and clears", "which does not read any")):
+            self.assertIn(said, str(read(text.replace(old, new)).problems))
+
     def test_the_fingerprint_is_of_the_wire(self):
         first = read(GOOD).interface["fingerprint"]
         self.assertEqual(read(GOOD.replace("A level.", "How high it is.")).interface["fingerprint"], first)
