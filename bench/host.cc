@@ -195,7 +195,8 @@ std::vector<HostCall> make_host_calls(const std::vector<Case> &cases) {
         {"refused argument",
          call("lmq.vx_rate_global_policer_set", "(i{s:i})", DEFAULT_DEVICE_ID, "tail_drp_sel", VX_POL_GLOBAL + 1), 500,
          39'940, ""},
-        {"refused port", call("lmq.vx_mcast_vlan_add", "(iii)", DEFAULT_DEVICE_ID, LMQ_INVALID_ID8, 1), 500, 31'900, ""},
+        {"refused port", call("lmq.vx_mcast_vlan_add", "(iii)", DEFAULT_DEVICE_ID, LMQ_INVALID_ID8, 1), 500, 31'900,
+         ""},
         {"57 kB echo", document("lmq_init_system"), 20, 6'025'000, "lmq_init_system"},
         {"16 flow records", document("vx_flow_us_all_get"), 6, 19'910'000, "vx_flow_us_all_get"},
     };

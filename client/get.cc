@@ -148,9 +148,12 @@ class Things {
 
     static Thing one_of(Places begin, Places end) {
         Thing one = *begin;
-        for (auto &[name, held] : one)
-            if (std::any_of(begin, end, [&](const Thing &other) { return cell(other, name).text != held.text; }))
-                held = {"all", "all"};
+        for (auto &column : one) {
+            const auto differs = [&](const Thing &other) {
+                return cell(other, column.first).text != column.second.text;
+            };
+            if (std::any_of(begin, end, differs)) column.second = {"all", "all"};
+        }
         return one;
     }
 

@@ -1,8 +1,8 @@
-// A reader of the XML that clients write when they call, and hosts when they answer: elements without attributes, ASCII,
-// and the five entities that XML knows by itself. It takes a tenth of what expat takes, and gives up at whatever it does
-// not know to be well-formed: comments, processing instructions, CDATA, attributes, blanks within tags, references by
-// number, other alphabets. Expat then has to judge, so that nothing is refused here, and nothing accepted that expat
-// would not.
+// A reader of the XML that clients write when they call, and hosts when they answer: elements without attributes,
+// ASCII, and the five entities that XML knows by itself. It takes a tenth of what expat takes, and gives up at whatever
+// it does not know to be well-formed: comments, processing instructions, CDATA, attributes, blanks within tags,
+// references by number, other alphabets. Expat then has to judge, so that nothing is refused here, and nothing accepted
+// that expat would not.
 #pragma once
 
 #include <algorithm>

@@ -2,6 +2,7 @@
 
 import json
 import os
+import re
 import socket
 import subprocess
 import threading
@@ -50,6 +51,18 @@ class Between:
             each.close()
 
 
+def whole_request(connection):
+    """Reads a request to its end: a server that closes with some of it unread resets the connection, and the client may
+    lose the answer."""
+    request = b""
+    while data := connection.recv(65536):
+        request += data
+        head, ended, body = request.partition(b"\r\n\r\n")
+        length = re.search(rb"(?i)\r\nContent-Length: *(\d+)", head)
+        if ended and len(body) >= (int(length[1]) if length else 0):
+            return
+
+
 class Connection(CtlTest):
     def serve(self, *pieces, closes=True):
         """A server that reads a request on each connection and answers with these pieces. Returns its URL."""
@@ -63,8 +76,8 @@ class Connection(CtlTest):
                     connection = server.accept()[0]
                 except OSError:
                     return
-                connection.recv(65536)
                 try:
+                    whole_request(connection)
                     for piece in pieces[0]() if pieces and callable(pieces[0]) else pieces:
                         connection.sendall(piece)
                 except OSError:
