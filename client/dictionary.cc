@@ -184,10 +184,17 @@ std::string_view Dictionary::json(Kind kind, const std::string &name) const {
 }
 
 std::optional<Method> Dictionary::method(const std::string &name) const {
-    const std::string_view *entry = find(methods, bare_name(name));
+    const std::string bare = bare_name(name);
+    const auto known = parsed_methods_.find(bare);
+    if (known != parsed_methods_.end()) return known->second;
+    const std::string_view *entry = find(methods, bare);
     if (!entry) return {};
-    const Json json = Json::parse(*entry);
-    Method method{bare_name(name), "", "", {}, json["help"], json["letters"]};
+    return parsed_methods_.emplace(bare, parsed(bare, *entry)).first->second;
+}
+
+Method Dictionary::parsed(const std::string &name, std::string_view entry) const {
+    const Json json = Json::parse(entry);
+    Method method{name, "", "", {}, json["help"], json["letters"]};
     for (const Json &record : json["signature"]) {
         if (method.result.empty()) {
             method.result = record.at("application_type");

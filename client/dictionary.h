@@ -123,6 +123,7 @@ class Dictionary {
     std::optional<int64_t> define_number(const std::string &name) const;
 
   private:
+    Method parsed(const std::string &name, std::string_view entry) const;
     const std::string_view *find(Kind kind, const std::string &name) const;
     std::string text_, prefix_;
     std::vector<std::pair<Kind, std::string_view>> order_;
@@ -131,6 +132,7 @@ class Dictionary {
         entries_;  ///< the same, once there are many searches
     mutable std::size_t searches_ = 0;
     mutable std::map<std::string, Enum> parsed_enums_;
+    mutable std::unordered_map<std::string, Method> parsed_methods_;  ///< commands that look at all do so many times
 };
 
 /// The keys inside a prototype as text: "addr{mac[6],ipv4{s_addr}}". What is declared without a name is known by it.

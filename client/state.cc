@@ -23,7 +23,7 @@ std::string getter_of(const std::string &setter) {
 }
 
 // A range that is wider numbers things of which few are there, such as GEM ports.
-constexpr int64_t most_ids = 64;
+constexpr int64_t most_ids = 128;
 
 // Whether it is known which ids there are: all of a range, or those that lists and makers name.
 bool is_known(const Dictionary &dictionary, const Makers &makers, const Parameter &id) {
@@ -55,18 +55,31 @@ bool reads_what_it_sets(const Dictionary &dictionary, const Makers &makers, Sett
     return setting.ids < set.size();
 }
 
-// A value without the flags that say which of its members count.
-Json without_flags(const Type &type, const Json &value) {
+// The members of a struct that a chip reports, and nobody sets.
+std::set<std::string> reports_of(const Dictionary &dictionary, const Type &type) {
+    std::set<std::string> reports;
+    // Most have none, and are not worth parsing.
+    if (dictionary.json(Dictionary::said_of_structs, type.name).find("\"report\":true") == std::string_view::npos)
+        return reports;
+    const Json said = dictionary.said(Dictionary::said_of_structs, type.name);
+    for (const Json &member : said["members"])
+        if (member.value("report", false)) reports.insert(member["name"]);
+    return reports;
+}
+
+// A value without the flags that say which of its members count, and without what is only reported.
+Json what_is_set(const Dictionary &dictionary, const Type &type, const Json &value) {
     if (!value.is_structured()) return value;
     Json kept = value.is_array() ? Json::array() : Json::object();
+    const std::set<std::string> reports = value.is_object() ? reports_of(dictionary, type) : std::set<std::string>();
     for (const auto &[key, inside] : value.items()) {
         if (value.is_array()) {
-            kept.push_back(without_flags(type.element ? *type.element : type, inside));
+            kept.push_back(what_is_set(dictionary, type.element ? *type.element : type, inside));
             continue;
         }
         const Member *member = type.member(key);
-        if (!member || !is_valid_mask(type, *member))
-            kept[key] = member ? without_flags(*member->type, inside) : inside;
+        if (reports.contains(key) || (member && is_valid_mask(type, *member))) continue;
+        kept[key] = member ? what_is_set(dictionary, *member->type, inside) : inside;
     }
     return kept;
 }
@@ -76,13 +89,16 @@ Json as_set(Context &context, const Parameter &parameter, const Json &value) {
     // One element behind a pointer comes as a list of one, unless it is a struct.
     const bool is_one = parameter.said.length.count == 1 && value.is_array() && value.size() == 1;
     const Json &held = is_one ? value[0] : value;
-    return without_flags(*type, comparable(context, *type, held));
+    return what_is_set(context.dictionary(), *type, comparable(context, *type, held));
 }
 
-std::vector<Json> ids_of(Context &context, const Setting &setting, const Json &parameters, const Names &names) {
+// What a setting is about: ids, with enumerators by name.
+std::vector<Json> ids_of(Context &context, const Setting &setting, const Json &parameters, const Names &names = {}) {
     std::vector<Json> ids;
-    for (std::size_t i = 0; i < setting.ids; ++i)
-        ids.push_back(named(*context.types().parameter(setting.setter.parameters[i]), parameters[i], names));
+    for (std::size_t i = 0; i < setting.ids; ++i) {
+        const TypePtr type = context.types().parameter(setting.setter.parameters[i]);
+        ids.push_back(plain(*type, named(*type, parameters[i], names), &context.dictionary()));
+    }
     return ids;
 }
 
@@ -119,11 +135,11 @@ class StateReader {
             throw UsageError(method.name + " is no setting: nothing reads what it sets");
         const Json sent = parameters(method, words);
         if (setting == settings_.end()) return add_thing(method, sent, name);
-        const auto ids = sent.begin() + static_cast<std::ptrdiff_t>(setting->second.ids);
         Json values = Json::object();
         for (std::size_t i = setting->second.ids; i < sent.size(); ++i)
             values[method.parameters[i].name] = as_set(context_, method.parameters[i], sent[i]);
-        if (!state_.settings.emplace(std::make_pair(method.name, std::vector<Json>(sent.begin(), ids)), values).second)
+        if (!state_.settings.emplace(std::make_pair(method.name, ids_of(context_, setting->second, sent)), values)
+                 .second)
             throw UsageError("it is set a second time");
     }
 

@@ -41,7 +41,8 @@ Json comparable(Context &context, const Type &type, const Json &value) {
 
 namespace {
 
-constexpr int64_t most_values = 64;            // of a range that is asked for as a whole; numbers that are tried
+constexpr int64_t most_in_range = 128;         // that are asked for as a whole
+constexpr int64_t most_tried = 64;             // numbers of things that no list names
 constexpr std::size_t most_enumerators = 256;  // of an enum that is asked for as a whole
 constexpr std::size_t most_things = 256;       // of one kind
 constexpr int most_rounds = 5;
@@ -246,7 +247,7 @@ class Survey {
         const Json kind = meaning.id.empty() ? Json() : dictionary_.said(Dictionary::ids, meaning.id);
         if (!range && kind.is_object() && kind.contains("range")) range = {kind["range"][0], kind["range"][1]};
         // A hostile range may be as wide as all numbers.
-        if (!range || range->first < 0 || range->second - range->first >= most_values) return {};
+        if (!range || range->first < 0 || range->second - range->first >= most_in_range) return {};
         return range;
     }
 
@@ -263,7 +264,7 @@ class Survey {
         const auto found = found_.find(kind);
         std::set<int64_t> numbers = found == found_.end() ? std::set<int64_t>() : found->second;
         const bool is_tried = !listed_.contains(kind);
-        for (int64_t value = 0; is_tried && value < most_values; ++value) numbers.insert(value);
+        for (int64_t value = 0; is_tried && value < most_tried; ++value) numbers.insert(value);
         return {Numbers(numbers.begin(), numbers.end()), is_tried};
     }
 

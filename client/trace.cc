@@ -165,7 +165,8 @@ void set_up_trace(CLI::App &command, Context &context) {
         ->excludes(stats);
     command
         .add_option("--interface", options->interface,
-                    "Names from this dictionary, a file of lmqctl's cache, and not from the cache or the host")
+                    "Names from this interface.json, or a file of lmqctl's cache, and not from the cache or the\n"
+                    "host")
         ->type_name("FILE");
     command.callback([&context, options] { trace(context, *options); });
 }

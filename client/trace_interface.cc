@@ -5,6 +5,7 @@
 #include <exception>
 
 #include "cache.h"
+#include "description.h"
 #include "error.h"
 #include "file.h"
 #include "standard_output.h"
@@ -15,11 +16,13 @@ namespace {
 
 std::unique_ptr<TraceInterface> of_file(const std::string &file) {
     try {
-        return std::make_unique<TraceInterface>(read_text(file));
+        std::string text = read_text(file);
+        if (text.starts_with('{')) text = dictionary_of_description(text);
+        return std::make_unique<TraceInterface>(std::move(text));
     } catch (const Error &) {
         throw;
     } catch (const std::exception &) {
-        throw UsageError("--interface: " + file + " is no dictionary of lmqctl's cache");
+        throw UsageError("--interface: " + file + " is neither an interface.json nor a dictionary of lmqctl's cache");
     }
 }
 

@@ -16,7 +16,8 @@ struct TraceInterface {
 
 /// Looks for an interface: in the file that is named, else in the cache, else at the host.
 /// @param fingerprint As the trace has it.
-/// @param file        A dictionary as the cache holds it; empty for none. One of another interface is taken, and
+/// @param file        An interface.json, or a dictionary as the cache holds it; empty for none. One of another
+/// interface is taken, and
 ///                    standard error told.
 /// @return nullptr if there is none; standard error has been told why. Throws a UsageError for a file that cannot be
 ///         read or is none.

@@ -233,6 +233,7 @@ template <class Direction>
 void map_to_gem(Device &device, Action &action, vx_uint16 gem) {
     const vx_uint16 *queue = device.gpon_tm.us_queue.find(gem);
     if (queue == nullptr) {
+        action.queue_id = 0;
         action.valid.mask_s.queue_id = 0;
     } else if (action.valid.mask_s.queue_id) {
         action.queue_id = static_cast<vx_uint8>(*queue);

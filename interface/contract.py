@@ -26,7 +26,7 @@ EFFECTS = ("reads", "reads registers", "reads and clears", "changes", "resets")
 UNITS = {"ns", "us", "ms", "s", "min", "bits", "bytes", "words", "packets", "frames", "cells", "elements", "entries",
          "bit/s", "kbit/s", "Mbit/s", "packets/s", "Hz", "kHz", "MHz", "ppm", "%", "m", "ppb", "tokens", "bit times"}
 RANGE = r"(\([^()]*\)|[^\s.]+)\.\.(\([^()]*\)|[^\s.]+)"
-TEXTS = ("text", "ipv4", "ipv6", "mac", "bitmap", "counter", "overlaid")
+TEXTS = ("text", "ipv4", "ipv6", "mac", "bitmap", "counter", "overlaid", "report")
 
 
 class Problems(list):

@@ -155,9 +155,9 @@ typedef enum lmq_flw_ctrl_port_map_t LMQ_ENUM_INT {
 /** @brief A port. port_type, phy_mode and phy_type are reported, and no flag selects them. */
 typedef struct {
     vx_admin_status_t admin_status;  /**< Whether the port may have a link. */
-    vx_eth_cap_t port_type;          /**< Whether it is a Gigabit or a Fast Ethernet port. */
-    vx_eth_phy_mode_t phy_mode;      /**< Which side of the interface to the PHY the port is. */
-    vx_eth_phy_type_t phy_type;      /**< Interface to the PHY. */
+    vx_eth_cap_t port_type;          /**< {report} Whether it is a Gigabit or a Fast Ethernet port. */
+    vx_eth_phy_mode_t phy_mode;      /**< {report} Which side of the interface to the PHY the port is. */
+    vx_eth_phy_type_t phy_type;      /**< {report} Interface to the PHY. */
     vx_uint8 tx_ipg;                 /**< Gap between frames sent, in units of the chip; 12 at first. */
     vx_uint8 rx_ipg;                 /**< Least gap between frames received, in units of the chip; 12 at first. */
     vx_boolean tx_enable;            /**< TRUE: the port sends. */

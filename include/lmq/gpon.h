@@ -89,11 +89,11 @@ typedef struct {
     vx_gpon_signal_thres_val_t sf_clear_threshold; /**< Error rate at which signal fail is cleared. */
     vx_gpon_signal_thres_val_t sd_threshold;       /**< Error rate at which signal degrade is raised. */
     vx_gpon_signal_thres_val_t sd_clear_threshold; /**< Error rate at which signal degrade is cleared. */
-    vx_uint8 onu_id;                               /**< Number of the ONU, given by the OLT; 255 for none. */
-    vx_gpon_onu_state_t onu_state;                 /**< State of activation, O1 to O7. */
-    vx_int16 omci_port;  /**< GEM port of the management channel, given by the OLT; -1 for none. */
-    vx_uint16 num_tcont; /**< T-CONTs that are enabled. */
-    vx_uint16 num_gem;   /**< GEM ports that were added. */
+    vx_uint8 onu_id;                               /**< {report} Number of the ONU, given by the OLT; 255 for none. */
+    vx_gpon_onu_state_t onu_state;                 /**< {report} State of activation, O1 to O7. */
+    vx_int16 omci_port;  /**< {report} GEM port of the management channel, given by the OLT; -1 for none. */
+    vx_uint16 num_tcont; /**< {report} T-CONTs that are enabled. */
+    vx_uint16 num_gem;   /**< {report} GEM ports that were added. */
     struct {
         vx_uint32 vendor_id : 1;
         vx_uint32 serial_num : 1;

@@ -106,7 +106,23 @@ class Trace(CtlTest):
         self.assertIn("lmq.vx_watchdog_get 0 {}  [0,", printed)
         kept = str(next((self.folder / "lmqctl").glob("*.dict")))
         self.assertIn("vx_watchdog_get 0  VX_SUCCESS", self.ok("trace", str(self.file), "--interface", kept, XDG_CACHE_HOME=str(self.folder / "empty")))
-        self.refused(USAGE, "is no dictionary", "trace", str(self.file), "--interface", str(ROOT / "README.md"))
+        self.refused(USAGE, "nor a dictionary", "trace", str(self.file), "--interface", str(ROOT / "README.md"))
+
+    def test_a_description_of_the_interface_gives_the_same_names(self):
+        empty = {"XDG_CACHE_HOME": str(self.folder / "empty")}
+        # Not --as c: a description knows types by names that the dictionary of a host has not.
+        for words in ((), ("--full",), ("--json",), ("--stats",), ("--status", "VX_ERR*"), ("--as", "python"),
+                      ("--as", "batch")):
+            with self.subTest(words):
+                known = self.ok("trace", str(self.file), *words)
+                self.assertEqual(self.ok("trace", str(self.file), *words, "--interface", os.environ["LMQ_INTERFACE"], **empty), known)
+        damaged = self.folder / "damaged.json"
+        interface = json.loads(pathlib.Path(os.environ["LMQ_INTERFACE"]).read_text())
+        for damage in ({"methods": {}, "structs": {}}, {"typedefs": {"vx_port_id_t": {"type": "vx_port_id_t"}}}, {"enums": {"vx_status_e": 1}},
+                       {"structs": {"one": {"brief": "", "members": [{"name": "one", "type": "one"}]}}}):
+            damaged.write_text(json.dumps({**interface, **damage} if len(damage) == 1 else damage))
+            with self.subTest(damage):
+                self.refused(USAGE, "is neither", "trace", str(self.file), "--interface", str(damaged), **empty)
 
     def test_a_torn_end_is_told(self):
         torn = self.folder / "torn.trace"

@@ -98,21 +98,17 @@ def check(document, address):
     names = {}  # what one session in Python defines, the next one knows
     runners = {("sh", "text"): shell, ("python", "text"): functools.partial(python, names=names), ("xml", "xml"): post}
     count, blocks = 0, list(FENCE.finditer(text))
-    for block in blocks:
+    for block, answer in zip(blocks, [*blocks[1:], None]):
         if block[1] == "console" and block[2].startswith("$ lmqctl"):
-            count += 1
-            line = text.count("\n", 0, block.start()) + 1
-            complaints += difflib.unified_diff(lines("text", block[2]), lines("text", console(block[2], address)),
-                                               f"{document.name}:{line}", "what came", lineterm="")
-    for block, answer in zip(blocks, blocks[1:]):
-        language, expected = block[1], answer[2]
-        session = runners.get((language, answer[1]))
+            language, answer, session = "text", block, console
+        else:
+            language, session = block[1], runners.get((block[1], answer[1] if answer else ""))
         if session is None:
             continue
         count += 1
         line = text.count("\n", 0, answer.start()) + 1
         got = session(block[2], address)
-        complaints += difflib.unified_diff(lines(language, expected), lines(language, got),
+        complaints += difflib.unified_diff(lines(language, answer[2]), lines(language, got),
                                            f"{document.name}:{line}", "what came", lineterm="")
     return count, complaints
 

@@ -5,6 +5,7 @@ and calls driver functions by their names. No other variable of the caller's tha
 
 With LMQ_CTL, where lmqctl is, each case ends with a round trip: what its calls have set and made goes into a file, from
 there onto a chip that has just been started in the same way, and from that into a second file, which has to be the same.
+A class for which that makes no sense says why in `no_round_trip`.
 """
 
 import os
@@ -35,6 +36,7 @@ class SimTest(unittest.TestCase):
     environment = {}  # variables of the simulator beyond the clock
     system = {}  # keys of the start configuration
     device = {}  # keys of the device's start configuration
+    no_round_trip = ""  # why there is none
 
     def setUp(self):
         self.called = set()
@@ -51,7 +53,7 @@ class SimTest(unittest.TestCase):
         self.proxy = xmlrpc.client.ServerProxy(self.url, allow_none=True)
         self.addCleanup(self.proxy("close"))
         self.start()
-        if "LMQ_CTL" in os.environ:
+        if "LMQ_CTL" in os.environ and not self.no_round_trip:
             self.addCleanup(self.round_trip)
 
     def start_host(self, environment):
@@ -78,7 +80,11 @@ class SimTest(unittest.TestCase):
         chosen = sorted(self.called & CHANGING)
         if not chosen or self.call("vx_watchdog_get", 0, {})[0] != 0:
             return
-        self.assertEqual(self.ctl(self.url, "save", str(saved), *chosen)[0], 0)
+        status, said = self.ctl(self.url, "save", str(saved), *chosen)
+        self.assertEqual(status, 0, said)
+        # What only clears, sends or raises leaves nothing to bring back.
+        if all(line.startswith(("#", "all ")) or not line for line in saved.read_text().splitlines()):
+            return
         host, url = self.start_host({name: value for name, value in os.environ.items() if not name.startswith("LMQ_")})
         try:
             with xmlrpc.client.ServerProxy(url, allow_none=True) as proxy:

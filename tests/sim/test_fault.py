@@ -5,8 +5,8 @@ import unittest
 from harness import SimTest
 
 
-
 class Faults(SimTest):
+    no_round_trip = "the other chip has none of the faults that this one was started with"
     environment = {"LMQ_SIM_FAIL": "lmq_init_system:VX_ERR_DEV_BUSY:1,vx_gpio_read:0x7106,vx_timer_stop:28936:2,"
                                    "lmq_dump_register:VX_ERR_DEV_BUSY:2"}
 
@@ -27,6 +27,7 @@ class Faults(SimTest):
 
 
 class Bad(SimTest):
+    no_round_trip = "a case starts many chips, and sets nothing"
     RULES = {"vx_gpio_raed:1": "expected a driver function, which \"vx_gpio_raed\" is not",
              "printf:1": "expected a driver function, which \"printf\" is not",
              "vx_gpio_read": "expected function:status or function:status:nth",

@@ -89,7 +89,7 @@ class Flow(Base):
         for gem, queue in (20, 3), (21, 5):
             self.ok("vx_gpon_onu_gem_us_queue_map_set", 0, 0, gem, {"pri_q_id": queue})
         flow = self.add("us", ETH0, 1, {"queue_id": 3, "valid": {"mask_s": {"queue_id": 1}}})
-        for gem, queue, fixed in (20, 3, 1), (21, 5, 1), (22, 5, 0):
+        for gem, queue, fixed in (20, 3, 1), (21, 5, 1), (22, 0, 0):
             self.ok("vx_flow_us_map", 0, flow, SNI, gem)
             kept = self.action(flow)
             self.assertEqual((kept["queue_id"], kept["valid"]["mask_s"]["queue_id"]), (queue, fixed))

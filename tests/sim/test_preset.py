@@ -33,6 +33,7 @@ class Example(SimTest):
 
 
 class Bad(SimTest):
+    no_round_trip = "no chip comes up"
     FILES = {
         "[]": "the file is []: expected an object",
         '{"ports":': "expected JSON",
