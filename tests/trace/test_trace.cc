@@ -5,13 +5,16 @@
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <zlib.h>
 
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <string>
 #include <vector>
 
+#include "trace/checksum.h"
 #include "trace/document.h"
 #include "trace/format.h"
 #include "trace/reader.h"
@@ -252,6 +255,20 @@ TEST_F(Traces, AFullDiskIsAnErrorAndLeavesWhatWasWritten) {
     EXPECT_EQ(numbers(file_, &end).size(), written);
     EXPECT_GT(written, 100U);
     EXPECT_EQ(end, Reader::End::whole);
+}
+
+// Long ones go another way than zlib's where the processor can; that depends on the length and on where they begin.
+TEST(Checksums, AreThoseOfGzip) {
+    EXPECT_EQ(checksum("123456789", 9), 0xCBF43926);  // the check value that catalogues of CRCs give
+    std::mt19937 random(1);
+    std::string bytes(70'000, '\0');
+    for (char &byte : bytes) byte = static_cast<char>(random());
+    const auto expect_same = [&](std::size_t begin, std::size_t size) {
+        const auto expected = crc32_z(0, reinterpret_cast<const unsigned char *>(&bytes[begin]), size);
+        EXPECT_EQ(checksum(&bytes[begin], size), expected) << size << " bytes from " << begin;
+    };
+    for (std::size_t size = 0; size < 1'200; ++size) expect_same(size % 17, size);
+    for (const std::size_t size : {4'095U, 4'096U, 65'537U, 69'999U}) expect_same(1, size);
 }
 
 TEST(Documents, APackedCallSaysWhatItsXmlDid) {
