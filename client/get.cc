@@ -1,5 +1,6 @@
 // lmqctl get: what there is of a kind, as a table.
 #include <algorithm>
+#include <cstdio>
 #include <map>
 #include <set>
 
@@ -104,6 +105,8 @@ class Things {
         }
         things_ = std::move(joined);
     }
+
+    bool empty() const { return things_.empty(); }
 
     Table table(bool full) const {
         Table table;
@@ -267,9 +270,12 @@ void get(Context &context, GetOptions options) {
     const auto kinds = kinds_of(context.dictionary());
     std::vector<std::string> names;
     const std::pair<std::string, Json> *kind = nullptr;
+    std::string listed;
     for (const auto &[name, said] : kinds) {
         names.push_back(name);
-        if (options.kind == name || options.kind == said.first) kind = &said;
+        if (options.kind != name && options.kind != said.first) continue;
+        kind = &said;
+        listed = name;
     }
     if (!kind)
         throw UsageError("get: nothing lists " + options.kind + did_you_mean(options.kind, names) +
@@ -295,6 +301,10 @@ void get(Context &context, GetOptions options) {
     if (!has_any && !failed.is_null()) {
         print(failed[1].get<std::string>() + "\n");
         context.exit_status = exit_driver;
+        return;
+    }
+    if (things.empty() && options.columns.empty() && !context.json && !context.hand_over) {
+        std::fprintf(stderr, "There are no %s.\n", listed.c_str());
         return;
     }
     things.join();

@@ -3,7 +3,7 @@
 import json
 import unittest
 
-from ctl import USAGE, CtlTest
+from ctl import OK, USAGE, CtlTest
 
 # A session that sets up a bit of everything, and what shows each of its calls in a difference: the call that reads it,
 # with a member.
@@ -75,6 +75,7 @@ class State(CtlTest):
         self.assertEqual((len(flows), flows[1][flows[0].index("FLOW_ID")]), (2, "1"))
         self.assertIn("mac_vlan{o_vid=100}", " ".join(flows[1]))
         self.assertEqual(self.ok("get", "flows", "--port", "4", "--columns", "flow_id"), "FLOW_ID\n")
+        self.assertEqual(self.run_ctl("get", "flows", "--port", "4"), (OK, "", "There are no flows.\n"))
         self.assertEqual(self.columns("get", "bridges", "--columns", "brg_id,num_brg_ports"),
                          [["BRG_ID", "NUM_BRG_PORTS"], ["200", "1"]])
         self.assertEqual(self.columns("get", "gem-port", "--columns", "gem_port_id,tcont_id,direction")[1:],
