@@ -151,7 +151,7 @@ class Line(unittest.TestCase):
                 self.assertEqual(xmlrpc.client.loads(client.getresponse().read())[0], (["x" * size],))
 
     def test_a_call_whose_client_has_gone_is_not_made_by_the_next(self):
-        log = r"(?s).* test\.touch 499 \S+\n" + died("was ended by SIGKILL", "between two calls") + ".*"
+        log = rf"(?s)(?=.* test\.touch 499 )(?=.*{died('was ended by SIGKILL', 'between two calls')}).*"
         with tempfile.TemporaryDirectory() as folder, serve("--access-log", "-", errors=log) as host:
             file = pathlib.Path(folder, "file")
             worker = host.proxy().test.process()
