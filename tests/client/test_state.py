@@ -3,7 +3,7 @@
 import json
 import unittest
 
-from ctl import USAGE, CtlTest
+from ctl import DRIVER, USAGE, CtlTest
 
 # A session that sets up a bit of everything, and what shows each of its calls in a difference: the call that reads it,
 # with a member.
@@ -113,6 +113,12 @@ class State(CtlTest):
         self.ok("call", "lmq_deregister_cpu_pkt_trap", "0", "9")  # that of ARP on the simulated chip
         self.assertEqual([row[0] for row in self.columns("get", "traps")],
                          [row for row in traps if row != "VX_L2_SPCL_PKT_TYPE_ARP"])
+
+    def test_a_system_that_is_down(self):
+        self.ok("call", "lmq_shutdown_system")
+        self.assertEqual(self.run_ctl("get", "bridges"), (DRIVER, "VX_ERR_GLBL_SYS_UNINTIALIZED (28674 = 0x7002: VX_ERR_GLBL_BASE + 2)\n", ""))
+        self.assertEqual(self.run_ctl("save", "-"), (DRIVER, "no setting can be read: is the system started?\n", ""))
+        self.start_chip()
 
     def test_settings(self):
         """A file leads back, one member at a time; what it cannot say, or a chip does not take, is named."""
