@@ -1,6 +1,7 @@
 """What there is on a chip, and what has changed there."""
 
 import json
+import re
 import unittest
 
 from ctl import DRIVER, USAGE, CtlTest
@@ -119,6 +120,22 @@ class State(CtlTest):
         self.assertEqual(self.run_ctl("get", "bridges"), (DRIVER, "VX_ERR_GLBL_SYS_UNINTIALIZED (28674 = 0x7002: VX_ERR_GLBL_BASE + 2)\n", ""))
         self.assertEqual(self.run_ctl("save", "-"), (DRIVER, "no setting can be read: is the system started?\n", ""))
         self.start_chip()
+
+    def test_part_of_a_chip(self):
+        """What is found by a walk is in the file once; what can be changed is not deleted and made anew."""
+        part = str(self.folder / "some.conf")
+        addresses = [f"02:00:00:00:00:0{number}" for number in (1, 2, 3)]
+        for address in addresses:
+            self.ok("call", "vx_l2_fdb_entry_add", "0", "VX_FDB_ENTRY_OP_TYPE_STATIC", f"p_mac_entry.mac_addr={address}",
+                    "p_mac_entry.mac_addr_valid=1", "p_mac_entry.port_id=3")
+        self.assertEqual(re.findall('"mac_addr":"(.*?)"', self.ok("save", "-", "vx_l2_fdb_entry_add")), addresses)
+        self.ok("call", "vx_rate_policer_create", "0", "cfg.peak_rate=5")
+        self.ok("save", part, "vx_rate_policer_create")
+        self.ok("call", "vx_rate_policer_set", "0", "0", "cfg.peak_rate=6")
+        self.assertEqual(self.ok("apply", "--dry-run", part),
+                         "vx_rate_policer_create(policer_1).cfg.peak_rate: 6 -> 5\n"
+                         "vx_rate_policer_set dev_id=0 flow_pol_id=$policer_1 cfg='{\"peak_rate\":5}'\n"
+                         "1 to set; nothing was sent\n")
 
     def test_settings(self):
         """A file leads back, one member at a time; what it cannot say, or a chip does not take, is named."""
