@@ -7,6 +7,7 @@ import json
 import os
 import pathlib
 import re
+import shutil
 import signal
 import subprocess
 import unittest
@@ -94,6 +95,23 @@ class PlantedFaults(OwnHosts):
         self.assertGreater(len({before(seed) for seed in ("3", "4", "5", "6")}), 1)
 
 
+class Beside(OwnHosts):
+    def test_a_host_beside_is_taken_before_one_of_the_path(self):
+        path = {}
+        for name in "beside", "path":
+            path[name] = self.folder / name
+            path[name].mkdir()
+            (path[name] / "lmq-host").write_text(f"#!/bin/sh\necho {name} >&2\n")
+            (path[name] / "lmq-host").chmod(0o755)
+        program = shutil.copy(os.environ["LMQ_CTL"], path["beside"])
+        for name in "beside", "path":
+            done = subprocess.run([program, "fuzz"], capture_output=True, text=True, timeout=60,
+                                  env=dict(self.environment, PATH=f"{path['path']}:{os.environ['PATH']}"))
+            self.assertEqual(done.returncode, ctl.CONNECTION)
+            self.assertIn(f" ended before it listened: {name}\n", done.stderr)
+            (path["beside"] / "lmq-host").unlink(missing_ok=True)
+
+
 class Shrink(OwnHosts):
     def test_status_and_member(self):
         calls = [("vx_watchdog_set", "0", "p_cfg.wd_enable=1", "p_cfg.wd_timer=9"), ("vx_mac_addr_get", "0"),
@@ -123,6 +141,10 @@ class Shrink(OwnHosts):
         self.refused(ctl.DRIVER, "do not come to died", "shrink", trace, "--until", "died", "--host-command", self.command())
         self.refused(ctl.CONNECTION, "ended before it listened", "shrink", trace, "--until", "died", "--host-command",
                      self.command() + " --no-such-option")
+        with self.host("--trace", f"{self.folder}/empty.trace"):
+            pass
+        self.refused(ctl.USAGE, "holds no call that changes or reads the chip", "shrink", f"{self.folder}/empty.trace",
+                     "--until", "died", "--host-command", self.command())
         (self.folder / "none.trace").write_text("no trace\n")
         self.refused(ctl.USAGE, "none.trace", "shrink", f"{self.folder}/none.trace", "--until", "died")
 

@@ -151,6 +151,7 @@ class Session(CtlTest):
                 (("explain", "VX_WD_ACTION_R"), ["VX_WD_ACTION_REBOOT "]), (("describe", "LMQ_MAX_CO"), ["LMQ_MAX_COS "]),
                 (("call", "vx_watchdog_set", ""), ["dev_id=", "p_cfg."]), ((*call, ""), ["p_cfg."]),
                 (("call", "vx_watchdog_get", ""), ["dev_id="]), (("call", "vx_watchdog_get", "0", "p"), ["p_cfg."]),
+                (("call", "vx_watchdog_get", "0", ""), []),
                 ((*call, "p_cfg.wd_enable=1", "p_cfg.wd_"), ["p_cfg.wd_timer=", "p_cfg.wd_action="]),
                 ((*call, "p_cfg.wd_action=VX_WD_ACTION_W"), ["p_cfg.wd_action=VX_WD_ACTION_WARNING "]),
                 ((*call, "p_cfg.mask_s=wd_enable|wd_"), [f"p_cfg.mask_s=wd_enable|wd_{one} " for one in ("timer", "action")]),

@@ -1,9 +1,10 @@
 """What there is on a chip, and what has changed there."""
 
 import json
+import re
 import unittest
 
-from ctl import OK, USAGE, CtlTest
+from ctl import DRIVER, OK, USAGE, CtlTest
 
 # A session that sets up a bit of everything, and what shows each of its calls in a difference: the call that reads it,
 # with a member.
@@ -94,6 +95,9 @@ class State(CtlTest):
         self.refused(USAGE, "no column brgid; did you mean brg_id?", "get", "bridges", "--columns", "brgid")
         self.assertEqual(self.ok("call", "lmq_get_bridge_config_all", "0", "--columns", "brg_id,brg_cfg.vlan_id"),
                          "BRG_ID  BRG_CFG.VLAN_ID\n200     100\n")
+        self.ok("call", "lmq_add_bridge_port", "0", "4", "200")
+        self.assertRegex(self.ok("call", "lmq_get_bridge_config_all", "0", "1"),
+                         r" brg_port_info\n +\[0\]\n(.*\n){2} +\[1\]\n +brg_port_num +1001\n +uni_port_num +4\n")
 
     def list_events_and_traps(self):
         """A row for an enumerator, or one for each port where these differ; the data as the event has it."""
@@ -114,6 +118,27 @@ class State(CtlTest):
         self.ok("call", "lmq_deregister_cpu_pkt_trap", "0", "9")  # that of ARP on the simulated chip
         self.assertEqual([row[0] for row in self.columns("get", "traps")],
                          [row for row in traps if row != "VX_L2_SPCL_PKT_TYPE_ARP"])
+
+    def test_a_system_that_is_down(self):
+        self.ok("call", "lmq_shutdown_system")
+        self.assertEqual(self.run_ctl("get", "bridges"), (DRIVER, "VX_ERR_GLBL_SYS_UNINTIALIZED (28674 = 0x7002: VX_ERR_GLBL_BASE + 2)\n", ""))
+        self.start_chip()
+
+    def test_part_of_a_chip(self):
+        """What is found by a walk is in the file once; what can be changed is not deleted and made anew."""
+        part = str(self.folder / "some.conf")
+        addresses = [f"02:00:00:00:00:0{number}" for number in (1, 2, 3)]
+        for address in addresses:
+            self.ok("call", "vx_l2_fdb_entry_add", "0", "VX_FDB_ENTRY_OP_TYPE_STATIC", f"p_mac_entry.mac_addr={address}",
+                    "p_mac_entry.mac_addr_valid=1", "p_mac_entry.port_id=3")
+        self.assertEqual(re.findall('"mac_addr":"(.*?)"', self.ok("save", "-", "vx_l2_fdb_entry_add")), addresses)
+        self.ok("call", "vx_rate_policer_create", "0", "cfg.peak_rate=5")
+        self.ok("save", part, "vx_rate_policer_create")
+        self.ok("call", "vx_rate_policer_set", "0", "0", "cfg.peak_rate=6")
+        self.assertEqual(self.ok("apply", "--dry-run", part),
+                         "vx_rate_policer_create(policer_1).cfg.peak_rate: 6 -> 5\n"
+                         "vx_rate_policer_set dev_id=0 flow_pol_id=$policer_1 cfg='{\"peak_rate\":5}'\n"
+                         "1 to set; nothing was sent\n")
 
     def test_settings(self):
         """A file leads back, one member at a time; what it cannot say, or a chip does not take, is named."""

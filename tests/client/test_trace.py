@@ -75,6 +75,7 @@ class Trace(CtlTest):
                 (("*watchdog*",), ["vx_watchdog_set", "vx_watchdog_get"]),
                 (("lmq.vx_reset", "*_register"), ["vx_reset", "lmq_write_register", "lmq_read_register"]),
                 (("--status", "failed"), ["vx_flow_us_get"]), (("--status", "VX_ERR_FE_*"), ["vx_flow_us_get"]),
+                (("--status", "VX_SUCCESS", "lmq_init*"), ["lmq_init_system"]),
                 (("--status", "29952"), ["vx_flow_us_get"]), (("--fault",), ["vx_reset"]), (("--fault=-509",), ["vx_reset"]),
                 (("--fault=-1",), []), (("--client", "10.*"), []), (("--slower-than", "86400000"), []),
                 (("--until", "2001-01-01"), []), (("--since", "2001-01-01T00:00:00Z", "vx_watchdog_get"), ["vx_watchdog_get"]),
@@ -104,6 +105,8 @@ class Trace(CtlTest):
         self.assertEqual(status, OK)
         self.assertIn("numbers have no names", errors)
         self.assertIn("lmq.vx_watchdog_get 0 {}  [0,", printed)
+        call = json.loads(self.run_ctl("--json", "trace", str(self.file), "*watchdog_get", XDG_CACHE_HOME=str(self.folder / "empty"))[1])
+        self.assertEqual((call["result"][0], call["result"][2]["wd_timer"]), (0, 60))
         kept = str(next((self.folder / "lmqctl").glob("*.dict")))
         self.assertIn("vx_watchdog_get 0  VX_SUCCESS", self.ok("trace", str(self.file), "--interface", kept, XDG_CACHE_HOME=str(self.folder / "empty")))
         self.refused(USAGE, "nor a dictionary", "trace", str(self.file), "--interface", str(ROOT / "README.md"))

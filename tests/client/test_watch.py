@@ -75,6 +75,7 @@ class Watch(CtlTest):
     def test_counts(self):
         for words in (["--count", "p_cfg=2", "lmq_get_bridge_config_all 0"], ["lmq_get_bridge_config_all 0 --count p_cfg=2"]):
             header = self.ok("watch", "--samples", "1", *words).splitlines()[0]
+            self.assertIn("p_cfg[0].brg_id", header)
             self.assertIn("p_cfg[1].brg_id", header)
             self.assertNotIn("p_cfg[2]", header)
         self.refused(USAGE, "--count: no call has an argument x", "watch", "--count", "x=2", "vx_watchdog_get 0")

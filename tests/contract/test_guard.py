@@ -87,6 +87,8 @@ class Lengths(Guarded):
         # Structs within arrays within structs.
         ports = [{}] * 200
         self.refusal(lmq.lmq_init_system, {"num_dev": 1, "dev_cfg": [{"eth_port_cfg": ports}]})
+        text = self.refusal(lmq.lmq_init_system, {"num_dev": 1, "dev_cfg": [{}] * 9 + [{"eth_port_cfg": [{}]}]})
+        self.assertIn("member eth_port_cfg holds 1 element; the struct ends after 0.", text)
 
     def test_within_a_multicall(self):
         lmq = self.ready()

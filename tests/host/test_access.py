@@ -365,14 +365,21 @@ class SlowClients(unittest.TestCase):
 
     def test_the_longest_idle_connection_makes_room(self):
         with serve("--max-connections", "10") as host, contextlib.ExitStack() as stack:
+            def stays(client):
+                client.setblocking(False)
+                with self.assertRaises(BlockingIOError):
+                    client.recv(1)
+                client.setblocking(True)
+
             idle = [stack.enter_context(host.socket()) for _ in range(10)]
             time.sleep(0.2)
+            idle[-1].sendall(request(ECHO))
+            self.assertTrue(idle[-1].recv(10_000).startswith(b"HTTP/1.1 200 "))
+            stays(idle[0])  # there are not too many yet
             for _ in range(3):
                 self.assertTrue(eventually(lambda: host.post(ECHO)[0] == 200))
             self.assertEqual(idle[0].recv(1), b"")
-            idle[-1].setblocking(False)
-            with self.assertRaises(BlockingIOError):
-                idle[-1].recv(1)
+            stays(idle[-1])
 
     def test_connections_of_one_address_are_limited(self):
         with serve("--max-per-address", "3") as host, contextlib.ExitStack() as stack:

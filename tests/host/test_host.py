@@ -381,7 +381,7 @@ class Stop(unittest.TestCase):
     def test_a_driver_that_hangs_does_not_hold_up_the_end(self):
         given_up = "lmq-host: the call under way is given up\n"
         with tempfile.TemporaryDirectory() as folder:
-            for options, signals in ((("--stop-time", "1"), 1), (("--stop-time", "3600"), 2)):
+            for options, signals in ((("--stop-time", "0"), 1), (("--stop-time", "3600"), 2)):
                 with serve(*options, errors=given_up) as host, host.connect() as client:
                     client.request("POST", "/RPC2", Gate(folder).call, XML)
                     self.assertTrue(eventually(lambda: b"in a call" in host.get("/healthz")[1]))

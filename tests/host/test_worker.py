@@ -13,7 +13,7 @@ import time
 import unittest
 import xmlrpc.client
 
-from harness import LIBRARY_OPTIONS, XML, Gate, call, eventually, has_answer, refused, run, serve
+from harness import LIBRARY_OPTIONS, XML, Gate, call, eventually, has_answer, refused, request, run, serve
 
 
 def lost(how, method="test.end"):
@@ -89,11 +89,17 @@ class Crash(unittest.TestCase):
             except FileNotFoundError:
                 return True
 
-        with serve(stop=signal.SIGKILL) as host:
-            host.status = -signal.SIGKILL
-            worker = host.proxy().test.process()
-            host.process.kill()
-            self.assertTrue(eventually(lambda: is_gone(worker)), "the worker lives on")
+        # In a call too, when it does not look whether the host is there.
+        with tempfile.TemporaryDirectory() as folder:
+            for calls in False, True:
+                with self.subTest(calls), serve(stop=signal.SIGKILL) as host, host.connect() as client:
+                    host.status = -signal.SIGKILL
+                    worker = host.proxy().test.process()
+                    if calls:
+                        client.request("POST", "/RPC2", Gate(folder).call, XML)
+                        self.assertTrue(eventually(lambda: b"in a call" in host.get("/healthz")[1]))
+                    host.process.kill()
+                    self.assertTrue(eventually(lambda: is_gone(worker)), "the worker lives on")
 
 
 def frame(kind, number, size, text=b""):
@@ -143,6 +149,20 @@ class Line(unittest.TestCase):
                 self.assertTrue(eventually(lambda: b"in a call" in host.get("/healthz")[1]))
                 os.kill(worker, signal.SIGKILL)
                 self.assertEqual(xmlrpc.client.loads(client.getresponse().read())[0], (["x" * size],))
+
+    def test_a_call_whose_client_has_gone_is_not_made_by_the_next(self):
+        log = rf"(?s)(?=.* test\.touch 499 )(?=.*{died('was ended by SIGKILL', 'between two calls')}).*"
+        with tempfile.TemporaryDirectory() as folder, serve("--access-log", "-", errors=log) as host:
+            file = pathlib.Path(folder, "file")
+            worker = host.proxy().test.process()
+            os.kill(worker, signal.SIGSTOP)
+            with host.socket() as client:
+                client.sendall(request(call("test.touch", str(file))))
+                self.assertTrue(eventually(lambda: b"in a call" in host.get("/healthz")[1]))
+            self.assertTrue(eventually(lambda: host.sample("lmq_connections") == 2))  # the proxy, and this question
+            os.kill(worker, signal.SIGKILL)
+            self.assertEqual(host.post(call("test.echo", 1))[0], 200)
+            self.assertFalse(file.exists())
 
     def test_the_driver_has_signals_as_a_program_expects_them(self):
         with serve() as host:
@@ -274,12 +294,32 @@ class Ahead(unittest.TestCase):
                         texts.append((f"out {text}err {text}" * 3, host.get(path)[1].decode()))
             return texts
 
-        with serve(errors="(?s).*") as host:
-            host.expected_output = "(?s).*"
+        # Nothing but what was printed: no worker has ended.
+        lines = rf"({Output.STAMP} test\.print: WHICH .*\n)*"
+        with serve(errors=lines.replace("WHICH", "err")) as host:
+            host.expected_output = lines.replace("WHICH", "out")
             with concurrent.futures.ThreadPoolExecutor(8) as pool:
                 for texts in pool.map(lambda number: client(host, number), range(8)):
                     for printed, text in texts:
                         self.assertEqual(sorted(text.split()), sorted(printed.split()))
+
+    def test_behind_one_that_prints_they_are_declined_and_made_all_the_same(self):
+        lines = rf"({Output.STAMP} test\.print: WHICH \d+ *\n)*"
+        with serve(errors=lines.replace("WHICH", "err")) as host, contextlib.ExitStack() as stack:
+            host.expected_output = lines.replace("WHICH", "out")
+            clients = self.crowd(host, stack)
+            for _ in range(20):
+                # The front finds all requests at once.
+                host.process.send_signal(signal.SIGSTOP)
+                for number, one in enumerate(clients):
+                    one.request("POST", "/RPC2", call("test.print", f"{number}\n", 1 - number % 2), XML)
+                host.process.send_signal(signal.SIGCONT)
+                for number, one in enumerate(clients):
+                    answer = one.getresponse()
+                    self.assertEqual(xmlrpc.client.loads(answer.read())[0], (1 - number % 2,))
+                    path = answer.headers["Lmq-Output"]
+                    text = sorted(host.get(path)[1].decode().splitlines()) if path else []
+                    self.assertEqual(text, [] if number % 2 else [f"err {number}", f"out {number}"])
 
     def test_behind_a_slow_one_they_wait_in_the_front(self):
         with tempfile.TemporaryDirectory() as folder, serve() as host, contextlib.ExitStack() as stack:
@@ -357,6 +397,22 @@ class Memory(unittest.TestCase):
                 self.assertEqual(proxy.test.echo(number), [number])
             self.assertNotEqual(proxy.test.process(), before)
             self.assertIn(b"\nlmq_worker_recycled_total 1\n", host.get("/metrics")[1])
+
+    def test_what_is_allocated_is_told_to_whoever_looks_for_leaks(self):
+        with tempfile.NamedTemporaryFile() as gauge:
+            gauge.truncate(16)
+
+            def told():
+                return struct.unpack("=QQ", os.pread(gauge.fileno(), 16, 0))
+
+            with serve(LMQ_HEAP_GAUGE=gauge.name) as host:
+                sizes = []
+                test = host.proxy().test
+                for number, make_call in enumerate((lambda: test.echo(1), lambda: test.lose(8), lambda: test.echo(1)), 1):
+                    make_call()
+                    self.assertTrue(eventually(lambda: told()[0] == number))  # the answer may be here before
+                    sizes.append(told()[1])
+                self.assertTrue(all(size >= sizes[0] + (8 << 20) for size in sizes[1:]), sizes)
 
 
 class Watching(unittest.TestCase):
@@ -440,6 +496,12 @@ class Watching(unittest.TestCase):
                 host.fault(call("test.none"))
                 host.fault(b"<x/>")
                 host.get("/a%20b%0A")
+
+    def test_a_long_column_is_cut(self):
+        whole, longer = ("/" + "x" * length for length in (195, 196))  # behind GET: these are 200 and 201
+        with serve("--access-log", "-", errors=rf"\S+ \S+ - GET:{whole} 404 .*\n\S+ \S+ - GET:{whole}\.\.\. 404 .*\n") as host:
+            host.get(whole)
+            host.get(longer)
 
 
 if __name__ == "__main__":

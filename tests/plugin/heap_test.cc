@@ -121,7 +121,9 @@ Code code_of(const std::string &library) {
 std::vector<std::pair<std::string, Handler *>> registered;
 
 struct Plugin {
-    int cleared = clearenv();                               // the caller may have set what the simulated chip reads
+    // The caller may have set what the simulated chip reads.
+    int cleared =
+        unsetenv("LMQ_SIM_CLOCK") + unsetenv("LMQ_SIM_FAIL") + unsetenv("LMQ_SIM_TRAFFIC") + unsetenv("LMQ_SIM_PRESET");
     void *driver = dlopen(DRIVER, RTLD_NOW | RTLD_GLOBAL);  // first, as a host does
     void *library = dlopen(PLUGIN, RTLD_NOW | RTLD_LOCAL);
     void (*initialize)() = symbol<void()>("__x_mm_initialize");

@@ -69,7 +69,8 @@ class SimTest(unittest.TestCase):
     def ctl(self, url, *words):
         """Runs lmqctl. Returns its exit status and all that it says."""
         environment = {"PATH": os.environ["PATH"], "HOME": self.folder.name, "LANG": "C.UTF-8",
-                       "XDG_CACHE_HOME": CACHE.name}
+                       "XDG_CACHE_HOME": CACHE.name,
+                       **{name: value for name, value in os.environ.items() if name.startswith("MUTANT")}}
         done = subprocess.run([os.environ["LMQ_CTL"], "--url", url, *words], env=environment, text=True,
                               stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=200)
         return done.returncode, done.stdout

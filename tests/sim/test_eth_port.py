@@ -60,6 +60,8 @@ class Port(SimTest):
         self.ok("eth_port_phy_mdio_write", 0, 31, 4, 65537)
         self.assertEqual(self.ok("eth_port_phy_mdio_read", 0, 31, 4, 0), 1)
         self.assertEqual(self.ok("eth_port_phy_mdio_read", 0, 30, 4, [7, 7]), [0, 7])
+        self.ok("eth_port_phy_mdio_write", 0, 0, 31, 9)
+        self.assertEqual(self.ok("eth_port_phy_mdio_read", 0, 0, 31, 0), 9, "the last register")
         self.ok("lmq_enable_mdio", 0)
         self.assertEqual(self.ok("vx_mdio_read", 0, 31, 3, 2, [9, 9]), [0, 1], "the slaves of the MDIO bus are others")
         self.ok("vx_mdio_write", 0, 30, 4, 1, [77])

@@ -50,6 +50,8 @@ class Events(SimTest):
         self.assertEqual((self.count(LINK, ETH0), self.count(LINK, ETH0 + 1)), (1, 0))
         self.ok("lmq_dump_event_db", 0, LINK)
         self.assertIn("port 3 sub-port 0: count 1, active", self.printed())
+        self.ok("lmq_dump_event_db", 0, LOS)
+        self.assertIn("handler in user space, port 0xffff, user data 0\n", self.printed())
         self.ok("vx_event_count_clear", 0, LINK, ETH0, 0)
         self.assertEqual(self.count(LINK, ETH0), 0)
         self.occur()

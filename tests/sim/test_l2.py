@@ -165,6 +165,8 @@ class Settings(SimTest):
         for name, key, values, status, bad in self.MASKED:
             with self.subTest(name, key=key):
                 before = self.ok(f"{name}_get", *key, {})
+                flags = before["valid"]["mask_s"]
+                self.assertTrue(all(flags[member] for member in before if member in flags), "a get fills all members")
                 self.ok(f"{name}_set", *key, values)
                 self.assertEqual(self.ok(f"{name}_get", *key, {}), before, "set without flags")
                 self.ok(f"{name}_set", *key, dict(values, valid={"mask_s": dict.fromkeys(values, 1)}))

@@ -38,6 +38,10 @@ class Policer(SimTest):
         self.refused("DEV_BUSY", "vx_rate_group_policer_delete", 0, groups[1])
         info = self.echo("lmq_get_flow_policer_info", 0, {})[1]
         self.assertEqual((info["grp_pol_mem_bitmap"][1], info["flow_pol_mem_bitmap"][:2]), (2, [0, 2]))
+        self.ok(delete, 0, policers[1], groups[1])
+        self.ok(add, 0, policers[1], groups[0])
+        self.ok(delete, 0, policers[1], groups[0])
+        self.ok(add, 0, policers[1], groups[1])
 
         def status(flow):
             return tuple(self.echo("vx_rate_policer_status_get", 0, flow, {})[2].values())
