@@ -62,6 +62,14 @@ void FrameReader::next() {
     take(rest);
 }
 
+void FrameReader::skip_bells() {
+    while (state_ == State::complete && head_.kind == FrameKind::bell) next();
+}
+
+bool FrameReader::may_be_bell() const {
+    return received_ < sizeof bell && std::memcmp(piece_.data(), &bell, received_) == 0;
+}
+
 void FrameReader::reset() {
     received_ = 0;
     state_ = State::incomplete;

@@ -29,6 +29,9 @@ struct FrameHead {
     std::uint64_t has_printed = 0;
 };
 
+/// A bell is a head, and always the same.
+inline constexpr FrameHead bell{.kind = FrameKind::bell, .number = 0, .size = 0};
+
 /// Takes a frame from the pieces in which a socket delivers it.
 class FrameReader {
   public:
@@ -62,6 +65,12 @@ class FrameReader {
 
     /// Goes on to the next frame, of which some may have arrived with this one.
     void next();
+
+    /// Goes on to the first frame that is no bell.
+    void skip_bells();
+
+    /// Whether what has arrived may be the beginning of a bell.
+    bool may_be_bell() const;
 
     /// Forgets all that has arrived.
     void reset();

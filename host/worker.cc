@@ -131,7 +131,7 @@ void Worker::begin(std::string call, const std::string &method) {
     if (calls.put(head, handed_.back().call)) {
         if (!calls.wants_bell()) return;
         out_number_ = 0;
-        out_.begin({.kind = FrameKind::bell, .number = 0, .size = 0}, {});
+        out_.begin(bell, {});
     } else {
         out_number_ = number_;
         out_.begin(head, handed_.back().call);
@@ -194,11 +194,11 @@ bool Worker::is_there() const { return !handed_.empty() && spawner_.board().answ
 /// @return Whether to look at the frame. Closes the socket if the worker is at its end.
 bool Worker::read_socket() {
     const bool owes = phase_ == Phase::starting || !handed_.empty();
-    while (in_.state() == FrameReader::State::incomplete && (owes || !in_.has_begun())) {
+    while (in_.state() == FrameReader::State::incomplete && (owes || in_.may_be_bell())) {
         const ssize_t count = recv(socket_.get(), in_.space(), in_.room(), MSG_DONTWAIT);
         if (count > 0) {
             in_.take(static_cast<std::size_t>(count));
-            while (in_.state() == FrameReader::State::complete && in_.head().kind == FrameKind::bell) in_.next();
+            in_.skip_bells();
             continue;
         }
         if (count < 0 && errno == EINTR) continue;
@@ -220,11 +220,12 @@ bool Worker::read_socket() {
 /// The next frame, if it is there. Closes the socket if the worker is at its end, or sends what it does not owe.
 std::optional<Worker::Frame> Worker::receive(bool moved) {
     const bool speaks = !is_there() && moved && socket_.get() >= 0 && read_socket();
-    // The worker may have answered before its end.
-    if (!speaks && !is_there()) return std::nullopt;
+    // The worker may have answered before its end, and before it sent what has been read now.
     Frame frame;
-    if (!speaks) {
+    if (is_there()) {
         frame = take_from_board();
+    } else if (!speaks) {
+        return std::nullopt;
     } else if (misdeed_.empty() && in_.state() == FrameReader::State::complete) {
         frame = take_from_socket();
     }
@@ -255,6 +256,8 @@ Worker::Frame Worker::take_from_socket() {
         frame.is_lost = true;
     }
     in_.next();
+    // Behind an answer may come the bell for the next one, which is on the board.
+    in_.skip_bells();
     return frame;
 }
 
@@ -284,7 +287,7 @@ Backend::Outcome Worker::take_answer(const FrameHead &head, Outcome::Kind kind, 
     call_ = std::move(handed_.front().call);
     handed_.pop_front();
     if (in_hand() > 0) output_.begin(handed_.front().method);
-    if (handed_.empty() && in_.has_begun()) misdeed_ = unasked;
+    if (handed_.empty() && in_.has_begun() && !in_.may_be_bell()) misdeed_ = unasked;
     maybe_recycle();
     return outcome;
 }

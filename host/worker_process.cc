@@ -71,7 +71,7 @@ class Line {
         if (head.number == 0 || !answers.put(head, text)) {
             writer.begin(head, text);
         } else if (answers.wants_bell()) {
-            writer.begin({.kind = FrameKind::bell, .number = 0, .size = 0}, {});
+            writer.begin(bell, {});
         }
         return writer.send(socket_, 0);
     }

@@ -321,6 +321,18 @@ class Ahead(unittest.TestCase):
                     text = sorted(host.get(path)[1].decode().splitlines()) if path else []
                     self.assertEqual(text, [] if number % 2 else [f"err {number}", f"out {number}"])
 
+    def test_long_and_short_answers_take_turns(self):
+        """A long answer comes by the socket, a short one by the board, and what wakes the front for it by the socket too."""
+        def client(host, number):
+            with host.connect() as connection:
+                for at in range(1000):
+                    size = 20_000 if (number + at) % 2 else 10
+                    connection.request("POST", "/RPC2", call("test.text", size), XML)
+                    self.assertEqual(xmlrpc.client.loads(connection.getresponse().read())[0], ("x" * size,))
+
+        with serve() as host, concurrent.futures.ThreadPoolExecutor(8) as pool:
+            list(pool.map(lambda number: client(host, number), range(8)))
+
     def test_behind_a_slow_one_they_wait_in_the_front(self):
         with tempfile.TemporaryDirectory() as folder, serve() as host, contextlib.ExitStack() as stack:
             clients = self.crowd(host, stack)
