@@ -86,7 +86,7 @@ class Crash(unittest.TestCase):
         def is_gone(process):
             try:
                 return pathlib.Path(f"/proc/{process}/stat").read_text(encoding="ascii").split()[2] == "Z"
-            except FileNotFoundError:
+            except (FileNotFoundError, ProcessLookupError):
                 return True
 
         # In a call too, when it does not look whether the host is there.
